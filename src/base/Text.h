@@ -1,0 +1,34 @@
+#pragma once
+
+#include "base/Types.h"
+
+#include <array>
+#include <string>
+#include <string_view>
+
+namespace railwright {
+
+/// A single-byte code page: what each of the 256 bytes means, and its lower-case byte.
+struct CodePage {
+    /// The Unicode character of each byte. No two bytes share one, so that conversion and back gives the
+    /// same bytes.
+    std::array<char32_t, 256> Unicode;
+    /// The byte of the same letter in lower case; the byte itself where there is none.
+    std::array<unsigned char, 256> Lower;
+};
+
+/// Windows-1252, with the five bytes that it leaves unassigned standing for the control characters of the
+/// same number.
+const CodePage& Windows1252();
+
+/// @return `characters` in lower case, accented letters included.
+text LowerCase(text characters, const CodePage& codePage);
+
+/// @return `characters` as UTF-8.
+std::string ToUtf8(const text& characters, const CodePage& codePage);
+
+/// @return `utf8` in the code page. A character without a byte there, and every byte that is not well-formed
+/// UTF-8, becomes "?".
+text FromUtf8(std::string_view utf8, const CodePage& codePage);
+
+} // namespace railwright

@@ -1,0 +1,92 @@
+#include "element/mNoLimits_ElementIO_1_3.h"
+
+#include "base/FileName.h"
+#include "format/ChunkWriter.h"
+#include "format/DocumentFile.h"
+#include "format/SizeCounter.h"
+
+#include <limits>
+
+namespace railwright {
+
+ElementDocument Element;
+
+void ClearElementDocument() {
+    Element = {};
+}
+
+namespace {
+
+/// One record of the file: a node, and the control point by which the curve leaves the node before it.
+template <class Direction, class Node>
+void SpanValues(Direction& v, Node& before, Node& node) {
+    v.Vector(before.ControlOut);
+    v.Vector(node.ControlIn);
+    v.Vector(node.Position);
+    v.Single(node.Roll);
+    v.Flag8(node.FlagA);
+    v.Flag8(node.FlagB);
+    v.Zeros(8);
+}
+
+/// The layout of the file between its tag and the closing bytes, for every direction.
+template <class Direction, RecordOf<ElementDocument> Document>
+void Fields(Direction& d, Document& element) {
+    d.Group([&](auto& v) {
+        v.Long(element.ChunkSize);
+        v.Zeros(64);
+    });
+    d.Count("NodeCount", element.NodeCount);
+    d.MakeRoom(element.NodeCount, element.Nodes, [](auto& v) {
+        const ElementNode node;
+        SpanValues(v, node, node);
+    });
+    for (std::size_t i = 1; i <= static_cast<std::size_t>(element.NodeCount); ++i)
+        d.Group([&](auto& v) { SpanValues(v, element.Nodes[i - 1], element.Nodes[i]); });
+}
+
+/// What closes the file. It is written and never read.
+template <class Direction>
+void Closing(Direction& d) {
+    d.Group([](auto& v) {
+        v.Zeros(64);
+        v.Long(0);
+    });
+}
+
+void ReadELEM(ChunkReader& reader) {
+    Fields(reader, Element);
+}
+
+void WriteELEM(ChunkWriter& writer) {
+    writer.Tag("ELEM");
+    Fields(writer, Element);
+    Closing(writer);
+}
+
+std::int64_t SizeOfELEM() {
+    SizeCounter counter;
+    Fields(counter, Element);
+    Closing(counter);
+    return FileSize::Tag + counter.Bytes();
+}
+
+constexpr DocumentKind ElementKind = {ElementExtension, "ELEM", ClearElementDocument, ReadELEM};
+
+} // namespace
+
+FileResult LoadElementFile(const std::string& sFile) {
+    return LoadDocumentFile(sFile, ElementKind);
+}
+
+FileResult SaveElementFile(const std::string& sFile) {
+    const std::int64_t length = SizeOfELEM();
+    if (length > std::numeric_limits<FilePos>::max())
+        return FileResult::Failure("the element is too large, a file can hold 2 GiB");
+    FileBytes bytes(static_cast<std::size_t>(length));
+    ChunkWriter writer(bytes);
+    WriteELEM(writer);
+    return SaveDocumentFile(sFile, ElementKind, bytes);
+}
+
+} // namespace railwright

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "format/ChunkReader.h"
+#include "platform/WholeFile.h"
+
+#include <string>
+#include <string_view>
+
+namespace railwright {
+
+/// A kind of document file, and what its module does with one.
+struct DocumentKind {
+    /// With its dot and in lower case.
+    std::string_view Extension;
+    /// The tag that the file begins with, in upper case.
+    std::string_view Tag;
+    /// Makes the document in hand empty.
+    void (*Clear)();
+    /// Fills the document from a file; the reader stands behind the tag. Throws BrokenFile.
+    void (*Read)(ChunkReader& reader);
+};
+
+/// Loads a document. A name that is empty, has another extension or is no file's is refused before the
+/// document is touched; a file that cannot be read or is broken leaves it empty.
+FileResult LoadDocumentFile(const std::string& path, const DocumentKind& kind);
+
+/// Stores a file's bytes under a name, to which the kind's extension is added if it has not got it already.
+FileResult SaveDocumentFile(const std::string& path, const DocumentKind& kind, const FileBytes& bytes);
+
+} // namespace railwright

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "format/Values.h"
+
+#include <cstddef>
+#include <vector>
+
+namespace railwright {
+
+/// The direction that only adds up how many bytes the records take in a file.
+class SizeCounter {
+public:
+    /// The bytes gone through so far.
+    std::int64_t Bytes() const { return bytes; }
+
+    template <class Layout>
+    void Group(Layout&& values) {
+        bytes += SizeOfGroup(values);
+    }
+
+    void Count(const char*, std::int32_t) { bytes += FileSize::Long; }
+
+    template <class Item, class Layout>
+    void MakeRoom(std::int32_t, const std::vector<Item>&, Layout&&) const {} // only a reader has to
+
+    template <class Item>
+    void Items(std::int32_t count, const std::vector<Item>& items) {
+        for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i)
+            Fields(*this, items[i]);
+    }
+
+    template <class Item>
+    void FixedItems(std::int32_t count, const std::vector<Item>&) {
+        bytes += count * SizeOfItem<Item>();
+    }
+
+    template <class Owner, class Part>
+    void Nested(std::int32_t count, const std::vector<Owner>& owners, const std::vector<Part>&) {
+        for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i)
+            bytes += FileSize::Long + owners[i].Count() * SizeOfItem<Part>();
+    }
+
+    void Grid(std::int32_t, std::int32_t, const std::vector<float>& numbers) {
+        bytes += static_cast<std::int64_t>(numbers.size()) * FileSize::Single;
+    }
+
+    void String(const char*, const text& characters) {
+        bytes += FileSize::Long + static_cast<std::int64_t>(characters.size());
+    }
+    void StringIfAny(const char* name, const text& characters) { String(name, characters); }
+
+    template <class Layout>
+    void Block(Layout&& values) {
+        bytes += FileSize::Long + SizeOfGroup(values);
+    }
+
+    void PassOver(const char*, std::int32_t count) { bytes += count; }
+
+private:
+    template <class Item>
+    static std::int64_t SizeOfItem() {
+        return SizeOfGroup([](auto& direction) {
+            const Item item{};
+            Values(direction, item);
+        });
+    }
+
+    std::int64_t bytes = 0;
+};
+
+/// @return the size in bytes of a record's fields in a file.
+template <class Record>
+std::int64_t SizeOf(const Record& record) {
+    SizeCounter counter;
+    Fields(counter, record);
+    return counter.Bytes();
+}
+
+} // namespace railwright

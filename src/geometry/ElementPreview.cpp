@@ -1,0 +1,79 @@
+#include "element/ElementDocument.h"
+#include "geometry/Preview.h"
+#include "geometry/PreviewCanvas.h"
+#include "geometry/mNoLimits_TrackTools.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
+
+namespace railwright {
+namespace {
+
+using Preview::Area;
+using Preview::Centre;
+
+constexpr Rgb FirstNodeColour = {255, 255, 0};
+constexpr Rgb NodeColour = {255, 255, 255};
+constexpr int LargestSteppedExtent = 219; // beyond it the steps of the scale come to 0
+constexpr int LargestExtent = 1'000'000;  // enough for a scale of nothing, and far from the end of an int
+constexpr int CurvePen = 1;
+constexpr int NodePen = 3;
+
+/// @return the largest extent of the curve in whole metres, at least 1. The end of the curve does not count.
+int LargestExtentOfCurve() {
+    Bounds bounds;
+    for (std::size_t k = 0; k + 1 < ElementPolyline.size(); ++k)
+        bounds.Include(ElementPolyline[k]);
+    const Vector3 extent = bounds.Extent();
+    int largest = -999;
+    for (const float one : {extent.X, extent.Y, extent.Z})
+        if (one > static_cast<float>(largest))
+            largest = static_cast<int>(std::nearbyint(std::min(one, static_cast<float>(LargestExtent))));
+    return std::max(largest, 1);
+}
+
+/// @return pixels for each metre. It comes in steps of a half as long as these do not come to 0.
+float ScaleFor(int largestExtent) {
+    const double quotient = 110.0 / largestExtent;
+    return static_cast<float>((largestExtent <= LargestSteppedExtent ? std::nearbyint(quotient) : quotient) /
+                              2);
+}
+
+/// Draws a line of the grid for every ten metres, one through the centre, and the axes.
+void DrawGround(PictureBox& picture, float scale) {
+    const int step = static_cast<int>(std::nearbyint(static_cast<double>(scale) * 10));
+    if (step >= 1)
+        for (int p = Centre - Centre / step * step; p <= Area; p += step) {
+            Preview::Line(picture, 0, p, Area, p, Preview::GridColour);
+            Preview::Line(picture, p, 0, p, Area, Preview::GridColour);
+        }
+    Preview::Line(picture, Centre, 0, Centre, Area, Preview::AxisColour);
+    Preview::Line(picture, 0, Centre, Area, Centre, Preview::AxisColour);
+}
+
+} // namespace
+
+void DrawElementPreview(PictureBox& plan, PictureBox& side) {
+    const float scale = ScaleFor(LargestExtentOfCurve());
+    const auto S = static_cast<double>(scale);
+    const std::array<Preview::View, 2> views = {Preview::View{plan, {&Vector3::X, S, &Vector3::Z, S}},
+                                                Preview::View{side, {&Vector3::Z, -S, &Vector3::Y, -S}}};
+    for (const Preview::View& view : views)
+        view.Picture.Cls();
+    for (const Preview::View& view : views)
+        view.Picture.DrawWidth(CurvePen);
+    for (const Preview::View& view : views)
+        DrawGround(view.Picture, scale);
+    for (std::size_t k = 0; k + 1 < ElementPolyline.size(); ++k)
+        for (const Preview::View& view : views)
+            view.Chord(ElementPolyline[k], ElementPolyline[k + 1], Preview::CurveColour);
+    for (const Preview::View& view : views)
+        view.Picture.DrawWidth(NodePen);
+    for (std::size_t i = 0; i <= static_cast<std::size_t>(Element.NodeCount); ++i)
+        for (const Preview::View& view : views)
+            view.Point(Element.Nodes[i].Position, i == 0 ? FirstNodeColour : NodeColour);
+}
+
+} // namespace railwright

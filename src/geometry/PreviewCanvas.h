@@ -1,0 +1,59 @@
+#pragma once
+
+#include "base/Types.h"
+#include "geometry/mNoLimits_TrackTools.h"
+#include "platform/PictureBox.h"
+
+namespace railwright {
+
+/// What the two previews have in common: the drawing area of 220 pixels with the world's origin in its
+/// centre.
+namespace Preview {
+
+inline constexpr int Area = 220;
+inline constexpr int Centre = 110;
+inline constexpr Rgb AxisColour = {64, 64, 64};
+inline constexpr Rgb GridColour = {32, 32, 32};
+inline constexpr Rgb CurveColour = {0, 128, 255};
+
+inline void Line(PictureBox& picture, int x1, int y1, int x2, int y2, Rgb colour) {
+    picture.Line(static_cast<float>(x1), static_cast<float>(y1), static_cast<float>(x2),
+                 static_cast<float>(y2), colour);
+}
+
+/// How a world point falls on a picture. The coordinates are worked in double precision and rounded once.
+struct Mapping {
+    /// Which coordinate runs along each direction of the picture, and pixels for each metre.
+    float Vector3::*Across;
+    double AcrossScale;
+    float Vector3::*Down;
+    double DownScale;
+
+    float X(const Vector3& point) const { return Pixel(point.*Across, AcrossScale); }
+    float Y(const Vector3& point) const { return Pixel(point.*Down, DownScale); }
+
+private:
+    static float Pixel(float metres, double scale) {
+        return static_cast<float>(Centre + scale * static_cast<double>(metres));
+    }
+};
+
+/// One of the two views: where it is drawn, and how.
+struct View {
+    PictureBox& Picture;
+    Mapping Map;
+
+    /// Draws a chord of the curve, unless an end of it is not finite.
+    void Chord(const Vector3& from, const Vector3& to, Rgb colour) const {
+        if (IsFinite(from) && IsFinite(to))
+            Picture.Line(Map.X(from), Map.Y(from), Map.X(to), Map.Y(to), colour);
+    }
+
+    void Point(const Vector3& point, Rgb colour) const {
+        if (IsFinite(point))
+            Picture.PSet(Map.X(point), Map.Y(point), colour);
+    }
+};
+
+} // namespace Preview
+} // namespace railwright

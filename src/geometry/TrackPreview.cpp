@@ -1,0 +1,66 @@
+#include "geometry/Preview.h"
+#include "geometry/PreviewCanvas.h"
+#include "geometry/mNoLimits_TrackTools.h"
+#include "track/TrackDocument.h"
+
+#include <array>
+#include <cstddef>
+
+namespace railwright {
+namespace {
+
+using Preview::Area;
+using Preview::Centre;
+
+constexpr int GridStep = 5;
+constexpr int TopOfSide = 35; // 150 metres above the ground
+constexpr std::int32_t SamplesPerChord = 4;
+constexpr double PixelsPerMetre = 0.5;
+
+/// By SegmentType: the five kinds, then the greys of axes and grid.
+constexpr std::array<Rgb, 7> SegmentColours = {Preview::CurveColour, Rgb{255, 128, 0}, Rgb{0, 255, 0},
+                                               Rgb{255, 255, 0},     Rgb{255, 0, 0},   Preview::AxisColour,
+                                               Preview::GridColour};
+
+Rgb ColourOf(std::int32_t segmentType) {
+    const auto index = static_cast<std::size_t>(segmentType);
+    return SegmentColours[index < SegmentColours.size() ? index : 0];
+}
+
+void DrawPlanGround(PictureBox& plan) {
+    for (int i = 0; i <= Area; i += GridStep) {
+        Preview::Line(plan, 0, i, Area, i, Preview::GridColour);
+        Preview::Line(plan, i, 0, i, Area, Preview::GridColour);
+    }
+    Preview::Line(plan, Centre, 0, Centre, Area, Preview::AxisColour);
+    Preview::Line(plan, 0, Centre, Area, Centre, Preview::AxisColour);
+}
+
+void DrawSideGround(PictureBox& side) {
+    for (int i = TopOfSide; i <= Centre; i += GridStep)
+        Preview::Line(side, 0, i, Area, i, Preview::GridColour);
+    for (int i = 0; i <= Area; i += GridStep)
+        Preview::Line(side, i, TopOfSide, i, Centre, Preview::GridColour);
+    Preview::Line(side, Centre, TopOfSide, Centre, Centre, Preview::AxisColour);
+    Preview::Line(side, 0, Centre, Area, Centre, Preview::AxisColour);
+}
+
+} // namespace
+
+void DrawTrackPreview(PictureBox& plan, PictureBox& side) {
+    plan.Cls();
+    side.Cls();
+    DrawPlanGround(plan);
+    DrawSideGround(side);
+    const std::array<Preview::View, 2> views = {
+        Preview::View{plan, {&Vector3::X, PixelsPerMetre, &Vector3::Z, PixelsPerMetre}},
+        Preview::View{side, {&Vector3::X, PixelsPerMetre, &Vector3::Y, -PixelsPerMetre}}};
+    for (std::int32_t k = 0; k <= TrackPolylineLast - SamplesPerChord; k += SamplesPerChord) {
+        const auto from = static_cast<std::size_t>(k);
+        const Rgb colour = ColourOf(Track.SegmentList.TypeAtNode(TrackPolylineNode[from]));
+        for (const Preview::View& view : views)
+            view.Chord(TrackPolyline[from], TrackPolyline[from + SamplesPerChord], colour);
+    }
+}
+
+} // namespace railwright

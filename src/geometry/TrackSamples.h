@@ -1,0 +1,32 @@
+#pragma once
+
+#include "geometry/BezierSpan.h"
+#include "track/TrackDocument.h"
+
+#include <cstdint>
+
+namespace railwright {
+
+/// @return the number of spans of Track: one for each node on a closed circuit, one fewer on an open track.
+inline std::int32_t TrackSpanCount() {
+    const std::int32_t nodes = Track.BezierCurve.NodeCount;
+    return Track.SegmentList.ClosedCircuit || nodes < 1 ? nodes : nodes - 1;
+}
+
+/// Calls `visit` with each sample of the centre line in track order: the index of the node at which its span
+/// starts, and the point. A span has 101 samples at a spacing of 0.01 in T, the last one just short of 1.
+template <class Visit>
+void ForEachTrackSample(Visit&& visit) {
+    static const std::vector<BezierWeights> steps = BezierSteps(0.01F, 1.0F);
+    const auto& nodes = Track.BezierCurve.Nodes;
+    const std::int32_t spans = TrackSpanCount();
+    for (std::int32_t i = 0; i < spans; ++i) {
+        const BezierNode& start = nodes[static_cast<std::size_t>(i)];
+        const std::int32_t next = i + 1 < Track.BezierCurve.NodeCount ? i + 1 : 0;
+        const BezierNode& end = nodes[static_cast<std::size_t>(next)];
+        for (const BezierWeights& weights : steps)
+            visit(i, BezierPoint(start.Position, start.ControlOut, end.Position, end.ControlIn, weights));
+    }
+}
+
+} // namespace railwright

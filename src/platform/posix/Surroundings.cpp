@@ -1,0 +1,58 @@
+#include "platform/CodePage.h"
+#include "platform/CommandLine.h"
+#include "platform/Paths.h"
+#include "platform/UserLocale.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include <langinfo.h>
+#include <locale.h>
+
+namespace railwright {
+namespace {
+
+/// A separator as UTF-8. Of the blanks that locales use, only the plain no-break space is in every code page
+/// and font.
+std::string Separator(nl_item item, locale_t locale) {
+    const std::string own = nl_langinfo_l(item, locale);
+    const bool isUtf8 = std::string_view(nl_langinfo_l(CODESET, locale)) == "UTF-8";
+    const std::string utf8 = isUtf8 ? own : ToUtf8(own, Windows1252());
+    return utf8 == "\u202F" || utf8 == "\u2009" ? "\u00A0" : utf8;
+}
+
+std::string Replaced(std::string_view path, char from, char to) {
+    std::string replaced(path);
+    std::replace(replaced.begin(), replaced.end(), from, to);
+    return replaced;
+}
+
+} // namespace
+
+const CodePage& SystemCodePage() {
+    return Windows1252();
+}
+
+NumberSeparators UserNumberSeparators() {
+    const locale_t locale = newlocale(LC_NUMERIC_MASK | LC_CTYPE_MASK, "", locale_t{});
+    if (locale == locale_t{})
+        return {};
+    const NumberSeparators user = {Separator(THOUSEP, locale), Separator(RADIXCHAR, locale)};
+    freelocale(locale);
+    // The C locale has a point and no separator of thousands.
+    return user.Group.empty() && user.Decimal == "." ? NumberSeparators{} : user;
+}
+
+std::string PathFromOutside(std::string_view path) {
+    return Replaced(path, '/', '\\');
+}
+
+std::string PathForOutside(std::string_view path) {
+    return Replaced(path, '\\', '/');
+}
+
+std::vector<std::string> StartCommandLine(int count, char** arguments) {
+    return {arguments + std::min(1, count), arguments + count};
+}
+
+} // namespace railwright

@@ -1,0 +1,11 @@
+#include "track/TrackDocument.h"
+
+namespace railwright {
+
+TrackDocument Track;
+
+void ClearTrackDocument() {
+    Track = {};
+}
+
+} // namespace railwright

@@ -1,0 +1,323 @@
+#pragma once
+
+#include "base/Types.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace railwright {
+
+/// The records of a track, one for each chunk of its file.
+///
+/// A list is a vector beside a count of its own, which is at least 0. A vector that was read is one zeroed
+/// element longer than its count and never shorter than it; only the elements that the count covers are
+/// stored. A tool that empties a list sets its count to 0 and leaves the elements. Fields named Value, Text
+/// or Flag with a number are kept for the simulator and mean nothing to this program.
+
+/// What every chunk has. Only the writer looks at these fields, and it computes them anew.
+struct ChunkRecord {
+    /// Bytes of the chunk behind its size field, sub-chunks included.
+    std::int32_t ChunkSize = 0;
+    /// Number of chunks nested directly in this one.
+    std::int32_t SubChunks = 0;
+};
+
+/// Chunk NLIM.
+struct FileHeaderRecord : ChunkRecord {
+    /// As read; a file is always written as version 1, 3, 0, 0.
+    std::array<std::uint8_t, 4> Version{};
+};
+
+struct TrainRecord {
+    railwright::Flag Flag = false;
+    std::array<ColorValue, 4> Color{};
+    text Name;
+};
+
+/// Chunk TRCK.
+struct TrackHeaderRecord : ChunkRecord {
+    /// Kind of coaster; TrackTypeName names it.
+    std::int32_t TrackType = 0;
+    std::vector<TrainRecord> Trains;
+    /// Count of Trains.
+    std::int32_t NumTrains = 0;
+    std::int32_t CarsPerTrain = 0;
+    std::array<ColorValue, 8> TrackColor{};
+};
+
+/// Chunk INFO.
+struct TrackInfoRecord : ChunkRecord {
+    text AuthorComments;
+};
+
+struct BezierNode {
+    /// The point that the curve passes through.
+    Vector3 Position;
+    /// Control point on the side of the previous node.
+    Vector3 ControlIn;
+    /// Control point on the side of the next node.
+    Vector3 ControlOut;
+    float Roll = 0;
+    Flag FlagA = false;
+    Flag FlagB = false;
+    Flag FlagC = false;
+};
+
+/// Chunk BEZR: the centre line, a chain of cubic Bezier spans from each node to the next.
+struct BezierCurveRecord : ChunkRecord {
+    std::int32_t NodeCount = 0;
+    /// In track order.
+    std::vector<BezierNode> Nodes;
+};
+
+/// Values of TrackSegment::SegmentType. Any other value has no parameters.
+namespace SegmentKind {
+inline constexpr std::int32_t Normal = 0;
+inline constexpr std::int32_t Station = 1;
+inline constexpr std::int32_t Lift = 2;
+inline constexpr std::int32_t Transport = 3;
+inline constexpr std::int32_t Brake = 4;
+} // namespace SegmentKind
+
+/// The span that starts at the node of the same index. The parameters of all kinds lie side by side; only
+/// those of the segment's own kind are read and stored, the others are zero.
+struct TrackSegment {
+    std::int32_t SegmentType = SegmentKind::Normal;
+    std::array<ColorValue, 3> Color{};
+    Flag CustomColors = false;
+    Flag Tunnel = false;
+
+    Flag StationFlag1 = false;
+    Flag StationFlag2 = false;
+    Flag StationFlag3 = false;
+    std::uint8_t StationByte0 = 0;
+    std::uint8_t StationByte1 = 0;
+    std::uint8_t StationByte2 = 0;
+    float StationValue0 = 0;
+    float StationValue1 = 0;
+    float StationValue2 = 0;
+    float StationValue3 = 0;
+    float StationValue4 = 0;
+    float StationValue5 = 0;
+    float StationValue6 = 0;
+    float StationValue7 = 0;
+    float StationValue8 = 0;
+    float StationValue9 = 0;
+    float StationValue10 = 0;
+
+    float LiftValue0 = 0;
+    float LiftValue1 = 0;
+    float LiftValue2 = 0;
+    std::uint8_t LiftByte = 0;
+    Flag LiftFlag1 = false;
+    Flag LiftFlag2 = false;
+
+    std::uint8_t TransportByte = 0;
+    Flag TransportFlag1 = false;
+    Flag TransportFlag2 = false;
+    float TransportValue0 = 0;
+    float TransportValue1 = 0;
+    float TransportValue2 = 0;
+
+    float BrakeValue0 = 0;
+    float BrakeValue1 = 0;
+    float BrakeValue2 = 0;
+    float BrakeValue3 = 0;
+    float BrakeValue4 = 0;
+    float BrakeValue5 = 0;
+    float BrakeValue6 = 0;
+    Flag BrakeFlag1 = false;
+    Flag BrakeFlag2 = false;
+    Flag BrakeFlag3 = false;
+    Flag BrakeFlag4 = false;
+    Flag BrakeFlag5 = false;
+};
+
+/// Chunk SEGM.
+struct SegmentListRecord : ChunkRecord {
+    /// The track is a complete circuit: its last node's span leads to node 0.
+    Flag ClosedCircuit = false;
+    std::int32_t SegmentCount = 0;
+    /// Normally one for each span, but a file may hold more or fewer than the curve has nodes.
+    std::vector<TrackSegment> Segments;
+
+    /// @return the kind of the segment at a node; Normal where the list has none.
+    std::int32_t TypeAtNode(std::int32_t node) const {
+        const auto place = static_cast<std::size_t>(node);
+        return place < Segments.size() ? Segments[place].SegmentType : SegmentKind::Normal;
+    }
+};
+
+/// Chunk SUPP, which only groups the five chunks of the supports.
+struct SupportHeaderRecord : ChunkRecord {};
+
+struct FundamentalNode {
+    Vector3 Position;
+    Flag Flag1 = false;
+    float Value1 = 0;
+    Flag Flag2 = false;
+    float Value2 = 0;
+};
+
+/// Chunk FUND: the footers of the supports.
+struct FundamentalNodesRecord : ChunkRecord {
+    std::int32_t Count = 0;
+    std::vector<FundamentalNode> Items;
+};
+
+struct PreFabSupport {
+    std::int32_t SupportType = 0;
+    float Value = 0;
+};
+
+/// The pre-fabricated supports of one track node.
+struct PreFabNode {
+    std::int32_t SupportCount = 0;
+    /// Place of the node's first support in PreFabSupportsRecord::Supports.
+    std::size_t First = 0;
+
+    static constexpr const char* CountName = "SupportCount";
+    std::int32_t& Count() { return SupportCount; }
+    std::int32_t Count() const { return SupportCount; }
+};
+
+/// Chunk RASC.
+struct PreFabSupportsRecord : ChunkRecord {
+    std::int32_t NodeCount = 0;
+    /// As read, one for each track node.
+    std::vector<PreFabNode> Nodes;
+    /// The supports of all nodes, those of one node side by side.
+    std::vector<PreFabSupport> Supports;
+
+    /// @return the supports that a node of Nodes has.
+    std::span<const PreFabSupport> SupportsOf(const PreFabNode& node) const {
+        return std::span(Supports).subspan(node.First, static_cast<std::size_t>(node.SupportCount));
+    }
+};
+
+struct FreeNode {
+    Vector3 Position;
+};
+
+/// Chunk FREN.
+struct FreeNodesRecord : ChunkRecord {
+    std::int32_t Count = 0;
+    std::vector<FreeNode> Items;
+};
+
+struct SupportBeam {
+    std::array<std::int32_t, 3> EndA{};
+    std::array<std::int32_t, 3> EndB{};
+    std::int32_t BeamType = 0;
+    std::int32_t Value1 = 0;
+    float Value2 = 0;
+};
+
+/// Chunk TUBE.
+struct SupportBeamsRecord : ChunkRecord {
+    std::int32_t Count = 0;
+    std::vector<SupportBeam> Items;
+};
+
+struct WoodCatwalk {
+    std::array<std::int32_t, 6> Value{};
+    /// Bytes that follow the record in the file. Their content is not kept; they are written as zeros.
+    std::int32_t ExtraBytes = 0;
+};
+
+/// Chunk CATW.
+struct WoodCatwalksRecord : ChunkRecord {
+    std::int32_t Count = 0;
+    std::vector<WoodCatwalk> Items;
+};
+
+struct Tree {
+    Vector3 Position;
+    float Value = 0;
+    std::int32_t TreeType = 0;
+};
+
+/// Chunk SCEN.
+struct SceneryRecord : ChunkRecord {
+    std::int32_t TreeCount = 0;
+    std::vector<Tree> Trees;
+};
+
+struct SceneryObject {
+    /// File name of the object's 3DS model.
+    text FileName;
+    text Text2;
+    Vector3 VectorA;
+    Vector3 VectorB;
+    Vector3 VectorC;
+    Vector3 VectorD;
+    Vector3 VectorE;
+};
+
+/// Chunk SCOB.
+struct SceneryObjectsRecord : ChunkRecord {
+    std::int32_t Count = 0;
+    std::vector<SceneryObject> Items;
+};
+
+/// Chunk TERA.
+struct TerrainRecord : ChunkRecord {
+    /// The document has terrain: set by reading the chunk, and the chunk is stored only if it is set.
+    Flag HasTerrain = false;
+    std::int32_t GridSizeX = 0;
+    std::int32_t GridSizeZ = 0;
+    float Value1 = 0;
+    float Value2 = 0;
+    text Text1;
+    float Value3 = 0;
+    text Text2;
+    float Value4 = 0;
+    text Text3;
+    float Value5 = 0;
+    std::uint8_t Byte1 = 0;
+    Flag Flag1 = false;
+    /// Heights in metres in the order of the file: GridSizeX of them for the first z, then for the next.
+    std::vector<float> Heights;
+
+    /// @param x 0 to GridSizeX - 1. @param z 0 to GridSizeZ - 1.
+    float HeightAt(std::int32_t x, std::int32_t z) const {
+        return Heights[static_cast<std::size_t>(z) * static_cast<std::size_t>(GridSizeX) +
+                       static_cast<std::size_t>(x)];
+    }
+};
+
+/// Chunk ENVC.
+struct EnvironmentRecord : ChunkRecord {
+    text PreferredEnvironment;
+    text Text2;
+};
+
+/// A track as it is held in memory. As it is made, it is empty.
+struct TrackDocument {
+    FileHeaderRecord FileHeader;
+    TrackHeaderRecord TrackHeader;
+    TrackInfoRecord TrackInfo;
+    BezierCurveRecord BezierCurve;
+    SegmentListRecord SegmentList;
+    SupportHeaderRecord SupportHeader;
+    FundamentalNodesRecord FundamentalNodes;
+    PreFabSupportsRecord PreFabSupports;
+    FreeNodesRecord FreeNodes;
+    SupportBeamsRecord SupportBeams;
+    WoodCatwalksRecord WoodCatwalks;
+    SceneryRecord Scenery;
+    SceneryObjectsRecord SceneryObjects;
+    TerrainRecord Terrain;
+    EnvironmentRecord Environment;
+};
+
+/// The track in hand. There is one in the process; every tool reads and changes it directly.
+extern TrackDocument Track;
+
+/// Makes Track empty.
+void ClearTrackDocument();
+
+} // namespace railwright

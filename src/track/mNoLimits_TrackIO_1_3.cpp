@@ -1,0 +1,126 @@
+#include "track/mNoLimits_TrackIO_1_3.h"
+
+#include "base/FileName.h"
+#include "format/ChunkWriter.h"
+#include "format/DocumentFile.h"
+#include "track/TrackLayout.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <string_view>
+
+namespace railwright {
+namespace {
+
+constexpr int ChunkKinds = 15;
+constexpr int DeepestChunk = 3;
+constexpr std::int64_t FrameSize = FileSize::Tag + FileSize::Long;
+constexpr std::int64_t LongestFile = std::numeric_limits<FilePos>::max();
+
+template <class Record>
+void ReadChunk(ChunkReader& reader, Record& record) {
+    reader.Group([&](auto& values) { values.Long(record.ChunkSize); });
+    Fields(reader, record);
+    reader.Count("SubChunks", record.SubChunks);
+}
+
+/// Passes over a chunk that this program does not know, its sub-chunks with it. Some writers leave the four
+/// bytes of its last field out of its size: then the next tag stands that much further.
+void SkipChunk(ChunkReader& reader) {
+    const std::int64_t sizeAt = reader.Position();
+    std::int32_t size = 0;
+    reader.Group([&](auto& values) { values.Long(size); });
+    const std::int64_t next = static_cast<std::int64_t>(reader.Position()) + size;
+    if (size < 0 || next > reader.FileLength())
+        throw BrokenFile{"an unknown chunk of " + std::to_string(size) + " bytes leads out of the file",
+                         sizeAt};
+    const bool isShort = !reader.LettersStandAt(next) && reader.LettersStandAt(next + FileSize::Long);
+    reader.MoveTo(static_cast<FilePos>(isShort ? next + FileSize::Long : next));
+}
+
+/// Reads the chunks behind the root's own fields, wherever in the tree they stand.
+void ReadChunks(ChunkReader& reader) {
+    ReadChunk(reader, Track.FileHeader);
+    std::int64_t pending = Track.FileHeader.SubChunks;
+    for (; pending >= 1; --pending) {
+        const std::string_view tag = reader.Tag();
+        bool known = false;
+        ForEachChunk(Track, [&](int depth, const char* name, auto& record) {
+            if (known || depth == 0 || tag != name)
+                return;
+            known = true;
+            ReadChunk(reader, record);
+            pending += record.SubChunks;
+            if constexpr (requires { record.HasTerrain; })
+                record.HasTerrain = true;
+        });
+        if (!known)
+            SkipChunk(reader);
+    }
+}
+
+constexpr DocumentKind TrackKind = {TrackExtension, "NLIM", ClearTrackDocument, ReadChunks};
+
+/// Goes through the chunks that the file of Track holds.
+template <class Visit>
+void ForEachStoredChunk(Visit&& visit) {
+    ForEachChunk(Track, [&](int depth, const char* tag, auto& record) {
+        if constexpr (requires { record.HasTerrain; }) {
+            if (!record.HasTerrain)
+                return;
+        }
+        visit(depth, tag, record);
+    });
+}
+
+} // namespace
+
+FileResult LoadTrackFile(const std::string& sFile) {
+    return LoadDocumentFile(sFile, TrackKind);
+}
+
+std::int64_t ComputeChunkSizes() {
+    struct Chunk {
+        ChunkRecord* Record;
+        std::int64_t Size;
+        std::int32_t SubChunks;
+    };
+    std::array<Chunk, ChunkKinds> chunks{};
+    std::array<Chunk*, DeepestChunk + 1> open{}; // the chunk in hand at each depth
+    std::size_t used = 0;
+    ForEachStoredChunk([&](int depth, const char*, auto& record) {
+        Chunk& chunk = chunks[used++];
+        chunk = {&record, SizeOf(record) + FileSize::Long, 0};
+        const auto level = static_cast<std::size_t>(depth);
+        open[level] = &chunk;
+        for (std::size_t above = 0; above < level; ++above)
+            open[above]->Size += FrameSize + chunk.Size;
+        if (level > 0)
+            ++open[level - 1]->SubChunks;
+    });
+    const std::int64_t length = FrameSize + chunks[0].Size;
+    if (length <= LongestFile)
+        for (const Chunk& chunk : std::span(chunks).first(used)) {
+            chunk.Record->ChunkSize = static_cast<std::int32_t>(chunk.Size);
+            chunk.Record->SubChunks = chunk.SubChunks;
+        }
+    return length;
+}
+
+FileResult SaveTrackFile(const std::string& sFile) {
+    const std::int64_t length = ComputeChunkSizes();
+    if (length > LongestFile)
+        return FileResult::Failure("the track is too large, a file can hold 2 GiB");
+    FileBytes bytes(static_cast<std::size_t>(length));
+    ChunkWriter writer(bytes);
+    ForEachStoredChunk([&](int, const char* tag, const auto& record) {
+        writer.Tag(tag);
+        writer.Group([&](auto& values) { values.Long(record.ChunkSize); });
+        Fields(writer, record);
+        writer.Count("SubChunks", record.SubChunks);
+    });
+    return SaveDocumentFile(sFile, TrackKind, bytes);
+}
+
+} // namespace railwright
