@@ -1,20 +1,264 @@
 #include "cli/Steps.h"
 
+#include "base/Types.h"
+#include "element/ElementDocument.h"
+#include "platform/CodePage.h"
+#include "tools/mNLE_Reverse.h"
+#include "tools/mNLE_Rotate.h"
+#include "tools/mNLT_3DSRenamer.h"
+#include "tools/mNLT_Backwards.h"
+#include "tools/mNLT_Mirror.h"
+#include "tools/mNLT_Move.h"
+#include "tools/mNLT_Remove.h"
+#include "tools/mNLT_Rotate.h"
+#include "tools/mNLT_Scale.h"
+#include "tools/mNLT_ShuttleMake.h"
+#include "tools/mNLT_Smoother.h"
+#include "tools/mNLT_TunnelTest.h"
+#include "track/TrackDocument.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <functional>
+#include <string_view>
+#include <vector>
+
 namespace railwright {
 namespace {
 
-StepResult Apply(std::span<const std::string> steps) {
-    return steps.empty() ? StepResult{} : StepResult{false, "there is no step '" + steps.front() + "'"};
+/// Thrown when a step does not fit.
+struct BadStep {
+    std::string Reason;
+};
+
+/// A step that has been looked at and can be run. It throws BadStep if the document it then finds does not
+/// suit it.
+using Action = std::function<void()>;
+
+constexpr std::string_view TrackOnly = "track-only";
+
+std::string Quoted(std::string_view word) {
+    return "'" + std::string(word) + "'";
+}
+
+std::vector<std::string_view> SplitAtCommas(std::string_view value) {
+    std::vector<std::string_view> pieces;
+    for (std::size_t comma = value.find(','); comma != std::string_view::npos; comma = value.find(',')) {
+        pieces.push_back(value.substr(0, comma));
+        value.remove_prefix(comma + 1);
+    }
+    pieces.push_back(value);
+    return pieces;
+}
+
+/// Takes a closing ",track-only" off a list of pieces. @return whether the free and fundamental nodes go
+/// along.
+bool TakeSupports(std::vector<std::string_view>& pieces) {
+    const bool trackOnly = pieces.size() > 1 && pieces.back() == TrackOnly;
+    if (trackOnly)
+        pieces.pop_back();
+    return !trackOnly;
+}
+
+float NumberFrom(std::string_view word) {
+    const std::string_view digits = word.starts_with('+') ? word.substr(1) : word;
+    double number = 0;
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    if (error == std::errc::invalid_argument || end != digits.data() + digits.size())
+        throw BadStep{Quoted(word) + " is not a number"};
+    const auto stored = static_cast<float>(number);
+    if (error == std::errc::result_out_of_range || !std::isfinite(stored))
+        throw BadStep{Quoted(word) + " is not a finite number"};
+    return stored;
+}
+
+template <std::size_t Count>
+std::array<float, Count> NumbersFrom(const std::vector<std::string_view>& pieces) {
+    if (pieces.size() != Count)
+        throw BadStep{Count == 1 ? "one number is needed" : std::to_string(Count) + " numbers are needed"};
+    std::array<float, Count> numbers{};
+    for (std::size_t i = 0; i < Count; ++i)
+        numbers[i] = NumberFrom(pieces[i]);
+    return numbers;
+}
+
+/// One word of a fixed choice, and what it stands for.
+template <class Meaning>
+struct Choice {
+    std::string_view Word;
+    Meaning Means;
+};
+
+template <class Choices>
+auto ChosenFrom(const Choices& choices, std::string_view word) {
+    std::string known;
+    for (const auto& choice : choices) {
+        if (choice.Word == word)
+            return choice.Means;
+        known += (known.empty() ? "" : ", ") + std::string(choice.Word);
+    }
+    throw BadStep{Quoted(word) + " is none of " + known};
+}
+
+constexpr std::array Classes = {
+    Choice{"track", &TrackDataClasses::Track},
+    Choice{"tunnels", &TrackDataClasses::Tunnels},
+    Choice{"custom-colors", &TrackDataClasses::CustomColors},
+    Choice{"free-nodes", &TrackDataClasses::FreeNodes},
+    Choice{"fundamental-nodes", &TrackDataClasses::FundamentalNodes},
+    Choice{"prefab-supports", &TrackDataClasses::PreFabSupports},
+    Choice{"support-beams", &TrackDataClasses::SupportBeams},
+    Choice{"catwalks", &TrackDataClasses::WoodCatwalks},
+    Choice{"terrain", &TrackDataClasses::Terrain},
+    Choice{"trees", &TrackDataClasses::Trees},
+    Choice{"objects", &TrackDataClasses::SceneryObjects},
+    Choice{"comments", &TrackDataClasses::AuthorComments},
+    Choice{"environment", &TrackDataClasses::PreferredEnvironment},
+};
+constexpr std::array MirrorModes = {Choice{"north-south", MirrorMode::NorthSouth},
+                                    Choice{"east-west", MirrorMode::EastWest}};
+constexpr std::array TunnelModes = {Choice{"toggle", TunnelMode::Toggle}, Choice{"all", TunnelMode::All},
+                                    Choice{"none", TunnelMode::None}};
+
+Action Remove(std::string_view value) {
+    TrackDataClasses classes;
+    for (const std::string_view word : SplitAtCommas(value))
+        classes.*ChosenFrom(Classes, word) = true;
+    return [classes] { RemoveTrackData(classes); };
+}
+
+Action Move(std::string_view value) {
+    auto pieces = SplitAtCommas(value);
+    const bool supports = TakeSupports(pieces);
+    const auto [x, y, z] = NumbersFrom<3>(pieces);
+    return [offset = Vector3{x, y, z}, supports] { MoveTrack(offset, supports); };
+}
+
+template <void (*Tool)(float, bool)>
+Action WithNumber(std::string_view value) {
+    auto pieces = SplitAtCommas(value);
+    const bool supports = TakeSupports(pieces);
+    return [number = NumbersFrom<1>(pieces)[0], supports] { Tool(number, supports); };
+}
+
+Action Mirror(std::string_view value) {
+    auto pieces = SplitAtCommas(value);
+    const bool supports = TakeSupports(pieces);
+    const std::string_view word = pieces.size() == 1 ? pieces.front() : value;
+    return [mode = ChosenFrom(MirrorModes, word), supports] { MirrorTrack(mode, supports); };
+}
+
+Action Tunnels(std::string_view value) {
+    return [mode = ChosenFrom(TunnelModes, value)] { SetTunnels(mode); };
+}
+
+Action Shuttle(std::string_view) {
+    return [] {
+        if (Track.SegmentList.ClosedCircuit)
+            throw BadStep{"the track is a closed circuit already"};
+        MakeShuttle();
+    };
+}
+
+template <void (*Tool)()>
+Action Plain(std::string_view) {
+    return Tool;
+}
+
+Action Rename(std::string_view value) {
+    constexpr std::string_view thisOnly = ",this-only";
+    const bool allOfSameName = !value.ends_with(thisOnly);
+    if (!allOfSameName)
+        value.remove_suffix(thisOnly.size());
+    const std::size_t comma = value.find(',');
+    if (comma == std::string_view::npos)
+        throw BadStep{"an index and a name are needed"};
+    std::int32_t index = 0;
+    const auto [end, error] = std::from_chars(value.data(), value.data() + comma, index);
+    if (error != std::errc{} || end != value.data() + comma)
+        throw BadStep{Quoted(value.substr(0, comma)) + " is not the number of an object"};
+    const text name = FromUtf8(value.substr(comma + 1), SystemCodePage());
+    if (name.size() < ShortestObjectName)
+        throw BadStep{"a name has at least " + std::to_string(ShortestObjectName) + " characters"};
+    return [index, name, allOfSameName] {
+        if (index < 1 || index > Track.SceneryObjects.Count)
+            throw BadStep{"there is no object " + std::to_string(index) + ", the track has " +
+                          std::to_string(Track.SceneryObjects.Count)};
+        RenameSceneryObject(index - 1, name, allOfSameName);
+    };
+}
+
+template <int Axis>
+Action TurnElement(std::string_view value) {
+    return [degrees = NumberFrom(value)] { RotateElement(Axis, degrees); };
+}
+
+/// A kind of step: its name, whether a value follows the name, and how the step is made from that.
+struct StepKind {
+    std::string_view Name;
+    bool HasValue;
+    Action (*Make)(std::string_view value);
+};
+
+constexpr std::array TrackSteps = {
+    StepKind{"remove", true, Remove},
+    StepKind{"move", true, Move},
+    StepKind{"scale", true, WithNumber<ScaleTrack>},
+    StepKind{"rotate", true, WithNumber<RotateTrack>},
+    StepKind{"mirror", true, Mirror},
+    StepKind{"tunnels", true, Tunnels},
+    StepKind{"shuttle", false, Shuttle},
+    StepKind{"backwards", false, Plain<RebuildBackwards>},
+    StepKind{"smooth", false, Plain<SmoothTrackNodes>},
+    StepKind{"rename", true, Rename},
+};
+constexpr std::array ElementSteps = {
+    StepKind{"reverse", false, Plain<ReverseElement>},
+    StepKind{"rotate-x", true, TurnElement<ElementAxis::X>},
+    StepKind{"rotate-y", true, TurnElement<ElementAxis::Y>},
+    StepKind{"rotate-z", true, TurnElement<ElementAxis::Z>},
+};
+
+Action ActionFor(std::span<const StepKind> kinds, const char* documentKind, std::string_view step) {
+    const std::size_t equals = step.find('=');
+    for (const StepKind& kind : kinds) {
+        if (kind.Name != step.substr(0, equals))
+            continue;
+        if (kind.HasValue != (equals != std::string_view::npos))
+            throw BadStep{kind.HasValue ? "a value is needed" : "it takes no value"};
+        return kind.Make(kind.HasValue ? step.substr(equals + 1) : "");
+    }
+    throw BadStep{std::string("there is no such step for ") + documentKind};
+}
+
+StepResult Apply(std::span<const StepKind> kinds, const char* documentKind,
+                 std::span<const std::string> steps) {
+    std::string_view inHand;
+    try {
+        std::vector<Action> actions;
+        for (const std::string& step : steps) {
+            inHand = step;
+            actions.push_back(ActionFor(kinds, documentKind, step));
+        }
+        for (std::size_t i = 0; i < actions.size(); ++i) {
+            inHand = steps[i];
+            actions[i]();
+        }
+        return {};
+    } catch (const BadStep& bad) {
+        return {false, "step " + Quoted(inHand) + ": " + bad.Reason};
+    }
 }
 
 } // namespace
 
 StepResult ApplyTrackSteps(std::span<const std::string> steps) {
-    return Apply(steps);
+    return Apply(TrackSteps, "a track", steps);
 }
 
 StepResult ApplyElementSteps(std::span<const std::string> steps) {
-    return Apply(steps);
+    return Apply(ElementSteps, "an element", steps);
 }
 
 } // namespace railwright

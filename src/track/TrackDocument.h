@@ -41,7 +41,8 @@ struct TrainRecord {
 struct TrackHeaderRecord : ChunkRecord {
     /// Kind of coaster; TrackTypeName names it.
     std::int32_t TrackType = 0;
-    std::vector<TrainRecord> Trains;
+    /// Never empty: a track that had no train can be given one.
+    std::vector<TrainRecord> Trains = std::vector<TrainRecord>(1);
     /// Count of Trains.
     std::int32_t NumTrains = 0;
     std::int32_t CarsPerTrain = 0;
