@@ -159,30 +159,34 @@ int RunCommandLineTool(std::vector<std::string> arguments, std::ostream& out, st
     CLI::App app("Reports on, draws, checks and changes NoLimits tracks and elements.", "railwright-cli");
     app.require_subcommand(1);
     std::vector<std::string> files;
+    std::string file;
     std::vector<std::string> steps;
     std::string target;
     NumberSeparators separators = UserNumberSeparators();
 
-    const auto command = [&](const char* name, const char* help) {
-        CLI::App* const added = app.add_subcommand(name, help);
-        added->add_option("FILE", files, "track or element file")->required();
-        return added;
+    const auto command = [&](const char* name, const char* help) { return app.add_subcommand(name, help); };
+    const auto onFiles = [&](CLI::App* added) {
+        added->add_option("FILE", files, "files to read")->required();
     };
-    const auto oneFile = [](CLI::App* added) { added->get_option("FILE")->expected(1); };
+    const auto onFile = [&](CLI::App* added) { added->add_option("FILE", file, "file to read")->required(); };
 
     CLI::App* const report = command("report", "print the overview of each track");
+    onFiles(report);
     report->add_option("--group", separators.Group, "what stands between the thousands");
     report->add_option("--decimal", separators.Decimal, "what stands before the decimals");
     CLI::App* const dump = command("dump", "print the whole document as JSON");
+    onFile(dump);
     CLI::App* const polyline = command("polyline", "print the sampled curve as CSV");
+    onFile(polyline);
     CLI::App* const preview = command("preview", "draw plan.svg and side.svg");
+    onFile(preview);
     preview->add_option("-o", target, "folder for the drawings")->required();
     CLI::App* const apply = command("apply", "run tools on a file and save the result");
+    onFile(apply);
     apply->add_option("STEP", steps, "tool to run, as NAME or NAME=VALUE");
     apply->add_option("-o", target, "file to save to, which may be FILE")->required();
     CLI::App* const check = command("check", "tell for each file whether it can be read");
-    for (CLI::App* const single : {dump, polyline, preview, apply})
-        oneFile(single);
+    onFiles(check);
 
     try {
         std::reverse(arguments.begin(), arguments.end()); // as the parser wants them
@@ -190,29 +194,31 @@ int RunCommandLineTool(std::vector<std::string> arguments, std::ostream& out, st
     } catch (const CLI::ParseError& error) {
         return app.exit(error, out, errors) == 0 ? Done : Usage;
     }
+    if (!file.empty())
+        files.push_back(file);
 
     const auto tell = [&](const FileFailure& failure) {
         errors << "railwright-cli: " << failure.File << ": " << failure.Reason << '\n';
     };
-    const auto work = [&](const std::string& file) {
+    const auto work = [&](const std::string& name) {
         if (report->parsed())
-            PrintReport(file, separators, out);
+            PrintReport(name, separators, out);
         else if (dump->parsed())
-            out << (LoadAny(file).Dump)() << '\n';
+            out << LoadAny(name).Dump() << '\n';
         else if (polyline->parsed())
-            PrintPolyline(file, out);
+            PrintPolyline(name, out);
         else if (preview->parsed())
-            WritePreview(file, target);
+            WritePreview(name, target);
         else
-            Apply(file, steps, target);
+            Apply(name, steps, target);
     };
     bool all = false;
     if (check->parsed())
         all = ForEachFile(
             files,
-            [&](const std::string& file) {
-                Check(file);
-                out << file << ": ok\n";
+            [&](const std::string& name) {
+                Check(name);
+                out << name << ": ok\n";
             },
             [&](const FileFailure& failure) { out << failure.File << ": " << failure.Reason << '\n'; });
     else
