@@ -194,7 +194,7 @@ int RunCommandLineTool(std::vector<std::string> arguments, std::ostream& out, st
     } catch (const CLI::ParseError& error) {
         return app.exit(error, out, errors) == 0 ? Done : Usage;
     }
-    if (!file.empty())
+    if (files.empty()) // a command on one file
         files.push_back(file);
 
     const auto tell = [&](const FileFailure& failure) {

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "element/ElementDocument.h"
+#include "track/TrackDocument.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <ostream>
+#include <vector>
+
+namespace railwright {
+
+inline bool operator==(const Vector3& a, const Vector3& b) {
+    return a.X == b.X && a.Y == b.Y && a.Z == b.Z;
+}
+
+inline void PrintTo(const Vector3& point, std::ostream* out) {
+    *out << '(' << point.X << ", " << point.Y << ", " << point.Z << ')';
+}
+
+namespace testing {
+
+inline void ExpectNear(const Vector3& actual, const Vector3& expected, float tolerance) {
+    const bool near = std::abs(actual.X - expected.X) <= tolerance &&
+                      std::abs(actual.Y - expected.Y) <= tolerance &&
+                      std::abs(actual.Z - expected.Z) <= tolerance;
+    EXPECT_TRUE(near) << ::testing::PrintToString(actual) << " instead of "
+                      << ::testing::PrintToString(expected);
+}
+
+/// A test that begins with both documents empty.
+class EmptyDocuments : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ClearTrackDocument();
+        ClearElementDocument();
+    }
+};
+
+/// Gives Track a curve as the reader leaves one, with a Normal segment for each node.
+inline void SetCurve(std::vector<BezierNode> nodes, bool closed) {
+    const std::size_t count = nodes.size();
+    nodes.resize(count + 1);
+    Track.BezierCurve.NodeCount = Track.SegmentList.SegmentCount = static_cast<std::int32_t>(count);
+    Track.BezierCurve.Nodes = std::move(nodes);
+    Track.SegmentList.Segments.assign(count + 1, {});
+    Track.SegmentList.ClosedCircuit = closed;
+}
+
+inline Vector3 Between(const Vector3& a, const Vector3& b, float share) {
+    return {a.X + (b.X - a.X) * share, a.Y + (b.Y - a.Y) * share, a.Z + (b.Z - a.Z) * share};
+}
+
+/// Gives Track straight spans from point to point, along which a point moves evenly with T.
+inline void SetStraightCurve(const std::vector<Vector3>& points, bool closed) {
+    std::vector<BezierNode> nodes(points.size());
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        const Vector3& before = points[i > 0 ? i - 1 : points.size() - 1];
+        const Vector3& after = points[i + 1 < points.size() ? i + 1 : 0];
+        nodes[i].Position = points[i];
+        nodes[i].ControlIn = Between(points[i], before, 1.0F / 3);
+        nodes[i].ControlOut = Between(points[i], after, 1.0F / 3);
+    }
+    SetCurve(std::move(nodes), closed);
+}
+
+/// Gives Element straight spans from point to point, the first of which should be the origin.
+inline void SetStraightElement(const std::vector<Vector3>& points) {
+    Element.NodeCount = static_cast<std::int32_t>(points.size()) - 1;
+    Element.Nodes.assign(points.size(), {});
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        Element.Nodes[i].Position = points[i];
+        Element.Nodes[i].ControlIn = i > 0 ? Between(points[i], points[i - 1], 1.0F / 3) : points[i];
+        Element.Nodes[i].ControlOut =
+            i + 1 < points.size() ? Between(points[i], points[i + 1], 1.0F / 3) : points[i];
+    }
+}
+
+} // namespace testing
+} // namespace railwright
