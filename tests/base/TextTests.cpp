@@ -28,11 +28,17 @@ TEST(Text, BytesStandForTheirCharacters) {
         const char* Byte;
         const char* Utf8;
     };
-    const Case cases[] = {
-        {"A", "A"},           {"\x80", "\u20AC"}, {"\x81", "\xC2\x81"}, // unassigned: the control character
-                                                                        // of the same number
-        {"\x8D", "\xC2\x8D"}, {"\x95", "\u2022"}, {"\x99", "\u2122"},   {"\x9F", "\u0178"},
-        {"\xA0", "\u00A0"},   {"\xDF", "\u00DF"}, {"\xFF", "\u00FF"}};
+    const Case cases[] = {{"A", "A"},
+                          {"\x80", "\u20AC"},
+                          {"\x81", "\xC2\x81"}, // unassigned: the control character
+                                                // of the same number
+                          {"\x8D", "\xC2\x8D"},
+                          {"\x95", "\u2022"},
+                          {"\x99", "\u2122"},
+                          {"\x9F", "\u0178"},
+                          {"\xA0", "\u00A0"},
+                          {"\xDF", "\u00DF"},
+                          {"\xFF", "\u00FF"}};
     for (const Case& one : cases) {
         EXPECT_EQ(ToUtf8(one.Byte, Windows1252()), one.Utf8);
         EXPECT_EQ(FromUtf8(one.Utf8, Windows1252()), one.Byte);
