@@ -2,6 +2,7 @@
 
 #include "platform/Paths.h"
 #include "tests/support/HandBuiltFile.h"
+#include "tests/support/MemoryFiles.h"
 #include "tests/support/RandomDocuments.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -19,23 +20,24 @@ using testing::FileBuilder;
 using testing::Form;
 using testing::Kept;
 using testing::ListFields;
+using testing::MemoryFiles;
 using testing::ReadBytes;
 using testing::TemporaryFolder;
 using testing::TrackFile;
 using testing::WriteBytes;
 
 FileResult LoadBytes(const Bytes& bytes) {
-    const TemporaryFolder folder;
-    WriteBytes(folder.File("a.nltrack"), bytes);
-    return LoadTrackFile(folder.Inside("a.nltrack"));
+    MemoryFiles files;
+    files.Content["a.nltrack"] = bytes;
+    return LoadTrackFile("a.nltrack");
 }
 
 Bytes Saved(const TrackDocument& track) {
-    const TemporaryFolder folder;
+    MemoryFiles files;
     Track = track;
-    const FileResult saved = SaveTrackFile(folder.Inside("a.nltrack"));
+    const FileResult saved = SaveTrackFile("a.nltrack");
     EXPECT_TRUE(saved) << saved.Reason;
-    return ReadBytes(folder.File("a.nltrack"));
+    return files.Content["a.nltrack"];
 }
 
 void ExpectSame(const Bytes& actual, const Bytes& expected) {
