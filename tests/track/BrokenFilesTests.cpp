@@ -84,6 +84,8 @@ const std::map<std::string, Fault> Faults = {
     {"element-node-count-huge.nlelem", {72, "ELEM: NodeCount of 2147483647 needs at least 107374182350"}},
     {"element-truncated-in-head.nlelem", {40, "ELEM: the file ends too early"}},
     {"element-truncated-in-node-count.nlelem", {74, "ELEM: the file ends too early"}},
+    // The byte behind the file reads as zero and completes the count.
+    {"element-ends-in-node-count.nlelem", {72, "NodeCount of 256 needs at least 12800 bytes, 0 remain"}},
     {"element-truncated-in-record.nlelem", {72, "NodeCount of 2 needs at least 100 bytes, 84 remain"}},
 };
 
