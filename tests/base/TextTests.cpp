@@ -51,10 +51,10 @@ TEST(Text, LowerCaseCoversAccentedLettersAndNothingElse) {
     text expected = EveryByte();
     for (int byte = 'A'; byte <= 'Z'; ++byte)
         expected[static_cast<std::size_t>(byte)] = static_cast<char>(byte - 'A' + 'a');
-    for (const unsigned char byte : std::string("\xC0\xC1\xC2\xC3\xC4\xC5\xC6\xC7\xC8\xC9\xCA\xCB\xCC\xCD\xCE"
-                                                "\xCF\xD0\xD1\xD2\xD3\xD4\xD5\xD6\xD8\xD9\xDA\xDB\xDC\xDD"
-                                                "\xDE"))
-        expected[byte] = static_cast<char>(byte + 0x20);
+    for (const char byte : std::string("\xC0\xC1\xC2\xC3\xC4\xC5\xC6\xC7\xC8\xC9\xCA\xCB\xCC\xCD\xCE"
+                                       "\xCF\xD0\xD1\xD2\xD3\xD4\xD5\xD6\xD8\xD9\xDA\xDB\xDC\xDD"
+                                       "\xDE"))
+        expected[static_cast<unsigned char>(byte)] = static_cast<char>(byte + 0x20);
     expected[0x8A] = '\x9A';
     expected[0x8C] = '\x9C';
     expected[0x8E] = '\x9E';

@@ -13,12 +13,17 @@ namespace {
 
 using testing::Bytes;
 using testing::FileBuilder;
+using testing::Flags;
 using testing::Form;
 using testing::Kept;
+using testing::Longs;
 using testing::MemoryFiles;
 using testing::ReadBytes;
+using testing::Singles;
+using testing::Tag;
 using testing::TemporaryFolder;
 using testing::WriteBytes;
+using testing::Zeros;
 
 FileResult LoadBytes(const Bytes& bytes) {
     MemoryFiles files;
@@ -35,21 +40,14 @@ Bytes Saved(const ElementDocument& element) {
 
 /// The file of SampleElement up to the end of its last record.
 FileBuilder SampleRecords(const Form& form) {
-    return FileBuilder(form)
-        .Tag("ELEM")
-        .Long(236 + form.SizeError)
-        .Zeros(64)
-        .Long(2)
-        .Singles({1, 2, 3, 4, 5, 6, 7, 8, 9, 0.5F})
-        .Flags({true, false})
-        .Zeros(8)
-        .Singles({11, 12, 13, 14, 15, 16, 17, 18, 19, -0.5F})
-        .Flags({false, true})
-        .Zeros(8);
+    return FileBuilder(form) << Tag{"ELEM"} << Longs{236 + form.SizeError} << Zeros{64} << Longs{2}
+                             << Singles{1, 2, 3, 4, 5, 6, 7, 8, 9, 0.5F} << Flags{true, false} << Zeros{8}
+                             << Singles{11, 12, 13, 14, 15, 16, 17, 18, 19, -0.5F} << Flags{false, true}
+                             << Zeros{8};
 }
 
 Bytes SampleFile(const Form& form = {}) {
-    return SampleRecords(form).Zeros(64).Zeros(4);
+    return SampleRecords(form) << Zeros{64} << Zeros{4};
 }
 
 ElementDocument SampleElement() {
@@ -72,7 +70,8 @@ TEST(ElementFile, HasItsLayout) {
     EXPECT_EQ(Element.Nodes[0].Position.X, 0);
     EXPECT_EQ(Element.Nodes[2].ControlOut.X, 0);
 
-    const Bytes none = FileBuilder().Tag("ELEM").Long(136).Zeros(64).Long(0).Zeros(64).Long(0);
+    const Bytes none = FileBuilder() << Tag{"ELEM"} << Longs{136} << Zeros{64} << Longs{0} << Zeros{64}
+                                     << Longs{0};
     EXPECT_EQ(none.size(), 144U);
     ASSERT_TRUE(LoadBytes(none));
     EXPECT_EQ(Element.Nodes.size(), 1U);
@@ -108,7 +107,7 @@ TEST(ElementFile, ForeignFormsLoadToTheSameElement) {
         EXPECT_EQ(Element.SubChunks, 0);
         EXPECT_EQ(Saved(Element), SampleFile());
     }
-    ASSERT_TRUE(LoadBytes(FileBuilder().Append(SampleFile()).Zeros(9)));
+    ASSERT_TRUE(LoadBytes(FileBuilder() << SampleFile() << Zeros{9}));
     EXPECT_EQ(Saved(Element), SampleFile());
     // A ChunkSize that does not fit is kept.
     const Bytes wrong = SampleFile({.SizeError = -1000});

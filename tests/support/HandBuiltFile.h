@@ -30,25 +30,51 @@ struct Form {
     std::size_t Trailing = 0;
 };
 
+/// Values of one kind that stand one behind the other.
+template <class T>
+struct Several {
+    Several(std::initializer_list<T> values) : Values(values) {}
+    std::vector<T> Values;
+};
+using Longs = Several<std::int64_t>;
+using Singles = Several<float>;
+using Flags = Several<bool>;
+using Colors = Several<std::uint32_t>;
+struct Zeros {
+    std::size_t Count;
+};
+struct Byte {
+    int Value;
+};
+struct Tag {
+    std::string Letters;
+};
+
 /// Puts a file together value by value, with an arithmetic of its own.
 class FileBuilder {
 public:
     explicit FileBuilder(const Form& formOfFile = {}) : form(formOfFile) {}
 
-    FileBuilder& Byte(int value);
-    FileBuilder& Flags(std::initializer_list<bool> values);
-    FileBuilder& Long(std::int64_t value);
-    FileBuilder& Longs(std::initializer_list<std::int64_t> values);
-    FileBuilder& Singles(std::initializer_list<float> values);
-    FileBuilder& Colors(std::initializer_list<std::uint32_t> values);
-    FileBuilder& Zeros(std::size_t count);
-    FileBuilder& Text(const std::string& characters);
-    FileBuilder& Tag(std::string tag);
-    FileBuilder& Append(const Bytes& more);
+    template <class T>
+    FileBuilder& operator<<(const Several<T>& several) {
+        for (const T value : several.Values)
+            Put(value);
+        return *this;
+    }
+    FileBuilder& operator<<(Zeros zeros);
+    FileBuilder& operator<<(Byte byte);
+    FileBuilder& operator<<(const Tag& tag);
+    FileBuilder& operator<<(const std::string& characters);
+    FileBuilder& operator<<(const Bytes& more);
 
     operator const Bytes&() const { return bytes; }
 
 private:
+    void Put(std::int64_t value);
+    void Put(float value);
+    void Put(bool value);
+    void Put(std::uint32_t color);
+
     Form form;
     Bytes bytes;
 };

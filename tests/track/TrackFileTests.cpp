@@ -14,17 +14,24 @@
 namespace railwright {
 namespace {
 
+using testing::Byte;
 using testing::Bytes;
 using testing::ChunkFields;
+using testing::Colors;
 using testing::FileBuilder;
+using testing::Flags;
 using testing::Form;
 using testing::Kept;
 using testing::ListFields;
+using testing::Longs;
 using testing::MemoryFiles;
 using testing::ReadBytes;
+using testing::Singles;
+using testing::Tag;
 using testing::TemporaryFolder;
 using testing::TrackFile;
 using testing::WriteBytes;
+using testing::Zeros;
 
 FileResult LoadBytes(const Bytes& bytes) {
     MemoryFiles files;
@@ -80,11 +87,11 @@ void Put(const Place& place, TrackSegment& segment, Bytes& block, const Form& fo
             using Value = std::remove_reference_t<decltype(segment.*member)>;
             segment.*member = static_cast<Value>(number);
             if constexpr (std::is_same_v<Value, float>)
-                value.Singles({static_cast<float>(number)});
+                value << Singles{static_cast<float>(number)};
             else if constexpr (std::is_same_v<Value, Flag>)
-                value.Flags({true});
+                value << Flags{true};
             else
-                value.Byte(number);
+                value << Byte{number};
         },
         place.Field);
     const Bytes& bytes = value;
@@ -93,9 +100,9 @@ void Put(const Place& place, TrackSegment& segment, Bytes& block, const Form& fo
 
 Bytes SegmentRecord(int type, const Bytes& block, const Form& form) {
     FileBuilder record(form);
-    record.Long(type).Flags({true}).Colors({0x010203, 0x040506, 0x070809}).Flags({false}).Zeros(15);
+    record << Longs{type} << Flags{true} << Colors{0x010203, 0x040506, 0x070809} << Flags{false} << Zeros{15};
     if (type >= 0 && type <= 4)
-        record.Long(static_cast<int>(block.size()) + form.SizeError).Append(block);
+        record << Longs{static_cast<int>(block.size()) + form.SizeError} << block;
     return record;
 }
 
@@ -104,7 +111,7 @@ TrackSegment SegmentOf(int type) {
 }
 
 Bytes SegmentFields(int count, bool closed, const Bytes& records, const Form& form) {
-    return FileBuilder(form).Long(count).Flags({closed}).Zeros(16).Append(records).Zeros(16);
+    return FileBuilder(form) << Longs{count} << Flags{closed} << Zeros{16} << records << Zeros{16};
 }
 
 /// A track with every kind of record, in memory and as the own fields of its chunks.
@@ -119,40 +126,29 @@ Sample MakeSample(const Form& form = {}) {
     ChunkFields& f = sample.Fields;
     const auto build = [&form] { return FileBuilder(form); };
 
-    f["NLIM"] = build().Long(form.Version).Zeros(16);
+    f["NLIM"] = build() << Longs{form.Version} << Zeros{16};
 
     t.TrackHeader.TrackType = 9;
     t.TrackHeader.NumTrains = 2;
     t.TrackHeader.CarsPerTrain = -5;
     t.TrackHeader.Trains = {{true, {0xFF0001, 2, 3, 4}, "\xC4rger"}, {false, {5, 6, 7, 8}, ""}};
     t.TrackHeader.TrackColor = {0x102030, 0x405060, 0x708090, 0xA0B0C0, 5, 6, 7, 8};
-    f["TRCK"] = build()
-                    .Longs({9, 2, -5})
-                    .Flags({true})
-                    .Zeros(7)
-                    .Text("\xC4rger")
-                    .Colors({0xFF0001, 2, 3, 4})
-                    .Flags({false})
-                    .Zeros(7)
-                    .Text("")
-                    .Colors({5, 6, 7, 8})
-                    .Colors({0x102030, 0x405060, 0x708090, 0xA0B0C0, 5, 6, 7, 8})
-                    .Zeros(16);
+    f["TRCK"] = build() << Longs{9, 2, -5} << Flags{true} << Zeros{7} << text("\xC4rger")
+                        << Colors{0xFF0001, 2, 3, 4} << Flags{false} << Zeros{7} << text("")
+                        << Colors{5, 6, 7, 8} << Colors{0x102030, 0x405060, 0x708090, 0xA0B0C0, 5, 6, 7, 8}
+                        << Zeros{16};
 
     t.TrackInfo.AuthorComments = "two\r\nlines";
-    f["INFO"] = build().Zeros(16).Text("two\r\nlines");
+    f["INFO"] = build() << Zeros{16} << text("two\r\nlines");
 
-    t.BezierCurve.NodeCount = 2; // the flags A, B, C are on and off, off and on, on and on
+    // The flags A, B, C are on, off, on and off, on, on; in the file C stands before B.
+    t.BezierCurve.NodeCount = 2;
     t.BezierCurve.Nodes = {{{1, 2, 3}, {4, 5, 6}, {7, 8, 9}, 0.5F, true, false, true},
                            {{10, 11, 12}, {13, 14, 15}, {16, 17, 18}, -0.5F, false, true, true}};
     f["BEZR"] = ListFields(2,
-                           build()
-                               .Singles({1, 2, 3, 4, 5, 6, 7, 8, 9, 0.5F})
-                               .Flags({true, true, false}) // A, C, B
-                               .Zeros(17)
-                               .Singles({10, 11, 12, 13, 14, 15, 16, 17, 18, -0.5F})
-                               .Flags({false, true, true})
-                               .Zeros(17),
+                           build() << Singles{1, 2, 3, 4, 5, 6, 7, 8, 9, 0.5F} << Flags{true, true, false}
+                                   << Zeros{17} << Singles{10, 11, 12, 13, 14, 15, 16, 17, 18, -0.5F}
+                                   << Flags{false, true, true} << Zeros{17},
                            form);
 
     Bytes records;
@@ -172,91 +168,63 @@ Sample MakeSample(const Form& form = {}) {
 
     t.FundamentalNodes.Count = 1;
     t.FundamentalNodes.Items = {{{1, 2, 3}, true, 4, false, 5}};
-    f["FUND"] = ListFields(
-        1,
-        build().Flags({true}).Singles({4}).Flags({false}).Singles({5}).Zeros(6).Singles({1, 2, 3}).Zeros(64),
-        form);
+    f["FUND"] = ListFields(1,
+                           build() << Flags{true} << Singles{4} << Flags{false} << Singles{5} << Zeros{6}
+                                   << Singles{1, 2, 3} << Zeros{64},
+                           form);
 
     t.PreFabSupports.NodeCount = 3;
     t.PreFabSupports.Nodes = {{2, 0}, {0, 0}, {1, 2}};
     t.PreFabSupports.Supports = {{3, 0.25F}, {4, 0.75F}, {7, 1.5F}};
     f["RASC"] = ListFields(3,
-                           build()
-                               .Longs({2, 3})
-                               .Singles({0.25F})
-                               .Zeros(16)
-                               .Long(4)
-                               .Singles({0.75F})
-                               .Zeros(16)
-                               .Longs({0, 1, 7})
-                               .Singles({1.5F})
-                               .Zeros(16),
+                           build() << Longs{2, 3} << Singles{0.25F} << Zeros{16} << Longs{4} << Singles{0.75F}
+                                   << Zeros{16} << Longs{0, 1, 7} << Singles{1.5F} << Zeros{16},
                            form);
 
     t.FreeNodes.Count = 1;
     t.FreeNodes.Items = {{{-1, -2, -3}}};
-    f["FREN"] = ListFields(1, build().Singles({-1, -2, -3}).Zeros(16), form);
+    f["FREN"] = ListFields(1, build() << Singles{-1, -2, -3} << Zeros{16}, form);
 
     t.SupportBeams.Count = 1;
     t.SupportBeams.Items = {{{10, 11, 12}, {20, 21, 22}, 5, -6, 7.5F}};
     f["TUBE"] = ListFields(1,
-                           build()
-                               .Longs({10, 12, 11})
-                               .Zeros(4)
-                               .Longs({20, 22, 21})
-                               .Zeros(4)
-                               .Longs({5, -6})
-                               .Singles({7.5F})
-                               .Zeros(4),
+                           build() << Longs{10, 12, 11} << Zeros{4} << Longs{20, 22, 21} << Zeros{4}
+                                   << Longs{5, -6} << Singles{7.5F} << Zeros{4},
                            form);
 
     t.WoodCatwalks.Count = 2;
     t.WoodCatwalks.Items = {{{1, 2, 3, 4, 5, 6}, 3}, {{6, 5, 4, 3, 2, 1}, 0}};
     f["CATW"] =
-        ListFields(2, build().Longs({1, 2, 3, 4, 5, 6, 3}).Zeros(3).Longs({6, 5, 4, 3, 2, 1, 0}), form);
+        ListFields(2, build() << Longs{1, 2, 3, 4, 5, 6, 3} << Zeros{3} << Longs{6, 5, 4, 3, 2, 1, 0}, form);
 
     t.Scenery.TreeCount = 1;
     t.Scenery.Trees = {{{1, 2, 3}, 4.5F, 2}};
-    f["SCEN"] = ListFields(1, build().Singles({1, 2, 3}).Long(2).Singles({4.5F}).Zeros(44), form);
+    f["SCEN"] = ListFields(1, build() << Singles{1, 2, 3} << Longs{2} << Singles{4.5F} << Zeros{44}, form);
 
     t.SceneryObjects.Count = 1;
     t.SceneryObjects.Items = {
         {"gate.3ds", "Text", {1, 2, 3}, {4, 5, 6}, {7, 8, 9}, {10, 11, 12}, {13, 14, 15}}};
     f["SCOB"] = ListFields(1,
-                           build()
-                               .Text("Text")
-                               .Text("gate.3ds")
-                               .Singles({1, 2, 3, 10, 4, 5, 6, 11, 7, 8, 9, 12, 13, 14, 15})
-                               .Zeros(20),
+                           build() << text("Text") << text("gate.3ds")
+                                   << Singles{1, 2, 3, 10, 4, 5, 6, 11, 7, 8, 9, 12, 13, 14, 15} << Zeros{20},
                            form);
 
     t.Terrain = {{}, true, 3, 2, 1, 2, "one", 3, "", 4, "three", 5, 0xEE, true, {0, 10, 20, 1, 11, 21}};
-    f["TERA"] = build()
-                    .Longs({3, 2})
-                    .Singles({1, 2})
-                    .Text("one")
-                    .Singles({3})
-                    .Text("")
-                    .Singles({4})
-                    .Flags({true})
-                    .Zeros(4)
-                    .Text("three")
-                    .Singles({5})
-                    .Byte(0xEE)
-                    .Zeros(15)
-                    .Singles({0, 10, 20, 1, 11, 21})
-                    .Zeros(16);
+    f["TERA"] = build() << Longs{3, 2} << Singles{1, 2} << text("one") << Singles{3} << text("") << Singles{4}
+                        << Flags{true} << Zeros{4} << text("three") << Singles{5} << Byte{0xEE} << Zeros{15}
+                        << Singles{0, 10, 20, 1, 11, 21} << Zeros{16};
 
     t.Environment.PreferredEnvironment = "Desert";
     t.Environment.Text2 = "2";
-    f["ENVC"] = build().Zeros(16).Text("Desert").Text("2").Zeros(16);
+    f["ENVC"] = build() << Zeros{16} << text("Desert") << text("2") << Zeros{16};
     return sample;
 }
 
 TEST(TrackFile, EmptyTrackIs665Bytes) {
     const Bytes empty = Saved({});
     ASSERT_EQ(empty.size(), 665U);
-    const Bytes opening = FileBuilder().Tag("NLIM").Longs({0x291, 0x01030000, 0, 0, 0, 0, 3}).Tag("TRCK");
+    const Bytes opening = FileBuilder()
+                          << Tag{"NLIM"} << Longs{0x291, 0x01030000, 0, 0, 0, 0, 3} << Tag{"TRCK"};
     EXPECT_TRUE(std::equal(opening.begin(), opening.end(), empty.begin()));
     ExpectSame(empty, TrackFile({}));
     EXPECT_EQ(Track.FileHeader.ChunkSize, 657);
@@ -408,7 +376,7 @@ TEST(TrackFile, ForeignFormsLoadToTheSameTrack) {
         const Bytes file = TrackFile(MakeSample(one.Foreign).Fields, one.Foreign);
         const FileResult loaded = LoadBytes(file);
         ASSERT_TRUE(loaded) << loaded.Reason << " at " << loaded.Byte;
-        for (const std::size_t i : {0, 1, 2, 3})
+        for (std::size_t i = 0; i < 4; ++i)
             EXPECT_EQ(Track.FileHeader.Version[i], (one.Foreign.Version >> (24 - 8 * i)) & 0xFF);
         EXPECT_TRUE(Kept(Track) == Kept(sample.Document));
         ExpectSame(Saved(Track), TrackFile(sample.Fields));
@@ -422,9 +390,11 @@ TEST(TrackFile, BelievesTheNumberOfSubChunksAndNothingElse) {
     EXPECT_TRUE(Kept(Track) == Kept(TrackDocument{}));
 
     // A chunk that comes twice: the later one counts.
-    file = TrackFile({{"ENVC", FileBuilder().Zeros(16).Text("first").Text("and more").Zeros(16)}});
+    file =
+        TrackFile({{"ENVC", FileBuilder() << Zeros{16} << text("first") << text("and more") << Zeros{16}}});
     file[31] = 4;
-    const Bytes later = FileBuilder().Tag("ENVC").Long(0).Zeros(16).Text("later").Text("").Zeros(16).Long(0);
+    const Bytes later = FileBuilder() << Tag{"ENVC"} << Longs{0} << Zeros{16} << text("later") << text("")
+                                      << Zeros{16} << Longs{0};
     file.insert(file.end(), later.begin(), later.end());
     EXPECT_TRUE(LoadBytes(file));
     EXPECT_EQ(Track.Environment.PreferredEnvironment, "later");
@@ -487,9 +457,8 @@ TEST(TrackFile, StoresWhatTheDocumentSaysAtThatMoment) {
     sample.Document.TrackHeader.NumTrains = 0;  // and so do the trains
     sample.Fields.erase("TERA");
     sample.Fields["TRCK"] = FileBuilder()
-                                .Longs({9, 0, -5})
-                                .Colors({0x102030, 0x405060, 0x708090, 0xA0B0C0, 5, 6, 7, 8})
-                                .Zeros(16);
+                            << Longs{9, 0, -5} << Colors{0x102030, 0x405060, 0x708090, 0xA0B0C0, 5, 6, 7, 8}
+                            << Zeros{16};
     ExpectSame(Saved(sample.Document), TrackFile(sample.Fields));
 
     const TemporaryFolder folder;
