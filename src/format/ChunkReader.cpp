@@ -1,5 +1,7 @@
 #include "format/ChunkReader.h"
 
+#include <algorithm>
+
 namespace railwright {
 namespace {
 
@@ -79,8 +81,8 @@ void ChunkReader::NeedItems(std::int32_t count, std::int64_t smallest) const {
     const std::int64_t remaining = static_cast<std::int64_t>(bytes.size()) - pos;
     if (count > remaining / smallest)
         Fail(std::string(countName) + " of " + std::to_string(count) + " needs at least " +
-                 std::to_string(count * smallest) + " bytes, " + std::to_string(FileLength() - pos) +
-                 " remain",
+                 std::to_string(count * smallest) + " bytes, " +
+                 std::to_string(std::max<std::int64_t>(FileLength() - pos, 0)) + " remain",
              countAt);
 }
 
