@@ -1,11 +1,8 @@
 #include "element/mNoLimits_ElementIO_1_3.h"
 
 #include "base/FileName.h"
-#include "format/ChunkWriter.h"
 #include "format/DocumentFile.h"
 #include "format/SizeCounter.h"
-
-#include <limits>
 
 namespace railwright {
 
@@ -80,13 +77,7 @@ FileResult LoadElementFile(const std::string& sFile) {
 }
 
 FileResult SaveElementFile(const std::string& sFile) {
-    const std::int64_t length = SizeOfELEM();
-    if (length > std::numeric_limits<FilePos>::max())
-        return FileResult::Failure("the element is too large, a file can hold 2 GiB");
-    FileBytes bytes(static_cast<std::size_t>(length));
-    ChunkWriter writer(bytes);
-    WriteELEM(writer);
-    return SaveDocumentFile(sFile, ElementKind, bytes);
+    return SaveDocumentFile(sFile, ElementKind, SizeOfELEM(), WriteELEM);
 }
 
 } // namespace railwright

@@ -2,6 +2,8 @@
 
 #include "base/FileName.h"
 
+#include <new>
+
 namespace railwright {
 
 FileResult LoadDocumentFile(const std::string& path, const DocumentKind& kind) {
@@ -12,10 +14,10 @@ FileResult LoadDocumentFile(const std::string& path, const DocumentKind& kind) {
     if (!HasExtension(path, kind.Extension))
         return FileResult::Failure("the name does not end in " + std::string(kind.Extension));
     kind.Clear();
-    FileBytes bytes;
-    if (FileResult read = ReadWholeFile(path, 1, bytes); !read)
-        return read;
     try {
+        FileBytes bytes;
+        if (FileResult read = ReadWholeFile(path, 1, bytes); !read)
+            return read;
         ChunkReader reader(bytes);
         if (reader.FileLength() == 0)
             return FileResult::Failure("the file is empty");
@@ -26,12 +28,25 @@ FileResult LoadDocumentFile(const std::string& path, const DocumentKind& kind) {
     } catch (const BrokenFile& broken) {
         kind.Clear();
         return FileResult::Failure(broken.Reason, broken.Byte);
+    } catch (const std::bad_alloc&) {
+        kind.Clear();
+        return FileResult::Failure("there is not enough memory for the document");
     }
 }
 
-FileResult SaveDocumentFile(const std::string& path, const DocumentKind& kind, const FileBytes& bytes) {
-    const bool complete = HasExtension(path, kind.Extension);
-    return WriteWholeFile(complete ? path : path + std::string(kind.Extension), bytes);
+FileResult SaveDocumentFile(const std::string& path, const DocumentKind& kind, std::int64_t length,
+                            const std::function<void(ChunkWriter&)>& write) {
+    if (length > LongestFile)
+        return FileResult::Failure("the document is too large, a file can hold 2 GiB");
+    try {
+        FileBytes bytes(static_cast<std::size_t>(length));
+        ChunkWriter writer(bytes);
+        write(writer);
+        const bool complete = HasExtension(path, kind.Extension);
+        return WriteWholeFile(complete ? path : path + std::string(kind.Extension), bytes);
+    } catch (const std::bad_alloc&) {
+        return FileResult::Failure("there is not enough memory to put the file together");
+    }
 }
 
 } // namespace railwright

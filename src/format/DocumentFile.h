@@ -1,8 +1,11 @@
 #pragma once
 
 #include "format/ChunkReader.h"
+#include "format/ChunkWriter.h"
 #include "platform/WholeFile.h"
 
+#include <functional>
+#include <limits>
 #include <string>
 #include <string_view>
 
@@ -24,7 +27,13 @@ struct DocumentKind {
 /// document is touched; a file that cannot be read or is broken leaves it empty.
 FileResult LoadDocumentFile(const std::string& path, const DocumentKind& kind);
 
-/// Stores a file's bytes under a name, to which the kind's extension is added if it has not got it already.
-FileResult SaveDocumentFile(const std::string& path, const DocumentKind& kind, const FileBytes& bytes);
+/// The longest file that the format can hold, in bytes.
+inline constexpr std::int64_t LongestFile = std::numeric_limits<FilePos>::max();
+
+/// Stores a document under a name, to which the kind's extension is added if it has not got it already.
+/// @param length of the file in bytes, as counted; beyond LongestFile it is refused.
+/// @param write stores as many bytes.
+FileResult SaveDocumentFile(const std::string& path, const DocumentKind& kind, std::int64_t length,
+                            const std::function<void(ChunkWriter&)>& write);
 
 } // namespace railwright

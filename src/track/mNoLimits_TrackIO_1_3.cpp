@@ -1,13 +1,10 @@
 #include "track/mNoLimits_TrackIO_1_3.h"
 
 #include "base/FileName.h"
-#include "format/ChunkWriter.h"
 #include "format/DocumentFile.h"
 #include "track/TrackLayout.h"
 
-#include <algorithm>
 #include <array>
-#include <limits>
 #include <string_view>
 
 namespace railwright {
@@ -16,7 +13,6 @@ namespace {
 constexpr int ChunkKinds = 15;
 constexpr int DeepestChunk = 3;
 constexpr std::int64_t FrameSize = FileSize::Tag + FileSize::Long;
-constexpr std::int64_t LongestFile = std::numeric_limits<FilePos>::max();
 
 template <class Record>
 void ReadChunk(ChunkReader& reader, Record& record) {
@@ -109,18 +105,14 @@ std::int64_t ComputeChunkSizes() {
 }
 
 FileResult SaveTrackFile(const std::string& sFile) {
-    const std::int64_t length = ComputeChunkSizes();
-    if (length > LongestFile)
-        return FileResult::Failure("the track is too large, a file can hold 2 GiB");
-    FileBytes bytes(static_cast<std::size_t>(length));
-    ChunkWriter writer(bytes);
-    ForEachStoredChunk([&](int, const char* tag, const auto& record) {
-        writer.Tag(tag);
-        writer.Group([&](auto& values) { values.Long(record.ChunkSize); });
-        Fields(writer, record);
-        writer.Count("SubChunks", record.SubChunks);
+    return SaveDocumentFile(sFile, TrackKind, ComputeChunkSizes(), [](ChunkWriter& writer) {
+        ForEachStoredChunk([&](int, const char* tag, const auto& record) {
+            writer.Tag(tag);
+            writer.Group([&](auto& values) { values.Long(record.ChunkSize); });
+            Fields(writer, record);
+            writer.Count("SubChunks", record.SubChunks);
+        });
     });
-    return SaveDocumentFile(sFile, TrackKind, bytes);
 }
 
 } // namespace railwright
