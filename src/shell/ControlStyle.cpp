@@ -2,6 +2,9 @@
 
 #include <algorithm>
 
+#include <QPainter>
+#include <QStyleOption>
+
 namespace railwright {
 
 int ControlStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
@@ -20,6 +23,42 @@ int ControlStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, co
     default:
         return usual;
     }
+}
+
+QRect ControlStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                                   const QWidget* widget) const {
+    const auto* const group = qstyleoption_cast<const QStyleOptionGroupBox*>(option);
+    if (control != CC_GroupBox || group == nullptr)
+        return QProxyStyle::subControlRect(control, option, part, widget);
+    constexpr int indent = 9;
+    const QRect title(QPoint(indent, 0), group->fontMetrics.size(Qt::TextHideMnemonic, group->text));
+    switch (part) {
+    case SC_GroupBoxLabel:
+        return title;
+    case SC_GroupBoxFrame:
+        return group->rect.adjusted(0, title.height() / 2, 0, 0);
+    default:
+        return QProxyStyle::subControlRect(control, option, part, widget);
+    }
+}
+
+void ControlStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                      QPainter* painter, const QWidget* widget) const {
+    const auto* const group = qstyleoption_cast<const QStyleOptionGroupBox*>(option);
+    if (control != CC_GroupBox || group == nullptr) {
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+        return;
+    }
+    constexpr int gap = 3;
+    const QRect title = subControlRect(control, option, SC_GroupBoxLabel, widget);
+    QStyleOptionGroupBox part(*group);
+    part.subControls = SC_GroupBoxFrame;
+    painter->save();
+    painter->setClipRegion(QRegion(group->rect).subtracted(title.adjusted(-gap, 0, gap, 0)));
+    QProxyStyle::drawComplexControl(control, &part, painter, widget);
+    painter->restore();
+    drawItemText(painter, title, Qt::AlignLeft | Qt::TextHideMnemonic, group->palette,
+                 (group->state & State_Enabled) != 0, group->text, QPalette::WindowText);
 }
 
 } // namespace railwright

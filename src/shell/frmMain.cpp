@@ -46,6 +46,9 @@ frmMain::frmMain() {
     ReadyArtwork();
     theWindow = this;
     setObjectName("frmMain");
+    // Its size is fixed, so there is nothing to maximize.
+    setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                   Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint);
     setWindowTitle("Railwright");
     setWindowIcon(Artwork("window"));
     setFont(ControlFont());
@@ -110,7 +113,7 @@ void frmMain::BuildPanels(QWidget& window) {
 
 void frmMain::BuildMenu() {
     for (const MenuRow& row : MenuRows) {
-        auto* const above = menuBar()->findChild<QMenu*>(row.Above);
+        auto* const above = row.Above == nullptr ? nullptr : menuBar()->findChild<QMenu*>(row.Above);
         if (row.Click == nullptr && row.Caption != Separator) {
             QMenu* const menu =
                 above == nullptr ? menuBar()->addMenu(row.Caption) : above->addMenu(row.Caption);

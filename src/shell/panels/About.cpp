@@ -17,7 +17,8 @@ QPalette Paper() {
 void AddLine(ucFrame& frame, const QString& name, const QString& caption, const Place& place,
              const QFont& font) {
     QLabel* const line = AddLabel(frame, name, caption, place, font);
-    line->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+    // The places leave no room between the lines but at their feet.
+    line->setAlignment(Qt::AlignHCenter | Qt::AlignBottom);
     line->setPalette(Paper());
 }
 
