@@ -41,7 +41,6 @@ private:
     std::vector<Expected> expected;
     std::size_t next = 0;
     QStringList faults;
-    QWidget* before = nullptr;
     QTimer timer;
 };
 

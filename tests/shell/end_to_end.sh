@@ -16,7 +16,7 @@ fail() {
     exit 1
 }
 wait_for() {
-    for _ in $(seq 300); do
+    for _ in $(seq 150); do
         if "$@" >/dev/null 2>&1; then return; fi
         sleep 0.1
     done
@@ -45,8 +45,8 @@ height=$(xdotool getwindowgeometry --shell "$window" | sed -n 's/^HEIGHT=//p')
 menu=$((height - 445))
 click() { xdotool mousemove --window "$window" "$1" $((menu + $2)) click 1 sleep 0.3; }
 
-click 40 73                # the tool Move
-click 510 282              # to the north
+click 40 82                # the tool Move
+click 504 288              # to the north
 wait_for find_window '^Railwright: harbor-comet.nltrack[*]$'
 click 160 16               # the picture that saves
 wait_for find_window '^Save NoLimits Track File'
