@@ -107,6 +107,14 @@ void ScrollBar::paintEvent(QPaintEvent* event) {
     DrawFocus(*this);
 }
 
+void ScrollBar::keyPressEvent(QKeyEvent* event) {
+    // The toolkit turns all keys round, so that Down and Page Down lead on; Left and Right it should not.
+    const bool isSideways = event->key() == Qt::Key_Left || event->key() == Qt::Key_Right;
+    setInvertedControls(!isSideways);
+    QScrollBar::keyPressEvent(event);
+    setInvertedControls(true);
+}
+
 LinkLabel::LinkLabel(QWidget& container, const QString& name, const QString& caption, const Place& place)
     : QPushButton(caption, &container) {
     Placed(this, name, place);

@@ -68,6 +68,7 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 };
 
 /// A label that acts when it is clicked, or when Enter or Space is pressed on it.

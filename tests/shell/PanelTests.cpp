@@ -243,6 +243,8 @@ void PanelTests::CaptionsFollowTheScrollBars() {
         QCOMPARE(label.text(), QString(each.AtLeast));
         QTest::keyClick(&bar, Qt::Key_Right);
         QCOMPARE(label.text(), QString(each.OneUp));
+        QTest::keyClick(&bar, Qt::Key_PageDown);
+        QCOMPARE(bar.value(), 1 + each.Large);
         // The text follows while the thumb is held.
         bar.setSliderDown(true);
         bar.setSliderPosition(each.Least);

@@ -23,7 +23,7 @@ public:
     /// @param shown its title, text, icon and buttons, as Seen puts them.
     /// @param button the caption of the button to press.
     Answers& Box(const QString& shown, const QString& button);
-    /// A file dialog in which a name is typed and Enter is pressed; an empty name presses Escape.
+    /// A file dialog in which a name is typed and taken; an empty name presses Escape.
     Answers& File(const QString& title, const std::string& name, QString* fieldBefore = nullptr);
     /// @return what went wrong, and which of the foretold did not come; empty if all is well.
     QString Verdict() const;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include <QLineF>
 #include <QPaintEvent>
@@ -11,28 +12,35 @@
 namespace railwright {
 namespace {
 
-/// The part of a line that can touch the picture, empty if there is none. Far beyond the picture's edge a
+/// Moves the end of a line that lies outside of the range between `least` and `greatest` onto its border.
+void CutEnd(QPointF& end, const QPointF& other, qreal& (QPointF::*along)(), qreal& (QPointF::*across)(),
+            double least, double greatest) {
+    const double place = (end.*along)();
+    const double border = std::clamp(place, least, greatest);
+    QPointF opposite = other;
+    if (place != border) {
+        const double share = (border - place) / ((opposite.*along)() - place);
+        (end.*across)() += share * ((opposite.*across)() - (end.*across)());
+        (end.*along)() = border;
+    }
+}
+
+/// The part of a line that can touch the picture, nothing if there is none. Far beyond the picture's edge a
 /// painter loses its precision.
-std::optional<QLineF> Clipped(const QLineF& line) {
-    constexpr double margin = PictureBox::Size;
-    double first = 0;
-    double last = 1;
-    const auto cut = [&](double start, double delta) {
-        if (delta == 0) {
-            if (start < -margin || start > PictureBox::Size + margin)
-                last = -1;
-            return;
-        }
-        const double enters = (-margin - start) / delta;
-        const double leaves = (PictureBox::Size + margin - start) / delta;
-        first = std::max(first, std::min(enters, leaves));
-        last = std::min(last, std::max(enters, leaves));
-    };
-    cut(line.x1(), line.dx());
-    cut(line.y1(), line.dy());
-    if (first > last)
-        return std::nullopt;
-    return QLineF(line.pointAt(first), line.pointAt(last));
+std::optional<QLineF> Clipped(QPointF from, QPointF to) {
+    constexpr double least = -PictureBox::Size;
+    constexpr double greatest = 2 * PictureBox::Size;
+    using Coordinate = qreal& (QPointF::*)();
+    constexpr Coordinate x = &QPointF::rx;
+    constexpr Coordinate y = &QPointF::ry;
+    for (const auto& [along, across] : {std::pair(x, y), std::pair(y, x)}) {
+        const auto [low, high] = std::minmax((from.*along)(), (to.*along)());
+        if (high < least || low > greatest)
+            return std::nullopt;
+        CutEnd(from, to, along, across, least, greatest);
+        CutEnd(to, from, along, across, least, greatest);
+    }
+    return QLineF(from, to);
 }
 
 } // namespace
@@ -73,7 +81,7 @@ QPixmap QtPictureBox::Drawn(double ratio) const {
     // A whole coordinate means the middle of its pixel.
     painter.translate(0.5, 0.5);
     for (const Stroke& stroke : strokes) {
-        const std::optional<QLineF> line = Clipped({stroke.X1, stroke.Y1, stroke.X2, stroke.Y2});
+        const std::optional<QLineF> line = Clipped({stroke.X1, stroke.Y1}, {stroke.X2, stroke.Y2});
         if (!line)
             continue;
         const bool isPoint = line->isNull();
