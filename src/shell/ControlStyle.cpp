@@ -51,11 +51,14 @@ void ControlStyle::drawComplexControl(ComplexControl control, const QStyleOption
     }
     constexpr int gap = 3;
     const QRect title = subControlRect(control, option, SC_GroupBoxLabel, widget);
-    QStyleOptionGroupBox part(*group);
-    part.subControls = SC_GroupBoxFrame;
+    constexpr double halfPixel = 0.5;
+    constexpr double corner = 2;
+    const QRectF frame(subControlRect(control, option, SC_GroupBoxFrame, widget));
     painter->save();
     painter->setClipRegion(QRegion(group->rect).subtracted(title.adjusted(-gap, 0, gap, 0)));
-    QProxyStyle::drawComplexControl(control, &part, painter, widget);
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(group->palette.color(QPalette::Mid));
+    painter->drawRoundedRect(frame.adjusted(halfPixel, halfPixel, -halfPixel, -halfPixel), corner, corner);
     painter->restore();
     drawItemText(painter, title, Qt::AlignLeft | Qt::TextHideMnemonic, group->palette,
                  (group->state & State_Enabled) != 0, group->text, QPalette::WindowText);
