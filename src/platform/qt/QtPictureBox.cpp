@@ -1,6 +1,7 @@
 #include "platform/qt/QtPictureBox.h"
 
 #include <algorithm>
+#include <cmath>
 #include <optional>
 #include <utility>
 
@@ -41,6 +42,11 @@ std::optional<QLineF> Clipped(QPointF from, QPointF to) {
         CutEnd(to, from, along, across, least, greatest);
     }
     return QLineF(from, to);
+}
+
+bool IsAlongPixels(const QLineF& line) {
+    return (line.dx() == 0 && line.x1() == std::round(line.x1())) ||
+           (line.dy() == 0 && line.y1() == std::round(line.y1()));
 }
 
 } // namespace
@@ -85,8 +91,8 @@ QPixmap QtPictureBox::Drawn(double ratio) const {
         if (!line)
             continue;
         const bool isPoint = line->isNull();
-        const bool isUpright = line->dx() == 0 || line->dy() == 0;
-        painter.setRenderHint(QPainter::Antialiasing, isPoint || !isUpright);
+        // A line along a row or a column of pixels fills just these.
+        painter.setRenderHint(QPainter::Antialiasing, isPoint || !IsAlongPixels(*line));
         painter.setPen(QPen(QColor(stroke.Colour.Red, stroke.Colour.Green, stroke.Colour.Blue), stroke.Width,
                             Qt::SolidLine, Qt::RoundCap));
         if (isPoint)
