@@ -74,6 +74,15 @@ void FailingFiles::Replace(const std::string& from, const std::string& to, std::
         SystemFiles().Replace(from, to, error);
 }
 
+void FailingFiles::Move(const std::string& from, const std::string& to, std::error_code& error) {
+    if (!Fails(error))
+        SystemFiles().Move(from, to, error);
+}
+
+std::vector<std::string> FailingFiles::List(const std::string& folder, std::error_code& error) {
+    return Fails(error) ? std::vector<std::string>{} : SystemFiles().List(folder, error);
+}
+
 void FailingFiles::Delete(const std::string& path, std::error_code& error) {
     if (!Fails(error))
         SystemFiles().Delete(path, error);

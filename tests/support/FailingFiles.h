@@ -35,6 +35,8 @@ public:
     std::unique_ptr<OpenFile> OpenToOverwrite(const std::string& path, std::error_code& error) override;
     void Replace(const std::string& from, const std::string& to, std::error_code& error) override;
     void Delete(const std::string& path, std::error_code& error) override;
+    void Move(const std::string& from, const std::string& to, std::error_code& error) override;
+    std::vector<std::string> List(const std::string& folder, std::error_code& error) override;
     void CreateFolder(const std::string& path, std::error_code& error) override;
 
     /// Counts a call. @return whether it is the one to fail; then `error` is set.
