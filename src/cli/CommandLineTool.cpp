@@ -171,7 +171,7 @@ void Organize(const std::string& folder, const Arguments&, std::ostream& out) {
         throw FileFailure{folder, "there is no folder Environments in it"};
     PrintedProgress progress(out);
     if (!OrganizeEnvironments(inside, progress))
-        throw FileFailure{folder, "something could not be written"};
+        throw FileFailure{folder, "something could not be read or written"};
 }
 
 struct Command {

@@ -56,9 +56,8 @@ bool Exists(const std::string& path) {
     return Files().Status(path).What != FileStatus::Kind::Missing;
 }
 
-std::vector<std::string> NormalFilesIn(const std::string& folder) {
-    std::error_code missing;
-    std::vector<std::string> names = Files().List(folder, missing);
+std::vector<std::string> NormalFilesIn(const std::string& folder, std::error_code& error) {
+    std::vector<std::string> names = Files().List(folder, error);
     std::erase_if(names, [&](const std::string& name) { return !FileExists(folder + name); });
     return names;
 }
@@ -87,8 +86,10 @@ public:
     /// folder counts as unfinished until that file has been replaced.
     void Organize(const EnvironmentEntry& entry) {
         text settings;
-        if (const FileResult read = ReadTextFile(entry.FilePath, settings); !read)
-            return bar.Tell(entry.Name + ": cannot be read and is passed over");
+        if (!Succeeded(ReadTextFile(entry.FilePath, settings), entry.FilePath))
+            return;
+        if (FindIgnoringCase(settings, TextureKey, 0) == text::npos)
+            return; // it could not be read when it was looked at
         if (ToUtf8(FromUtf8(entry.Name, SystemCodePage()), SystemCodePage()) != entry.Name)
             return bar.Tell(entry.Name + ": no setting can hold this name, it is passed over");
         const text before = settings;
@@ -99,7 +100,7 @@ public:
             return;
         FinishFolder(entry.Name);
         bar.Tell(entry.Name +
-                 (Exists(sEnvFolder + entry.Name) ? ": organized" : ": none of its textures can be read"));
+                 (Exists(sEnvFolder + entry.Name) ? ": organized" : ": none of its textures is there"));
     }
 
     void MoveUnusedFiles() {
@@ -107,7 +108,7 @@ public:
         std::error_code error;
         if (!Exists(target))
             Files().CreateFolder(target, error);
-        for (const std::string& name : NormalFilesIn(sEnvFolder)) {
+        for (const std::string& name : NormalFilesIn(sEnvFolder, error)) {
             if (HasExtension(name, EnvironmentExtension))
                 continue;
             std::error_code taken;
@@ -117,7 +118,7 @@ public:
         }
     }
 
-    bool AllWritten() const { return allWritten; }
+    bool AllWell() const { return allWell; }
 
 private:
     /// Copies the textures that `settings` names and makes it name the copies. @return whether all were
@@ -143,12 +144,13 @@ private:
     bool CopyTexture(const std::string& from, const std::string& to, const std::string& name,
                      const std::string& shown) {
         FileBuffer texture;
-        if (!ReadFileBuffer(sNLFolder + from, texture)) {
-            bar.Tell(shown + " cannot be read");
+        if (!FileExists(sNLFolder + from)) {
+            bar.Tell(shown + " is missing");
             return true;
         }
         const std::string target = sNLFolder + to;
-        if (!Succeeded(BeginFolder(name), sEnvFolder + name))
+        if (!Succeeded(ReadFileBuffer(sNLFolder + from, texture), sNLFolder + from) ||
+            !Succeeded(BeginFolder(name), sEnvFolder + name))
             return false;
         if (from == to)
             return true;
@@ -184,7 +186,7 @@ private:
 
     bool Succeeded(const FileResult& result, const std::string& path) {
         if (!result) {
-            allWritten = false;
+            allWell = false;
             bar.Tell(path + ": " + result.Reason);
         }
         return result.Done;
@@ -193,7 +195,7 @@ private:
     std::string sNLFolder;
     std::string sEnvFolder;
     OrganizerProgress& bar;
-    bool allWritten = true;
+    bool allWell = true;
 };
 
 } // namespace
@@ -201,7 +203,10 @@ private:
 EnvironmentScan ScanEnvironments(const std::string& sNoLimitsPath) {
     const std::string sEnvFolder = SimulatorFolder(sNoLimitsPath) + EnvironmentsFolder;
     EnvironmentScan scan;
-    for (const std::string& file : NormalFilesIn(sEnvFolder)) {
+    std::error_code error;
+    const std::vector<std::string> files = NormalFilesIn(sEnvFolder, error);
+    scan.Complete = !error || !Exists(sEnvFolder);
+    for (const std::string& file : files) {
         if (!HasExtension(file, EnvironmentExtension))
             continue;
         const std::string name = WithoutEvery(file, EnvironmentExtension);
@@ -229,13 +234,14 @@ bool OrganizeEnvironments(const std::string& sNoLimitsPath, OrganizerProgress& p
         pbProgress.ShowShare(static_cast<int>(i * 100 / count));
         pbProgress.RunPendingEvents();
     }
-    // What an environment still names may lie loose where something could not be written.
-    if (run.AllWritten())
+    // What an environment still names may lie loose where something could not be read or written.
+    const bool allWell = scan.Complete && run.AllWell();
+    if (allWell)
         run.MoveUnusedFiles();
     else
-        pbProgress.Tell("No file is moved, because something could not be written");
+        pbProgress.Tell("No file is moved, because something could not be read or written");
     pbProgress.ShowDone();
-    return run.AllWritten();
+    return allWell;
 }
 
 std::vector<text> ParseTexturePaths(const text& sText) {

@@ -24,6 +24,8 @@ struct EnvironmentScan {
     std::vector<EnvironmentEntry> EnvironmentList;
     /// How many of them are not organized.
     std::int32_t Unorganized = 0;
+    /// The folder could be read, or there is none.
+    bool Complete = true;
 };
 
 /// What a run of the organizer shows while it works.
@@ -50,7 +52,8 @@ EnvironmentScan ScanEnvironments(const std::string& sNoLimitsPath);
 /// and its .env file is made to name these, and what then lies loose and is no .env file is moved to
 /// "__Unused Files__". A run that is cut off at any moment can be run again. A call in the middle of a run
 /// does nothing.
-/// @return whether all went well; where something could not be written, loose files stay where they are.
+/// @return whether all went well; where something could not be read or written, loose files stay where they
+/// are, because an environment may still name them.
 bool OrganizeEnvironments(const std::string& sNoLimitsPath, OrganizerProgress& pbProgress);
 
 /// @return the values of all texture settings in the text of an .env file, in its order. A last one without a

@@ -44,6 +44,8 @@ private:
 bool FailingFiles::Fails(std::error_code& error) {
     if (++Calls != FailAt)
         return false;
+    if (EndsSuddenly)
+        throw SuddenEnd{};
     error = std::make_error_code(std::errc::no_space_on_device);
     return true;
 }
