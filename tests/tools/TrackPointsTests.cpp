@@ -71,11 +71,5 @@ TEST_F(ToolsOnPoints, ChangeTheCurveAndAtWillTheNodesOfTheSupports) {
         }
 }
 
-TEST_F(ToolsOnPoints, RoundEachSumToThirtyTwoBits) {
-    testing::SetCurve({{{16777216, 0.1F, 0}, {}, {}}}, false);
-    MoveTrack({1, 0.2F, 0}, true);
-    EXPECT_EQ(Track.BezierCurve.Nodes[0].Position, (Vector3{16777216, 0.1F + 0.2F, 0}));
-}
-
 } // namespace
 } // namespace railwright

@@ -48,32 +48,25 @@ TEST_F(Backwards, ReversesNodesAndAllSegmentsButTheLast) {
     EXPECT_EQ(Track.FreeNodes.Count, 5);
 }
 
-/// Gives every number of a segment the value 10.
-TrackSegment SegmentOfTens(std::int32_t type) {
-    TrackSegment s;
-    s.SegmentType = type;
-    for (float* const value :
-         {&s.StationValue0,   &s.StationValue1,   &s.StationValue2, &s.StationValue3, &s.StationValue4,
-          &s.StationValue5,   &s.StationValue6,   &s.StationValue7, &s.StationValue8, &s.StationValue9,
-          &s.StationValue10,  &s.LiftValue0,      &s.LiftValue1,    &s.LiftValue2,    &s.TransportValue0,
-          &s.TransportValue1, &s.TransportValue2, &s.BrakeValue0,   &s.BrakeValue1,   &s.BrakeValue2,
-          &s.BrakeValue3,     &s.BrakeValue4,     &s.BrakeValue5,   &s.BrakeValue6})
-        *value = 10;
-    return s;
-}
+using S = TrackSegment;
+constexpr float S::*Numbers[] = {
+    &S::StationValue0,   &S::StationValue1,   &S::StationValue2, &S::StationValue3, &S::StationValue4,
+    &S::StationValue5,   &S::StationValue6,   &S::StationValue7, &S::StationValue8, &S::StationValue9,
+    &S::StationValue10,  &S::LiftValue0,      &S::LiftValue1,    &S::LiftValue2,    &S::TransportValue0,
+    &S::TransportValue1, &S::TransportValue2, &S::BrakeValue0,   &S::BrakeValue1,   &S::BrakeValue2,
+    &S::BrakeValue3,     &S::BrakeValue4,     &S::BrakeValue5,   &S::BrakeValue6};
 
-/// The numbers of a segment in the order of SegmentOfTens.
-std::vector<float> NumbersOf(const TrackSegment& s) {
-    return {s.StationValue0,   s.StationValue1,   s.StationValue2, s.StationValue3, s.StationValue4,
-            s.StationValue5,   s.StationValue6,   s.StationValue7, s.StationValue8, s.StationValue9,
-            s.StationValue10,  s.LiftValue0,      s.LiftValue1,    s.LiftValue2,    s.TransportValue0,
-            s.TransportValue1, s.TransportValue2, s.BrakeValue0,   s.BrakeValue1,   s.BrakeValue2,
-            s.BrakeValue3,     s.BrakeValue4,     s.BrakeValue5,   s.BrakeValue6};
+TrackSegment SegmentOfTens(std::int32_t type) {
+    TrackSegment segment;
+    segment.SegmentType = type;
+    for (float S::*const number : Numbers)
+        segment.*number = 10;
+    return segment;
 }
 
 TEST_F(Backwards, TurnsTheSpeedsOfEachKindByItsOwnFactors) {
     struct Change {
-        std::size_t Place; // in NumbersOf
+        std::size_t Place; // in Numbers
         float Once;
         float Twice;
     };
@@ -97,10 +90,10 @@ TEST_F(Backwards, TurnsTheSpeedsOfEachKindByItsOwnFactors) {
         }
         for (const std::vector<float>& expected : {once, twice}) {
             RebuildBackwards();
-            const std::vector<float> numbers = NumbersOf(Track.SegmentList.Segments[0]);
-            for (std::size_t i = 0; i < numbers.size(); ++i)
-                EXPECT_FLOAT_EQ(numbers[i], expected[i]) << "kind " << type << ", number " << i;
-            EXPECT_EQ(NumbersOf(Track.SegmentList.Segments[1]), std::vector<float>(24, 10));
+            for (std::size_t i = 0; i < expected.size(); ++i) {
+                EXPECT_FLOAT_EQ(Track.SegmentList.Segments[0].*Numbers[i], expected[i]) << type << ' ' << i;
+                EXPECT_EQ(Track.SegmentList.Segments[1].*Numbers[i], 10);
+            }
         }
     }
 }

@@ -1,10 +1,11 @@
 #include "tools/mNLT_Remove.h"
 
+#include "cli/Steps.h"
 #include "tests/support/Tracks.h"
 
 #include <gtest/gtest.h>
 
-#include <functional>
+#include <string>
 
 namespace railwright {
 namespace {
@@ -57,26 +58,16 @@ protected:
 
 TEST_F(RemoveData, EmptiesTheChosenClassAndNoOther) {
     const std::string all = "TtcfFpbwhroae";
-    bool TrackDataClasses::*const classes[] = {&TrackDataClasses::Track,
-                                               &TrackDataClasses::Tunnels,
-                                               &TrackDataClasses::CustomColors,
-                                               &TrackDataClasses::FreeNodes,
-                                               &TrackDataClasses::FundamentalNodes,
-                                               &TrackDataClasses::PreFabSupports,
-                                               &TrackDataClasses::SupportBeams,
-                                               &TrackDataClasses::WoodCatwalks,
-                                               &TrackDataClasses::Terrain,
-                                               &TrackDataClasses::Trees,
-                                               &TrackDataClasses::SceneryObjects,
-                                               &TrackDataClasses::AuthorComments,
-                                               &TrackDataClasses::PreferredEnvironment};
+    const std::string steps[] = {"remove=track",         "remove=tunnels",           "remove=custom-colors",
+                                 "remove=free-nodes",    "remove=fundamental-nodes", "remove=prefab-supports",
+                                 "remove=support-beams", "remove=catwalks",          "remove=terrain",
+                                 "remove=trees",         "remove=objects",           "remove=comments",
+                                 "remove=environment"};
     RemoveTrackData({});
     EXPECT_EQ(Left(), all);
     for (std::size_t i = 0; i < all.size(); ++i) {
         SetUp();
-        TrackDataClasses one;
-        one.*classes[i] = true;
-        RemoveTrackData(one);
+        EXPECT_TRUE(ApplyTrackSteps({&steps[i], 1}).Done);
         EXPECT_EQ(Left(), all.substr(0, i) + all.substr(i + 1));
         // The records stay, and so does what lies beyond the curve's nodes.
         EXPECT_TRUE(Track.SegmentList.Segments[3].Tunnel && Track.SegmentList.Segments[3].CustomColors);
