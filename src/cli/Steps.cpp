@@ -89,6 +89,8 @@ struct Choice {
     std::string_view Word;
     Meaning Means;
 };
+template <class Meaning>
+Choice(const char*, Meaning) -> Choice<Meaning>;
 
 template <class Choices>
 auto ChosenFrom(const Choices& choices, std::string_view word) {

@@ -128,7 +128,7 @@ void ReportFile(Report& report, const std::string& sDocumentFile) {
     report.Line("File Name...: ", WithoutEvery(BaseName(sDocumentFile), TrackExtension));
     report.WholeLine("File Size...: ", FileLength(sDocumentFile), " bytes.");
     std::string version;
-    for (const std::size_t place : {0, 1, 3, 2})
+    for (const std::size_t place : {0U, 1U, 3U, 2U})
         version += (version.empty() ? "" : ".") + std::to_string(Track.FileHeader.Version[place]);
     report.Line("File Version: ", version);
     report.BlankLine();

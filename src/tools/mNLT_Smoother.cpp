@@ -175,6 +175,8 @@ private:
         const double cosineG = Cosine(g, {-e.X, -e.Y, -e.Z});
         const double sineF = std::sqrt(1 - cosineF * cosineF);
         const double sineG = std::sqrt(1 - cosineG * cosineG);
+        if (std::isnan(sineF) || std::isnan(sineG))
+            return;
         float r = 1;
         if (sineG != 0) {
             const float sines = Narrow(sineF / sineG);
