@@ -22,11 +22,8 @@ inline void PrintTo(const Vector3& point, std::ostream* out) {
 namespace testing {
 
 inline void ExpectNear(const Vector3& actual, const Vector3& expected, float tolerance) {
-    const bool near = std::abs(actual.X - expected.X) <= tolerance &&
-                      std::abs(actual.Y - expected.Y) <= tolerance &&
-                      std::abs(actual.Z - expected.Z) <= tolerance;
-    EXPECT_TRUE(near) << ::testing::PrintToString(actual) << " instead of "
-                      << ::testing::PrintToString(expected);
+    for (float Vector3::*const axis : {&Vector3::X, &Vector3::Y, &Vector3::Z})
+        EXPECT_NEAR(actual.*axis, expected.*axis, tolerance);
 }
 
 /// A test that begins with both documents empty.
@@ -54,26 +51,25 @@ inline Vector3 Between(const Vector3& a, const Vector3& b, float share) {
 
 /// Gives Track straight spans from point to point, along which a point moves evenly with T.
 inline void SetStraightCurve(const std::vector<Vector3>& points, bool closed) {
-    std::vector<BezierNode> nodes(points.size());
+    std::vector<BezierNode> nodes;
     for (std::size_t i = 0; i < points.size(); ++i) {
         const Vector3& before = points[i > 0 ? i - 1 : points.size() - 1];
         const Vector3& after = points[i + 1 < points.size() ? i + 1 : 0];
-        nodes[i].Position = points[i];
-        nodes[i].ControlIn = Between(points[i], before, 1.0F / 3);
-        nodes[i].ControlOut = Between(points[i], after, 1.0F / 3);
+        nodes.push_back(
+            {points[i], Between(points[i], before, 1.0F / 3), Between(points[i], after, 1.0F / 3)});
     }
     SetCurve(std::move(nodes), closed);
 }
 
-/// Gives Element straight spans from point to point, the first of which should be the origin.
+/// The same for Element. The first point should be the origin.
 inline void SetStraightElement(const std::vector<Vector3>& points) {
     Element.NodeCount = static_cast<std::int32_t>(points.size()) - 1;
-    Element.Nodes.assign(points.size(), {});
+    Element.Nodes.clear();
     for (std::size_t i = 0; i < points.size(); ++i) {
-        Element.Nodes[i].Position = points[i];
-        Element.Nodes[i].ControlIn = i > 0 ? Between(points[i], points[i - 1], 1.0F / 3) : points[i];
-        Element.Nodes[i].ControlOut =
-            i + 1 < points.size() ? Between(points[i], points[i + 1], 1.0F / 3) : points[i];
+        const Vector3& before = points[i > 0 ? i - 1 : i];
+        const Vector3& after = points[i + 1 < points.size() ? i + 1 : i];
+        Element.Nodes.push_back(
+            {points[i], Between(points[i], after, 1.0F / 3), Between(points[i], before, 1.0F / 3)});
     }
 }
 
