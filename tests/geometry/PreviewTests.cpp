@@ -13,39 +13,38 @@ namespace railwright {
 namespace {
 
 /// A picture that writes down what is done to it, in a list that two of them can share.
-class RecordingPictureBox final : public PictureBox {
-public:
-    RecordingPictureBox(std::string boxName, std::vector<std::string>& list)
-        : name(std::move(boxName)), calls(list) {}
+struct RecordingPictureBox final : PictureBox {
+    std::string Name;
+    std::vector<std::string>& Calls;
+    Vector3 LastPoint;
 
+    RecordingPictureBox(const char* name, std::vector<std::string>& calls) : Name(name), Calls(calls) {}
     void Cls() override { Record("cls"); }
-    void Line(float x1, float y1, float x2, float y2, Rgb c) override {
-        Record("line", x1, y1, x2, y2, In(c));
+    void Line(float x1, float y1, float x2, float y2, Rgb c) override { Record("", x1, y1, x2, y2, In(c)); }
+    void PSet(float x, float y, Rgb c) override {
+        Record("point", x, y, In(c));
+        LastPoint = {x, y, 0};
     }
-    void PSet(float x, float y, Rgb c) override { Record("point", x, y, In(c)); }
     void DrawWidth(int pixels) override { Record("width", pixels); }
 
-private:
     static std::string In(Rgb c) {
+        if (c.Red == c.Green && c.Green == c.Blue && c.Red <= 64)
+            return c.Red == 32 ? "grid" : c.Red == 64 ? "axis" : "dark";
         return std::to_string(c.Red) + ',' + std::to_string(c.Green) + ',' + std::to_string(c.Blue);
     }
     template <class... Words>
-    void Record(const Words&... words) {
+    void Record(const char* action, const Words&... words) {
         std::ostringstream call;
-        call << name;
+        call << Name << action;
         ((call << ' ' << words), ...);
-        calls.push_back(call.str());
+        Calls.push_back(call.str());
     }
-
-    std::string name;
-    std::vector<std::string>& calls;
 };
 
 class Previews : public testing::EmptyDocuments {
 protected:
     std::vector<std::string> calls;
-    RecordingPictureBox plan{"plan", calls};
-    RecordingPictureBox side{"side", calls};
+    RecordingPictureBox plan{"p", calls}, side{"s", calls};
 
     void DrawTrack() {
         calls.clear();
@@ -62,8 +61,11 @@ protected:
         return std::count_if(calls.begin(), calls.end(),
                              [&](const std::string& call) { return call.ends_with(ending); });
     }
-    void ExpectCalls(const std::vector<std::pair<std::size_t, const char*>>& expected) const {
-        for (const auto& [place, call] : expected)
+    /// @param expected calls with their places in the list, each with a semicolon behind it.
+    void ExpectCalls(const std::string& expected) const {
+        std::istringstream rows(expected);
+        std::size_t place = 0;
+        for (std::string call; rows >> place && std::getline(rows >> std::ws, call, ';');)
             EXPECT_EQ(calls.at(place), call) << place;
     }
 };
@@ -74,22 +76,11 @@ TEST_F(Previews, DrawATrackOverItsGroundInChordsOfFourSamples) {
     testing::SetStraightCurve({{-200, 30, 50}, {200, 30, 50}}, false); // 4 metres from sample to sample
     DrawTrack();
     ASSERT_EQ(calls.size(), GroundOfTrack + 50);
-    ExpectCalls({{0, "plan cls"},
-                 {1, "side cls"},
-                 {4, "plan line 0 5 220 5 32,32,32"},
-                 {91, "plan line 220 0 220 220 32,32,32"},
-                 {92, "plan line 110 0 110 220 64,64,64"},
-                 {93, "plan line 0 110 220 110 64,64,64"},
-                 {94, "side line 0 35 220 35 32,32,32"},
-                 {109, "side line 0 110 220 110 32,32,32"},
-                 {111, "side line 5 35 5 110 32,32,32"},
-                 {154, "side line 220 35 220 110 32,32,32"},
-                 {155, "side line 110 35 110 110 64,64,64"},
-                 {156, "side line 0 110 220 110 64,64,64"},
-                 {157, "plan line 10 135 18 135 0,128,255"},
-                 {158, "side line 10 95 18 95 0,128,255"},
-                 {159, "plan line 18 135 26 135 0,128,255"}});
-
+    ExpectCalls("0 pcls; 1 scls; 4 p 0 5 220 5 grid; 91 p 220 0 220 220 grid; 92 p 110 0 110 220 axis; "
+                "93 p 0 110 220 110 axis; 94 s 0 35 220 35 grid; 109 s 0 110 220 110 grid; "
+                "111 s 5 35 5 110 grid; 154 s 220 35 220 110 grid; 155 s 110 35 110 110 axis; "
+                "156 s 0 110 220 110 axis; 157 p 10 135 18 135 0,128,255; 158 s 10 95 18 95 0,128,255; "
+                "159 p 18 135 26 135 0,128,255;");
     for (const auto& [length, chords] : {std::pair(2.4F, 1U), {1.9F, 0U}}) { // 5 points or 4
         testing::SetStraightCurve({{0, 0, 0}, {0, 0, length}}, false);
         DrawTrack();
@@ -107,7 +98,7 @@ TEST_F(Previews, ColourAChordByTheSegmentOfItsFirstSample) {
 
     const std::pair<std::int32_t, const char*> colours[] = {
         {0, " 0,128,255"}, {1, " 255,128,0"}, {2, " 0,255,0"},   {3, " 255,255,0"},       {4, " 255,0,0"},
-        {5, " 64,64,64"},  {6, " 32,32,32"},  {7, " 0,128,255"}, {1000000, " 0,128,255"}, {-1, " 0,128,255"}};
+        {5, "axis"},       {6, "grid"},       {7, " 0,128,255"}, {1000000, " 0,128,255"}, {-1, " 0,128,255"}};
     for (const auto& [type, colour] : colours) {
         segments[0].SegmentType = segments[1].SegmentType = type;
         DrawTrack();
@@ -125,7 +116,7 @@ TEST_F(Previews, LeaveOutWhatIsNotFinite) {
     Track.BezierCurve.Nodes[1].Position.Y = std::numeric_limits<float>::infinity();
     DrawTrack();
     for (const std::string& call : calls)
-        EXPECT_EQ(call.find_first_of("n", 12), std::string::npos) << call; // neither inf nor nan
+        EXPECT_EQ(call.find('n'), std::string::npos) << call; // neither inf nor nan
     testing::SetStraightElement({{}, {0, 0, 20}, {0, 0, 40}});
     Element.Nodes[1].Position.X = std::numeric_limits<float>::quiet_NaN();
     DrawElement();
@@ -137,23 +128,12 @@ TEST_F(Previews, DrawAnElementOverItsGridAndItsNodesLast) {
     DrawElement();
     // The first grid line lies at 110 - 7 * 15 = 5: 15 lines each way and two axes on both pictures.
     ASSERT_EQ(calls.size(), 4U + 2 * 32 + 2 * 19 + 2 + 4);
-    ExpectCalls({{0, "plan cls"},
-                 {1, "side cls"},
-                 {2, "plan width 1"},
-                 {3, "side width 1"},
-                 {4, "plan line 0 5 220 5 32,32,32"},
-                 {5, "plan line 5 0 5 220 32,32,32"},
-                 {34, "plan line 110 0 110 220 64,64,64"},
-                 {35, "plan line 0 110 220 110 64,64,64"},
-                 {36, "side line 0 5 220 5 32,32,32"},
-                 {68, "plan line 110 110 110.3 107 0,128,255"},
-                 {69, "side line 110 110 113 109.4 0,128,255"},
-                 {105, "side line 164 99.2 170 98 0,128,255"},
-                 {106, "plan width 3"},
-                 {107, "side width 3"},
-                 {109, "side point 110 110 255,255,0"},
-                 {110, "plan point 116 50 255,255,255"},
-                 {111, "side point 170 98 255,255,255"}});
+    ExpectCalls("0 pcls; 1 scls; 2 pwidth 1; 3 swidth 1; 4 p 0 5 220 5 grid; 5 p 5 0 5 220 grid; "
+                "34 p 110 0 110 220 axis; 35 p 0 110 220 110 axis; 36 s 0 5 220 5 grid; "
+                "68 p 110 110 110.3 107 0,128,255; 69 s 110 110 113 109.4 0,128,255; "
+                "105 s 164 99.2 170 98 0,128,255; 106 pwidth 3; 107 swidth 3; "
+                "109 spoint 110 110 255,255,0; 110 ppoint 116 50 255,255,255; "
+                "111 spoint 170 98 255,255,255;");
 }
 
 TEST_F(Previews, ScaleAnElementByItsLargestExtent) {
@@ -168,13 +148,11 @@ TEST_F(Previews, ScaleAnElementByItsLargestExtent) {
             end.*axis = extent / 0.9F;
             testing::SetStraightElement({{}, end});
             DrawElement();
-            EXPECT_EQ(Count(" 32,32,32"), 4 * lines) << extent;
-            std::istringstream node(calls[calls.size() - (axis == &Vector3::Y ? 1 : 2)]);
-            std::string word;
-            float x = 0, y = 0;
-            node >> word >> word >> x >> y;
-            const float expected = scale * extent / 0.9F;
-            EXPECT_NEAR(axis == &Vector3::X ? x - 110 : std::abs(y - 110), expected, expected * 1e-3F);
+            EXPECT_EQ(Count("grid"), 4 * lines) << extent;
+            const float pixels = axis == &Vector3::X   ? plan.LastPoint.X - 110
+                                 : axis == &Vector3::Y ? 110 - side.LastPoint.Y
+                                                       : plan.LastPoint.Y - 110;
+            EXPECT_NEAR(pixels, scale * extent / 0.9F, scale * extent * 1e-3F);
         }
 }
 
