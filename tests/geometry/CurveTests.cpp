@@ -41,9 +41,7 @@ TEST_F(Curves, AreCubicsWithTheEndBeforeTheSecondControl) {
 TEST_F(Curves, KeepEverySampleThatLiesFarFromTheLast) {
     SetStraightCurve({{0, 9, 0}, {300, 9, 0}, {300, 9, 300}}, false);
     AnalyzeTrack();
-    ASSERT_EQ(TrackPolyline.size(), 201U); // the first sample of the second span is no new point
-    ASSERT_EQ(TrackPolylineNode.size(), 201U);
-    EXPECT_EQ(TrackPolylineLast, 200);
+    ASSERT_TRUE(TrackPolyline.size() == 201 && TrackPolylineNode.size() == 201 && TrackPolylineLast == 200);
     EXPECT_EQ(std::count(TrackPolylineNode.begin(), TrackPolylineNode.end(), 0), 101);
     // Adding 0.01 a hundred times in 32 bits falls short of 1.
     ExpectNear(TrackPolyline[100], {300 * 0.9999993F, 9, 0}, 5e-5F);
@@ -67,13 +65,10 @@ TEST_F(Curves, SpaceTheirPointsInPlan) {
 TEST_F(Curves, OfCircuitsCloseByACopyOfTheFirstPoint) {
     SetStraightCurve({{100, 9, -50}, {400, 19, -50}}, true); // out and back
     AnalyzeTrack();
-    ASSERT_EQ(TrackPolyline.size(), 202U);
-    EXPECT_EQ(TrackPolylineNode.size(), 201U);
-    EXPECT_EQ(TrackPolylineLast, 201);
+    ASSERT_TRUE(TrackPolyline.size() == 202 && TrackPolylineNode.size() == 201 && TrackPolylineLast == 201);
     EXPECT_EQ(TrackPolyline[201], TrackPolyline[0]);
     ExpectNear(TrackPolyline[120], {340, 17, -50}, 0.01F); // a fifth of the way back
-
-    SetCurve({{{}, {0, 0, 40}, {40, 0, 0}}}, true); // a single node, which leads to itself
+    SetCurve({{{}, {0, 0, 40}, {40, 0, 0}}}, true);        // a single node, which leads to itself
     AnalyzeTrack();
     const auto isMiddle = [](const Vector3& point) { return std::hypot(point.X - 15, point.Z - 15) < 0.5F; };
     EXPECT_TRUE(std::any_of(TrackPolyline.begin(), TrackPolyline.end(), isMiddle));

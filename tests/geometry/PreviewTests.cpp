@@ -46,16 +46,13 @@ protected:
     std::vector<std::string> calls;
     RecordingPictureBox plan{"p", calls}, side{"s", calls};
 
-    void DrawTrack() {
+    void Draw(void (*analyze)(), void (*draw)(PictureBox&, PictureBox&)) {
         calls.clear();
-        AnalyzeTrack();
-        DrawTrackPreview(plan, side);
+        analyze();
+        draw(plan, side);
     }
-    void DrawElement() {
-        calls.clear();
-        AnalyzeElement();
-        DrawElementPreview(plan, side);
-    }
+    void DrawTrack() { Draw(AnalyzeTrack, DrawTrackPreview); }
+    void DrawElement() { Draw(AnalyzeElement, DrawElementPreview); }
     /// How many calls end in `ending`, a colour for example.
     std::ptrdiff_t Count(const std::string& ending) const {
         return std::count_if(calls.begin(), calls.end(),
@@ -158,17 +155,17 @@ TEST_F(Previews, ScaleAnElementByItsLargestExtent) {
 
 TEST_F(Previews, BecomeOneSvgElementForEachCall) {
     SvgPictureBox picture;
-    const std::string empty = picture.Document();
+    picture.Line(9, 9, 9, 9, {});
+    picture.Cls();
     picture.Line(0, 5, 220, 0.1F, {32, 0, 255});
     picture.DrawWidth(3);
     picture.PSet(1.5F, -2, {255, 255, 0});
-    const std::string ending =
-        "<rect width=\"224\" height=\"224\" fill=\"#000000\"/>\n"
-        "<line x1=\"0\" y1=\"5\" x2=\"220\" y2=\"0.1\" stroke=\"#2000ff\" stroke-width=\"1\"/>\n"
-        "<circle cx=\"1.5\" cy=\"-2\" r=\"1.5\" fill=\"#ffff00\"/>\n</svg>\n";
-    EXPECT_TRUE(picture.Document().ends_with(ending)) << picture.Document();
-    picture.Cls();
-    EXPECT_EQ(picture.Document(), empty);
+    EXPECT_TRUE(picture.Document().ends_with(
+        R"(<rect width="224" height="224" fill="#000000"/>
+<line x1="0" y1="5" x2="220" y2="0.1" stroke="#2000ff" stroke-width="1"/>
+<circle cx="1.5" cy="-2" r="1.5" fill="#ffff00"/>
+</svg>
+)")) << picture.Document();
 }
 
 } // namespace

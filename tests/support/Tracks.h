@@ -7,6 +7,7 @@
 
 #include <cmath>
 #include <ostream>
+#include <span>
 #include <vector>
 
 namespace railwright {
@@ -61,16 +62,13 @@ inline void SetStraightCurve(const std::vector<Vector3>& points, bool closed) {
     SetCurve(std::move(nodes), closed);
 }
 
-/// The same for Element. The first point should be the origin.
+/// The same for Element, by way of Track. The first point should be the origin.
 inline void SetStraightElement(const std::vector<Vector3>& points) {
-    Element.NodeCount = static_cast<std::int32_t>(points.size()) - 1;
+    SetStraightCurve(points, false);
     Element.Nodes.clear();
-    for (std::size_t i = 0; i < points.size(); ++i) {
-        const Vector3& before = points[i > 0 ? i - 1 : i];
-        const Vector3& after = points[i + 1 < points.size() ? i + 1 : i];
-        Element.Nodes.push_back(
-            {points[i], Between(points[i], after, 1.0F / 3), Between(points[i], before, 1.0F / 3)});
-    }
+    Element.NodeCount = static_cast<std::int32_t>(points.size()) - 1;
+    for (const BezierNode& node : std::span(Track.BezierCurve.Nodes).first(points.size()))
+        Element.Nodes.push_back({node.Position, node.ControlOut, node.ControlIn});
 }
 
 } // namespace testing

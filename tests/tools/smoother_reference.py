@@ -1,9 +1,6 @@
 #!/usr/bin/env python3
 """Works out by other means what the Node Smoother makes of the curve in mNLT_SmootherTests.cpp."""
-import math
-import pathlib
-import re
-import struct
+import math, pathlib, re, struct
 
 SOURCE = pathlib.Path(__file__).with_name("mNLT_SmootherTests.cpp").read_text()
 CURVE = re.search(r"WorkedCurve = \{(.*?)\};", SOURCE, re.S)[1]
@@ -57,10 +54,9 @@ for i in range(N):
     e, f, g = minus(B[i], A[i]), minus(A[i], B[p]), minus(B[i], A[q])
     lf, lg = f32(length(f)), f32(length(g))
     sf, sg = math.sqrt(1 - cosine(f, e) ** 2), math.sqrt(1 - cosine(g, [-x for x in e]) ** 2)
-    r = 1.0 if sg == 0 else f32(math.sqrt(f32(sf / sg) * f32(lf / lg)))
-    t = f32(1 - 1 / (r + 1))
+    t = f32(1 - 1 / ((1.0 if sg == 0 else f32(math.sqrt(f32(sf / sg) * f32(lf / lg)))) + 1))
     if f32(0.05) < t < f32(0.95):
         moved[i] = [f32(a + t * x) for a, x in zip(A[i], e)]
 
-for point in range(N):
-    print(*(struct.pack(">f", x).hex().upper() for v in (moved[point], A[point], B[point]) for x in v))
+for point in zip(moved, A, B):
+    print(*(struct.pack(">f", x).hex().upper() for vector in point for x in vector))
