@@ -2,7 +2,6 @@
 #include "tests/support/Tracks.h"
 #include "tools/mNLE_Reverse.h"
 #include "tools/mNLE_Rotate.h"
-#include "tools/mNLT_3DSRenamer.h"
 #include "tools/mNLT_Backwards.h"
 #include "tools/mNLT_Mirror.h"
 #include "tools/mNLT_Remove.h"
@@ -10,6 +9,8 @@
 #include "tools/mNLT_TunnelTest.h"
 
 #include <gtest/gtest.h>
+
+#include <sstream>
 
 namespace railwright {
 namespace {
@@ -94,26 +95,6 @@ TEST_F(Tools, ReverseAnElementFromItsEndByAnAngleOfItsDirection) {
     ExpectNear(nodes[2].ControlIn, {0, -6, -50}, 1e-5F);
 }
 
-TEST_F(Tools, RenameTheChosenObjectAndThoseOfItsName) {
-    // e with acute in both cases, the division sign (whose byte is 0x20 above the multiplication sign), and
-    // S with caron, which lies apart from the other letters.
-    const std::vector<text> names = {"CAF\xC9.3ds", "caf\xE9.3DS", "cafe.3ds", "x\xD7.3ds",
-                                     "x\xF7.3ds",   "\x8A.3ds",    "\x9A.3ds", "caf\xE9.3ds "};
-    const std::tuple<std::int32_t, bool, const char*> cases[] = {
-        {0, true, "11000000"}, {1, true, "11000000"}, {1, false, "01000000"},
-        {3, true, "00010000"}, {6, true, "00000110"}, {7, true, "00000001"}};
-    for (const auto& [index, all, expected] : cases) {
-        Track.SceneryObjects = {{}, 8, std::vector<SceneryObject>(9)};
-        for (std::size_t i = 0; i < 8; ++i)
-            Track.SceneryObjects.Items[i].FileName = names[i];
-        RenameSceneryObject(index, "sub\\new", all);
-        std::string renamed;
-        for (std::size_t i = 0; i < 8; ++i)
-            renamed += Track.SceneryObjects.Items[i].FileName == "sub\\new" ? '1' : '0';
-        EXPECT_EQ(renamed, expected) << index;
-    }
-}
-
 TEST_F(Tools, SetTunnelsOfAllSegmentsWhateverTheNumberOfNodes) {
     const std::pair<int, std::string> cases[] = {
         {TunnelMode::Toggle, "010"}, {TunnelMode::All, "111"}, {TunnelMode::None, "000"}, {3, "101"}};
@@ -158,79 +139,67 @@ std::string ClassesLeft() {
 }
 
 TEST_F(Tools, RemoveTheChosenClassAndNoOther) {
-    const char* const names[] = {
-        "track",           "tunnels",       "custom-colors", "free-nodes", "fundamental-nodes",
-        "prefab-supports", "support-beams", "catwalks",      "terrain",    "trees",
-        "objects",         "comments",      "environment"};
+    std::istringstream names("track tunnels custom-colors free-nodes fundamental-nodes prefab-supports "
+                             "support-beams catwalks terrain trees objects comments environment");
     for (std::size_t i = 0; i < 13; ++i) {
         FillClasses();
-        const std::string step = std::string("remove=") + names[i];
+        std::string name;
+        names >> name;
+        const std::string step = "remove=" + name;
         EXPECT_TRUE(ApplyTrackSteps({&step, 1}).Done);
         EXPECT_EQ(ClassesLeft(), std::string(i, '1') + '0' + std::string(12 - i, '1'));
-        // The records stay, and so does what lies beyond the curve's nodes.
+        // What lies beyond the curve's nodes stays.
         EXPECT_TRUE(Track.SegmentList.Segments[3].Tunnel && Track.SegmentList.Segments[3].CustomColors);
-        EXPECT_TRUE(Track.SegmentList.SegmentCount == 4 && Track.PreFabSupports.NodeCount == 2);
     }
     FillClasses(); // behind the track it stops
     RemoveTrackData({true, true, true, true, true, true, true, true, true, true, true, true, true});
     EXPECT_EQ(ClassesLeft(), "0110000000000");
 }
 
+/// Three nodes, and as many segments as asked for.
+void SetOpenTrack(std::int32_t segments) {
+    testing::SetCurve({{{10, 1, 1}, {11, 1, 1}, {12, 1, 1}, 30, true, false, false},
+                       {{20, 1, 1}, {21, 1, 1}, {22, 1, 1}, 1, false, true, false},
+                       {{30, 1, 1}, {31, 1, 1}, {32, 1, 1}, -5, false, false, true}},
+                      false);
+    Track.SegmentList.SegmentCount = segments;
+    Track.SegmentList.Segments.resize(static_cast<std::size_t>(segments) + 1);
+    for (std::size_t i = 0; i < static_cast<std::size_t>(segments); ++i)
+        Track.SegmentList.Segments[i].Color[0] = static_cast<ColorValue>(i + 1);
+}
+
+/// @return the X of the points of each node, its roll, which flag it has, and the colour of its segment.
+std::string NodesAndSegments() {
+    std::ostringstream all;
+    for (std::size_t i = 0; i < static_cast<std::size_t>(Track.BezierCurve.NodeCount); ++i) {
+        const BezierNode& n = Track.BezierCurve.Nodes[i];
+        all << n.Position.X << ' ' << n.ControlIn.X << ' ' << n.ControlOut.X << ' ' << n.Roll
+            << (n.FlagA ? "A" : "") << (n.FlagB ? "B" : "") << (n.FlagC ? "C" : "")
+            << Track.SegmentList.Segments[i].Color[0] << "; ";
+    }
+    return all.str();
+}
+
 TEST_F(Tools, LayATrackBackOverItselfAsAShuttle) {
-    TrackSegment full;
-    full.SegmentType = SegmentKind::Brake;
-    full.Tunnel = full.CustomColors = true;
-    for (const std::int32_t count : {0, 1, 3, 10}) { // a file may hold more or fewer segments than nodes
-        testing::SetCurve({{{10, 1, 1}, {11, 1, 1}, {12, 1, 1}, 30, true, false, false},
-                           {{20, 1, 1}, {21, 1, 1}, {22, 1, 1}, 0, false, false, false},
-                           {{30, 1, 1}, {31, 1, 1}, {32, 1, 1}, -5, false, false, true}},
-                          false);
-        Track.SegmentList = {
-            {}, false, count, std::vector<TrackSegment>(static_cast<std::size_t>(count) + 1, full)};
+    for (const std::int32_t count : {1, 3, 10}) { // a file may hold more or fewer segments than nodes
+        SetOpenTrack(count);
         MakeShuttle();
-        ASSERT_TRUE(Track.BezierCurve.NodeCount == 6 && Track.SegmentList.SegmentCount == 6);
+        const std::string there = count == 1 ? "10 11 12 30A1; 20 21 22 1B0; 30 31 32 -5C0; "
+                                             : "10 11 12 30A1; 20 21 22 1B2; 30 31 32 -5C3; ";
+        EXPECT_EQ(NodesAndSegments(), there + "30 32 31 5C0; 20 22 21 -1B0; 10 12 11 -30A0; ");
+        EXPECT_EQ(Track.SegmentList.SegmentCount, 6);
         EXPECT_TRUE(Track.SegmentList.ClosedCircuit);
-        const float places[] = {10, 20, 30, 30, 20, 10}, rolls[] = {30, 0, -5, 5, 0, -30};
-        for (std::size_t i = 0; i < 6; ++i) {
-            const BezierNode& node = Track.BezierCurve.Nodes[i];
-            const bool back = i >= 3;
-            EXPECT_TRUE(node.Position.X == places[i] && node.Roll == rolls[i]) << i;
-            EXPECT_TRUE(node.ControlIn.X == places[i] + (back ? 2 : 1) &&
-                        node.ControlOut.X == places[i] + (back ? 1 : 2));
-            EXPECT_TRUE(node.FlagA == (places[i] == 10) && node.FlagC == (places[i] == 30));
-            const TrackSegment& segment = Track.SegmentList.Segments[i];
-            if (back || static_cast<std::int32_t>(i) < count) {
-                EXPECT_EQ(segment.SegmentType, back ? SegmentKind::Normal : SegmentKind::Brake) << i;
-                EXPECT_TRUE(segment.Tunnel != back && segment.CustomColors != back);
-            }
-        }
     }
 }
 
 TEST_F(Tools, RunATrackBackwards) {
-    std::vector<BezierNode> nodes;
-    for (const float place : {10.0F, 20.0F, 30.0F, 40.0F})
-        nodes.push_back(
-            {{place, 0, 0}, {place + 1, 0, 0}, {place + 2, 0, 0}, place, place == 10, false, true});
-    testing::SetCurve(nodes, true);
-    auto& segments = Track.SegmentList.Segments;
-    for (std::size_t i = 0; i < 4; ++i)
-        segments[i].Color[0] = static_cast<ColorValue>(i);
+    SetOpenTrack(3);
     Track.TrackHeader.NumTrains = 3;
-    Track.PreFabSupports = {{}, 4, {{1, 0}, {0, 1}, {0, 1}, {2, 1}}, {{}, {}, {}}};
+    Track.PreFabSupports = {{}, 3, {{1, 0}, {0, 1}, {2, 1}}, {{}, {}, {}}};
     RebuildBackwards();
-    const ColorValue colours[] = {2, 1, 0, 3};
-    for (std::size_t i = 0; i < 4; ++i) {
-        const BezierNode& node = Track.BezierCurve.Nodes[i];
-        const float place = 40 - 10 * static_cast<float>(i);
-        EXPECT_TRUE(node.Position.X == place && node.Roll == -place) << i;
-        EXPECT_TRUE(node.ControlIn.X == place + 2 && node.ControlOut.X == place + 1);
-        EXPECT_TRUE(node.FlagA == (place == 10) && !node.FlagB && node.FlagC);
-        EXPECT_EQ(Track.PreFabSupports.Nodes[i].SupportCount, 0);
-        EXPECT_EQ(segments[i].Color[0], colours[i]);
-    }
+    EXPECT_EQ(NodesAndSegments(), "30 32 31 5C2; 20 22 21 -1B1; 10 12 11 -30A3; "); // the last segment stays
+    EXPECT_EQ(Track.PreFabSupports.Nodes[0].SupportCount + Track.PreFabSupports.Nodes[2].SupportCount, 0);
     EXPECT_EQ(Track.TrackHeader.NumTrains, 1);
-    EXPECT_TRUE(Track.SegmentList.ClosedCircuit);
 }
 
 using S = TrackSegment;
