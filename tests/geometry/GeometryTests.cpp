@@ -1,16 +1,98 @@
+#include "geometry/BezierSpan.h"
 #include "geometry/Preview.h"
-
+#include "geometry/mMatrix3D.h"
 #include "geometry/mNoLimits_TrackTools.h"
-#include "platform/svg/SvgPictureBox.h"
 #include "tests/support/Tracks.h"
+#include "tools/mNLT_Overview.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 #include <sstream>
 
 namespace railwright {
 namespace {
+
+using testing::ExpectNear;
+using testing::SetCurve;
+using testing::SetStraightCurve;
+
+using Curves = testing::EmptyDocuments;
+
+TEST_F(Curves, AreTurnedByMatricesWhoseRightFactorActsFirst) {
+    ExpectNear(MatrixTransform(MatrixRotateX(30), {7, 1, 0}), {7, 0.8660254F, 0.5F}, 1e-6F);
+    // A quarter turn rounded to 32 bits in radians lies 4.371e-8 above the true one.
+    EXPECT_NEAR(MatrixRotateY(90)[0], -4.371e-8F, 1e-11F);
+    const Matrix3D A = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16};
+    const Matrix3D product = MatrixMultiply(A, {2, 0, 0, 1, 0, 3, 1, 0, 1, 0, 0, 2, 0, 1, 0, 1});
+    EXPECT_EQ(product, (Matrix3D{5, 10, 2, 11, 17, 26, 6, 27, 29, 42, 10, 43, 41, 58, 14, 59}));
+    EXPECT_EQ(MatrixTransform(A, {1, 2, 3}), (Vector3{18, 46, 74})); // the bottom row is not read
+    // At a quarter of a span the weights are 27, 27, 1 (of the end) and 9 of 64.
+    const Vector3 point = BezierPoint({64, 0, 0}, {0, 64, 0}, {6400, 6400, 6400}, {0, 0, 64}, 0.25F);
+    EXPECT_EQ(point, (Vector3{127, 127, 109}));
+}
+
+TEST_F(Curves, KeepEverySampleThatLiesFarFromTheLast) {
+    SetStraightCurve({{0, 9, 0}, {300, 9, 0}, {300, 9, 300}}, false);
+    AnalyzeTrack();
+    ASSERT_TRUE(TrackPolyline.size() == 201 && TrackPolylineNode.size() == 201 && TrackPolylineLast == 200);
+    EXPECT_EQ(std::count(TrackPolylineNode.begin(), TrackPolylineNode.end(), 0), 101);
+    // Adding 0.01 a hundred times in 32 bits falls short of 1.
+    ExpectNear(TrackPolyline[100], {300 * 0.9999993F, 9, 0}, 5e-5F);
+    ExpectNear(TrackPolyline[101], {300, 9, 3}, 1e-3F);
+    EXPECT_NEAR(TrackLength(), 599.9998F, 2e-3F);
+}
+
+TEST_F(Curves, SpaceTheirPointsInPlan) {
+    for (const float rise : {0.0F, 40.0F}) { // 0.3 metres from sample to sample: every other one is kept
+        SetStraightCurve({{0, 5, 0}, {0, 5 + rise, 30}}, false);
+        AnalyzeTrack();
+        ASSERT_EQ(TrackPolyline.size(), 51U);
+        ExpectNear(TrackPolyline[40], {0, 5 + rise * 0.8F, 24}, 1e-4F);
+        EXPECT_NEAR(TrackLength(), rise == 0 ? 30.0F : 50.0F, 1e-3F);
+    }
+    SetStraightCurve({{5, 0, 5}, {5, 90, 5}}, true); // nothing of a vertical line but its first point
+    AnalyzeTrack();
+    EXPECT_EQ(TrackPolyline, std::vector<Vector3>(2, {5, 0, 5}));
+}
+
+TEST_F(Curves, OfCircuitsCloseByACopyOfTheFirstPoint) {
+    SetStraightCurve({{100, 9, -50}, {400, 19, -50}}, true); // out and back
+    AnalyzeTrack();
+    ASSERT_TRUE(TrackPolyline.size() == 202 && TrackPolylineNode.size() == 201 && TrackPolylineLast == 201);
+    EXPECT_EQ(TrackPolyline[201], TrackPolyline[0]);
+    ExpectNear(TrackPolyline[120], {340, 17, -50}, 0.01F); // a fifth of the way back
+    SetCurve({{{}, {0, 0, 40}, {40, 0, 0}}}, true);        // a single node, which leads to itself
+    AnalyzeTrack();
+    EXPECT_GT(TrackPolyline.size(), 40U);
+    EXPECT_EQ(TrackLength(), 0); // fewer than two nodes have none
+}
+
+TEST_F(Curves, GoOnBehindABadNodeAndAreOnePointWithoutASpan) {
+    SetStraightCurve({{0, 9, 0}, {100, 9, 0}, {200, 9, 0}, {300, 9, 0}}, true);
+    Track.BezierCurve.Nodes[2].Position = {0, 0, std::numeric_limits<float>::quiet_NaN()};
+    AnalyzeTrack();
+    EXPECT_GT(TrackPolyline.size(), 200U); // the first span and the last have a hundred each
+    EXPECT_FALSE(BuildTrackOverview("gone.nltrack", {}).empty());
+    for (const auto& [nodes, closed] : {std::pair(0U, true), {1U, false}}) {
+        SetCurve(std::vector<BezierNode>(nodes, {{7, 7, 7}, {7, 7, 7}, {7, 7, 7}}), closed);
+        AnalyzeTrack();
+        EXPECT_EQ(TrackPolyline, std::vector<Vector3>(1));
+        EXPECT_TRUE(TrackPolylineNode == std::vector<std::int32_t>(1) && TrackPolylineLast == 0);
+    }
+}
+
+TEST_F(Curves, OfElementsHaveNineteenSamplesOfEachSpanAndTheEnd) {
+    AnalyzeElement();
+    EXPECT_EQ(ElementPolyline, std::vector<Vector3>(1));
+    testing::SetStraightElement({{}, {0, 0, 1}, {0, 7, 1}});
+    AnalyzeElement();
+    ASSERT_TRUE(ElementPolyline.size() == 39 && ElementPolylineLast == 38);
+    ExpectNear(ElementPolyline[18], {0, 0, 0.9F}, 1e-6F);
+    EXPECT_EQ(ElementPolyline[19], (Vector3{0, 0, 1}));
+    EXPECT_EQ(ElementPolyline[38], (Vector3{0, 7, 1}));
+}
 
 /// A picture that writes down what is done to it, in a list that two of them can share.
 struct RecordingPictureBox final : PictureBox {
@@ -19,6 +101,7 @@ struct RecordingPictureBox final : PictureBox {
     Vector3 LastPoint;
 
     RecordingPictureBox(const char* name, std::vector<std::string>& calls) : Name(name), Calls(calls) {}
+
     void Cls() override { Record("cls"); }
     void Line(float x1, float y1, float x2, float y2, Rgb c) override { Record("", x1, y1, x2, y2, In(c)); }
     void PSet(float x, float y, Rgb c) override {
@@ -30,6 +113,8 @@ struct RecordingPictureBox final : PictureBox {
     static std::string In(Rgb c) {
         if (c.Red == c.Green && c.Green == c.Blue && c.Red <= 64)
             return c.Red == 32 ? "grid" : c.Red == 64 ? "axis" : "dark";
+        if (c.Red == 0 && c.Green == 128 && c.Blue == 255)
+            return "blue";
         return std::to_string(c.Red) + ',' + std::to_string(c.Green) + ',' + std::to_string(c.Blue);
     }
     template <class... Words>
@@ -46,17 +131,19 @@ protected:
     std::vector<std::string> calls;
     RecordingPictureBox plan{"p", calls}, side{"s", calls};
 
-    void Draw(void (*analyze)(), void (*draw)(PictureBox&, PictureBox&)) {
+    void DrawTrack() {
         calls.clear();
-        analyze();
-        draw(plan, side);
+        AnalyzeTrack();
+        DrawTrackPreview(plan, side);
     }
-    void DrawTrack() { Draw(AnalyzeTrack, DrawTrackPreview); }
-    void DrawElement() { Draw(AnalyzeElement, DrawElementPreview); }
+    void DrawElement() {
+        calls.clear();
+        AnalyzeElement();
+        DrawElementPreview(plan, side);
+    }
     /// How many calls end in `ending`, a colour for example.
-    std::ptrdiff_t Count(const std::string& ending) const {
-        return std::count_if(calls.begin(), calls.end(),
-                             [&](const std::string& call) { return call.ends_with(ending); });
+    std::ptrdiff_t Count(const char* ending) const {
+        return std::ranges::count_if(calls, [&](const std::string& call) { return call.ends_with(ending); });
     }
     /// @param expected calls with their places in the list, each with a semicolon behind it.
     void ExpectCalls(const std::string& expected) const {
@@ -70,32 +157,32 @@ protected:
 constexpr std::size_t GroundOfTrack = 157; // two clears, 92 lines of the plan and 63 of the side
 
 TEST_F(Previews, DrawATrackOverItsGroundInChordsOfFourSamples) {
-    testing::SetStraightCurve({{-200, 30, 50}, {200, 30, 50}}, false); // 4 metres from sample to sample
+    SetStraightCurve({{-200, 30, 50}, {200, 30, 50}}, false); // 4 metres from sample to sample
     DrawTrack();
     ASSERT_EQ(calls.size(), GroundOfTrack + 50);
     ExpectCalls("0 pcls; 1 scls; 4 p 0 5 220 5 grid; 91 p 220 0 220 220 grid; 92 p 110 0 110 220 axis; "
                 "93 p 0 110 220 110 axis; 94 s 0 35 220 35 grid; 109 s 0 110 220 110 grid; "
                 "111 s 5 35 5 110 grid; 154 s 220 35 220 110 grid; 155 s 110 35 110 110 axis; "
-                "156 s 0 110 220 110 axis; 157 p 10 135 18 135 0,128,255; 158 s 10 95 18 95 0,128,255; "
-                "159 p 18 135 26 135 0,128,255;");
+                "156 s 0 110 220 110 axis; 157 p 10 135 18 135 blue; 158 s 10 95 18 95 blue; "
+                "159 p 18 135 26 135 blue;");
     for (const auto& [length, chords] : {std::pair(2.4F, 1U), {1.9F, 0U}}) { // 5 points or 4
-        testing::SetStraightCurve({{0, 0, 0}, {0, 0, length}}, false);
+        SetStraightCurve({{0, 0, 0}, {0, 0, length}}, false);
         DrawTrack();
         EXPECT_EQ(calls.size(), GroundOfTrack + 2 * chords);
     }
 }
 
 TEST_F(Previews, ColourAChordByTheSegmentOfItsFirstSample) {
-    testing::SetStraightCurve({{-150, 0, 0}, {150, 0, 0}, {150, 0, 150}}, false);
+    SetStraightCurve({{-150, 0, 0}, {150, 0, 0}, {150, 0, 150}}, false);
     auto& segments = Track.SegmentList.Segments;
     segments[1].SegmentType = SegmentKind::Lift;
     DrawTrack();
-    EXPECT_EQ(Count(" 0,128,255"), 2 * 26); // sample 100 is the last of the first span
+    EXPECT_EQ(Count("blue"), 2 * 26); // sample 100 is the last of the first span
     EXPECT_EQ(Count(" 0,255,0"), 2 * 24);
 
     const std::pair<std::int32_t, const char*> colours[] = {
-        {0, " 0,128,255"}, {1, " 255,128,0"}, {2, " 0,255,0"},   {3, " 255,255,0"},       {4, " 255,0,0"},
-        {5, "axis"},       {6, "grid"},       {7, " 0,128,255"}, {1000000, " 0,128,255"}, {-1, " 0,128,255"}};
+        {0, "blue"}, {1, " 255,128,0"}, {2, " 0,255,0"}, {3, " 255,255,0"}, {4, " 255,0,0"},
+        {5, "axis"}, {6, "grid"},       {7, "blue"},     {1000000, "blue"}, {-1, "blue"}};
     for (const auto& [type, colour] : colours) {
         segments[0].SegmentType = segments[1].SegmentType = type;
         DrawTrack();
@@ -105,11 +192,11 @@ TEST_F(Previews, ColourAChordByTheSegmentOfItsFirstSample) {
     segments.clear(); // a file may hold fewer segments than nodes
     Track.SegmentList.SegmentCount = 0;
     DrawTrack();
-    EXPECT_EQ(Count(" 0,128,255"), 100);
+    EXPECT_EQ(Count("blue"), 100);
 }
 
 TEST_F(Previews, LeaveOutWhatIsNotFinite) {
-    testing::SetStraightCurve({{-150, 0, 0}, {150, 0, 0}, {150, 0, 150}}, false);
+    SetStraightCurve({{-150, 0, 0}, {150, 0, 0}, {150, 0, 150}}, false);
     Track.BezierCurve.Nodes[1].Position.Y = std::numeric_limits<float>::infinity();
     DrawTrack();
     for (const std::string& call : calls)
@@ -127,8 +214,8 @@ TEST_F(Previews, DrawAnElementOverItsGridAndItsNodesLast) {
     ASSERT_EQ(calls.size(), 4U + 2 * 32 + 2 * 19 + 2 + 4);
     ExpectCalls("0 pcls; 1 scls; 2 pwidth 1; 3 swidth 1; 4 p 0 5 220 5 grid; 5 p 5 0 5 220 grid; "
                 "34 p 110 0 110 220 axis; 35 p 0 110 220 110 axis; 36 s 0 5 220 5 grid; "
-                "68 p 110 110 110.3 107 0,128,255; 69 s 110 110 113 109.4 0,128,255; "
-                "105 s 164 99.2 170 98 0,128,255; 106 pwidth 3; 107 swidth 3; "
+                "68 p 110 110 110.3 107 blue; 69 s 110 110 113 109.4 blue; "
+                "105 s 164 99.2 170 98 blue; 106 pwidth 3; 107 swidth 3; "
                 "109 spoint 110 110 255,255,0; 110 ppoint 116 50 255,255,255; "
                 "111 spoint 170 98 255,255,255;");
 }
@@ -151,21 +238,6 @@ TEST_F(Previews, ScaleAnElementByItsLargestExtent) {
                                                        : plan.LastPoint.Y - 110;
             EXPECT_NEAR(pixels, scale * extent / 0.9F, scale * extent * 1e-3F);
         }
-}
-
-TEST_F(Previews, BecomeOneSvgElementForEachCall) {
-    SvgPictureBox picture;
-    picture.Line(9, 9, 9, 9, {});
-    picture.Cls();
-    picture.Line(0, 5, 220, 0.1F, {32, 0, 255});
-    picture.DrawWidth(3);
-    picture.PSet(1.5F, -2, {255, 255, 0});
-    EXPECT_TRUE(picture.Document().ends_with(
-        R"(<rect width="224" height="224" fill="#000000"/>
-<line x1="0" y1="5" x2="220" y2="0.1" stroke="#2000ff" stroke-width="1"/>
-<circle cx="1.5" cy="-2" r="1.5" fill="#ffff00"/>
-</svg>
-)")) << picture.Document();
 }
 
 } // namespace
