@@ -22,12 +22,6 @@ std::array<float, 9> Coordinates(const BezierNode& node) {
     return {p.X, p.Y, p.Z, in.X, in.Y, in.Z, out.X, out.Y, out.Z};
 }
 
-void ExpectFinite() {
-    for (const BezierNode& node : Track.BezierCurve.Nodes)
-        for (const float coordinate : Coordinates(node))
-            EXPECT_TRUE(std::isfinite(coordinate));
-}
-
 class NodeSmoother : public testing::EmptyDocuments {
 protected:
     /// Smooths a curve of one free node, at `place` of the list, and two that a straight holds, so that the
@@ -80,9 +74,9 @@ TEST_F(NodeSmoother, ComesToTheBitsOfTheReference) {
 }
 
 TEST_F(NodeSmoother, KeepsStraightsAndClearsFlagCOfUpTo501Nodes) {
-    for (const std::size_t count : {4U, 501U, 502U}) {
-        std::vector<Vector3> points(count - 3, {0, 20, 0});
-        points.insert(points.end(), {{100, 40, 0}, {100, 20, 90}, {0, -5, 300}});
+    for (const std::size_t count : {501U, 502U}) {
+        std::vector<Vector3> points(count, {0, 20, 0});
+        points[1] = {100, 40, 0}, points[2] = {100, 20, 90}, points[3] = {0, -5, 300};
         testing::SetStraightCurve(points, false);
         for (BezierNode& node : Track.BezierCurve.Nodes)
             node.FlagA = node.FlagC = true, node.Roll = 30;
@@ -106,15 +100,13 @@ TEST_F(NodeSmoother, RefusesANodeAsAWholeAtTheBoundsOfTheWorld) {
         {{-60, 149.5F, 0}, true}, {{-60, 0, 0}, false},       {{-60, 0.5F, 0}, true}};
     for (const auto& [in, accepted] : cases)
         for (const std::size_t place : {0U, 1U, 2U}) {
-            const float level = in.Y;
-            const Vector3 out = {10, level < 75 ? level + 10 : level - 10, 10};
-            const BezierNode node =
-                Smoothed({{0, level, 0}, in, out}, {-10, level, 5}, {5, level, -10}, place);
+            const float y = in.Y;
+            const Vector3 out = {10, y < 75 ? y + 10 : y - 10, 10};
+            const BezierNode node = Smoothed({{0, y, 0}, in, out}, {-10, y, 5}, {5, y, -10}, place);
             EXPECT_EQ(node.ControlIn, in);
-            ExpectNear(node.ControlOut, accepted ? Vector3{10, level, 10} : out, 1e-4F);
-            // Twenty halvings leave a hundred-thousandth, which the last sweep takes off at even places. At
-            // 149.5 metres a 32-bit float cannot tell it.
-            EXPECT_TRUE(!accepted || level > 20 || (node.ControlOut.Y == level) == (place % 2 == 0));
+            ExpectNear(node.ControlOut, accepted ? Vector3{10, y, 10} : out, 1e-4F);
+            // Twenty halvings leave a hundred-thousandth, which the last sweep takes off at even places.
+            EXPECT_TRUE(!accepted || y > 20 || (node.ControlOut.Y == y) == (place % 2 == 0));
         }
 }
 
@@ -135,21 +127,21 @@ TEST_F(NodeSmoother, SlidesAPositionWithinLimits) {
 
 TEST_F(NodeSmoother, EndsWithNumbersOnDegenerateCurves) {
     const Vector3 a = {1, 2, 3}, b = {10, 20, 30}, c = {40, 20, 5};
-    const std::vector<BezierNode> curves[] = {{},
-                                              {{a, b, {-5, 2, 9}}},
-                                              {{a, a, a}, {b, b, b}, {c, c, c}},
-                                              {{a, b, b}, {b, a, a}, {a, b, a}, {b, a, b}},
-                                              {{a, a, {3e38F, 3, 3}}, {b, {-3e38F, 3, 3}, b}, {a, b, a}}};
-    for (const auto& curve : curves) {
+    std::vector<BezierNode> bad = WorkedCurve;
+    bad[7].ControlIn.Y = std::numeric_limits<float>::quiet_NaN();
+    for (const auto& curve : {std::vector<BezierNode>{},
+                              {{a, b, {-5, 2, 9}}},
+                              {{a, a, a}, {b, b, b}, {c, c, c}},
+                              {{a, b, b}, {b, a, a}, {a, b, a}, {b, a, b}},
+                              {{a, a, {3e38F, 3, 3}}, {b, {-3e38F, 3, 3}, b}, {a, b, a}},
+                              bad}) {
         testing::SetCurve(curve, true);
         SmoothTrackNodes();
-        ExpectFinite();
+        std::ptrdiff_t notFinite = 0;
+        for (const BezierNode& node : Track.BezierCurve.Nodes)
+            notFinite += std::ranges::count_if(Coordinates(node), [](float x) { return !std::isfinite(x); });
+        EXPECT_EQ(notFinite, curve.size() == 9 ? 1 : 0); // it has not spread
     }
-    testing::SetCurve(WorkedCurve, true);
-    Track.BezierCurve.Nodes[7].ControlIn.Y = std::numeric_limits<float>::quiet_NaN();
-    SmoothTrackNodes();
-    Track.BezierCurve.Nodes[7].ControlIn.Y = 0;
-    ExpectFinite(); // it has not spread
 }
 
 } // namespace
