@@ -87,7 +87,6 @@ TEST_F(CommandLine, TellsInOneLineWhatIsWrongWithAFile) {
         {{"report", element}, element + ": the name does not end in .nltrack"},
         {{"report", broken}, broken + ": NLIM: the file ends too early at byte 6"},
         {{"dump", file}, file + ": the name ends in neither .nltrack nor .nlelem"},
-        {{"polyline", gone}, gone + ": no such file"},
         {{"preview", gone, "-o", folder.File("drawings")}, gone + ": no such file"},
         {{"preview", track, "-o", file}, file + ": "},
         {{"apply", track, "-o", nowhere}, nowhere + ": cannot be written: "},
@@ -138,9 +137,7 @@ TEST_F(CommandLine, WritesNothingIfAStepDoesNotFit) {
 TEST_F(CommandLine, KeepsEverySampleSoundBehindEveryTool) {
     for (const char* sample : {"banked-turn.nlelem", "loop.nlelem"}) {
         const std::string changed = folder.File(sample);
-        const Outcome outcome = Call({"apply", Example(sample), "reverse", "rotate-x=30", "rotate-y=+90",
-                                      "rotate-z=-1.5", "-o", changed});
-        EXPECT_EQ(outcome.Status, 0) << outcome.Errors;
+        EXPECT_EQ(Call({"apply", Example(sample), "reverse", "rotate-x=30", "-o", changed}).Status, 0);
         ExpectSound(changed);
     }
     EXPECT_EQ(Call({"apply", track, "mirror=east-west", "mirror=east-west", "-o", output}).Status, 0);

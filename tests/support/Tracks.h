@@ -28,9 +28,8 @@ inline void ExpectNear(const Vector3& actual, const Vector3& expected, float tol
 }
 
 /// A test that begins with both documents empty.
-class EmptyDocuments : public ::testing::Test {
-protected:
-    void SetUp() override {
+struct EmptyDocuments : ::testing::Test {
+    EmptyDocuments() {
         ClearTrackDocument();
         ClearElementDocument();
     }
@@ -46,19 +45,15 @@ inline void SetCurve(std::vector<BezierNode> nodes, bool closed) {
     Track.SegmentList.ClosedCircuit = closed;
 }
 
-inline Vector3 Between(const Vector3& a, const Vector3& b, float share) {
-    return {a.X + (b.X - a.X) * share, a.Y + (b.Y - a.Y) * share, a.Z + (b.Z - a.Z) * share};
-}
-
 /// Gives Track straight spans from point to point, along which a point moves evenly with T.
 inline void SetStraightCurve(const std::vector<Vector3>& points, bool closed) {
+    const auto third = [](const Vector3& a, const Vector3& b) {
+        return Vector3{a.X + (b.X - a.X) / 3, a.Y + (b.Y - a.Y) / 3, a.Z + (b.Z - a.Z) / 3};
+    };
     std::vector<BezierNode> nodes;
-    for (std::size_t i = 0; i < points.size(); ++i) {
-        const Vector3& before = points[i > 0 ? i - 1 : points.size() - 1];
-        const Vector3& after = points[i + 1 < points.size() ? i + 1 : 0];
-        nodes.push_back(
-            {points[i], Between(points[i], before, 1.0F / 3), Between(points[i], after, 1.0F / 3)});
-    }
+    for (std::size_t i = 0; i < points.size(); ++i)
+        nodes.push_back({points[i], third(points[i], points[i > 0 ? i - 1 : points.size() - 1]),
+                         third(points[i], points[i + 1 < points.size() ? i + 1 : 0])});
     SetCurve(std::move(nodes), closed);
 }
 

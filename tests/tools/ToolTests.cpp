@@ -24,42 +24,38 @@ using testing::ExpectNear;
 using Tools = testing::EmptyDocuments;
 using Report = testing::EmptyDocuments;
 
-TEST_F(Tools, ChangeTheCurveAndAtWillTheNodesOfTheSupports) {
+TEST_F(Tools, ChangeEveryPointOfTheCurveAndAtWillTheNodesOfTheSupports) {
     const Vector3 point = {1, 2, 3};
     const std::pair<std::string, Vector3> steps[] = {
-        {"move=0,1,-10", {1, 3, -7}},       {"scale=0.5", {0.5F, 1, 1.5F}},   {"rotate=90", {3, 2, -1}},
-        {"mirror=north-south", {1, 2, -3}}, {"mirror=east-west", {-1, 2, 3}}, {"scale=0", {0, 0, 0}}};
+        {"move=0,1,-10", {1, 3, -7}}, {"scale=0.5", {0.5F, 1, 1.5F}},   {"mirror=north-south", {1, 2, -3}},
+        {"rotate=90", {3, 2, -1}},    {"mirror=east-west", {-1, 2, 3}}, {"rotate-x=90", {1, -3, 2}},
+        {"rotate-y=90", {3, 2, -1}},  {"rotate-z=90", {-2, 1, 3}}};
     for (const auto& [step, changed] : steps)
         for (const bool supports : {false, true}) {
-            testing::SetCurve({{point, point, point, 30, true, true, true}, {point, point, point}}, true);
+            testing::SetCurve({{point, point, point, 30}, {point, point, point}}, true);
+            Element.Nodes = {{point, point, point, 30}, {point, point, point}};
             Track.FreeNodes = {{}, 1, {{point}, {point}}}; // the second lies beyond the count
             Track.FundamentalNodes = {{}, 1, {{point, true, 5, true, 6}, {point}}};
-            const std::string whole = step + (supports ? "" : ",track-only");
-            EXPECT_TRUE(ApplyTrackSteps({&whole, 1}).Done);
+            const bool ofElement = step.starts_with("rotate-");
+            const std::string whole = step + (supports || ofElement ? "" : ",track-only");
+            EXPECT_TRUE((ofElement ? ApplyElementSteps : ApplyTrackSteps)({&whole, 1}).Done);
             MirrorTrack(2, true); // no mode
-            for (const BezierNode& node : std::span(Track.BezierCurve.Nodes).first(2))
-                for (const Vector3& now : {node.Position, node.ControlIn, node.ControlOut})
-                    ExpectNear(now, changed, 1e-6F);
+            RotateElement(3, 90); // no axis
+            for (std::size_t i = 0; i < 2; ++i) {
+                const BezierNode& t = Track.BezierCurve.Nodes[i];
+                const ElementNode& e = Element.Nodes[i];
+                for (const auto& [ofTrack, other] : {std::pair(t.Position, e.Position),
+                                                     {t.ControlIn, e.ControlIn},
+                                                     {t.ControlOut, e.ControlOut}})
+                    ExpectNear(ofElement ? other : ofTrack, changed, 1e-5F);
+            }
+            const Vector3& ofSupports = supports && !ofElement ? changed : point;
             const FundamentalNode& footer = Track.FundamentalNodes.Items[0];
-            ExpectNear(footer.Position, supports ? changed : point, 1e-6F);
-            EXPECT_TRUE(Track.BezierCurve.Nodes[0].Roll == 30 && footer.Value1 == 5 && footer.Value2 == 6);
-            ExpectNear(Track.FreeNodes.Items[0].Position, supports ? changed : point, 1e-6F);
+            ExpectNear(footer.Position, ofSupports, 1e-5F);
+            ExpectNear(Track.FreeNodes.Items[0].Position, ofSupports, 1e-5F);
             EXPECT_EQ(Track.FreeNodes.Items[1].Position, point);
+            EXPECT_TRUE(Track.BezierCurve.Nodes[0].Roll + Element.Nodes[0].Roll == 60 && footer.Value2 == 6);
         }
-}
-
-TEST_F(Tools, TurnEveryPointOfAnElement) {
-    const Vector3 point = {1, 2, 3};
-    const std::pair<int, Vector3> cases[] = {
-        {ElementAxis::X, {1, -3, 2}}, {ElementAxis::Z, {-2, 1, 3}}, {ElementAxis::Y, {3, 2, -1}}, {3, point}};
-    for (const auto& [axis, expected] : cases) {
-        Element.Nodes = {{point, point, point, 30}, {point, point, point}};
-        RotateElement(axis, 90);
-        for (const ElementNode& node : Element.Nodes)
-            for (const Vector3& turned : {node.Position, node.ControlOut, node.ControlIn})
-                ExpectNear(turned, expected, 1e-5F);
-        EXPECT_EQ(Element.Nodes[0].Roll, 30);
-    }
 }
 
 // The element leads from the origin to (20, 5, 30) and ends there in the direction of each row. The origin,
@@ -220,8 +216,8 @@ std::string Overview(const std::string& file = "gone.nltrack", const NumberSepar
     return report;
 }
 
-void ExpectLines(const std::string& report, const std::string& lines) {
-    EXPECT_NE(report.find(lines), std::string::npos) << lines << "is not in\n" << report;
+void ExpectLines(const std::string& lines) {
+    EXPECT_NE(Overview().find(lines), std::string::npos) << lines << "is not in\n" << Overview();
 }
 
 /// Fills a list with one record for each of `types`.
@@ -279,36 +275,28 @@ TEST_F(Report, TellsEverythingLineByLine) {
         "for fun.\n");
 }
 
-TEST_F(Report, TellsOfAnEmptyTrackWhoseFileIsGone) {
-    Track.TrackHeader.TrackType = 13;
-    ExpectLines(Overview(),
-                "gone\nFile Size...: 0 bytes.\nFile Version: 0.0.0.0\n\nTrack Type..........: \n");
-    ExpectLines(Overview(), "Has Terrain...........: No\n\nPrefered Environment: -none-\n\nAuthor's");
-}
-
-TEST_F(Report, RoundsHeightsOfTheTrackTiesToEvenAndPrintsThoseOfTheTerrainPlainly) {
-    for (const auto& [height, printed] : {std::pair(0.125F, "0.12"), {-0.004F, "0.00"}, {-3.5F, "-3.50"}}) {
-        testing::SetStraightCurve({{0, height, 0}, {100, height, 0}}, false);
-        ExpectLines(Overview(), std::string("Lowest Track Height.: ") + printed + " meters.\n");
-    }
-    const std::pair<std::vector<float>, const char*> cases[] = {
-        {{7, 1234567}, "7 1234567"},       {{0.125F, 100}, "0.13 100"}, {{-0.125F, -0.004F}, "-0.13 0"},
-        {{-1200.5F, 0.1F}, "-1200.5 0.1"}, {{1000, 2000}, "999 2000"},  {{}, "999 -999"}};
-    Track.Terrain.HasTerrain = true;
-    for (const auto& [heights, printed] : cases) {
-        Track.Terrain.Heights = heights;
-        std::string lines = std::string("Lowest Terrain Height.: ") + printed + " meters.\n";
-        ExpectLines(Overview(), lines.replace(lines.rfind(' ', lines.size() - 10), 1,
-                                              " meters.\nHighest Terrain Height: "));
-    }
-}
-
-TEST_F(Report, CountsTunnelsByRunsAndNamesTheKindsOfTrack) {
+TEST_F(Report, TellsOfOddTracks) {
+    ExpectLines(
+        "gone\nFile Size...: 0 bytes.\nFile Version: 0.0.0.0\n\nTrack Type..........: Steel Looping\n");
+    ExpectLines("Has Terrain...........: No\n\nPrefered Environment: -none-\n\nAuthor's");
+    EXPECT_EQ(TrackTypeName(4) + TrackTypeName(-1) + TrackTypeName(13), "Inverted (4 Seat)");
     Track.SegmentList = {{}, true, 6, std::vector<TrackSegment>(7)};
     for (const std::size_t i : {0U, 1U, 3U, 5U})
         Track.SegmentList.Segments[i].Tunnel = true;
-    ExpectLines(Overview(), "Tunneled Segments: 4\nActual Tunnels...: 3\n");
-    EXPECT_EQ(TrackTypeName(0) + TrackTypeName(4) + TrackTypeName(-1), "Steel LoopingInverted (4 Seat)");
+    ExpectLines("Tunneled Segments: 4\nActual Tunnels...: 3\n");
+    for (const auto& [height, printed] : {std::pair(0.125F, "0.12"), {-0.004F, "0.00"}, {-3.5F, "-3.50"}}) {
+        testing::SetStraightCurve({{0, height, 0}, {100, height, 0}}, false);
+        ExpectLines(std::string("Lowest Track Height.: ") + printed + " meters.\n");
+    }
+    const std::tuple<std::vector<float>, std::string, std::string> cases[] = {
+        {{7, 1234567}, "7", "1234567"},     {{0.125F, 100}, "0.13", "100"},
+        {{-0.125F, -0.004F}, "-0.13", "0"}, {{-1200.5F, 0.1F}, "-1200.5", "0.1"},
+        {{1000, 2000}, "999", "2000"},      {{}, "999", "-999"}};
+    Track.Terrain.HasTerrain = true;
+    for (const auto& [heights, lowest, highest] : cases) {
+        Track.Terrain.Heights = heights;
+        ExpectLines(": " + lowest + " meters.\nHighest Terrain Height: " + highest + " meters.\n");
+    }
 }
 
 } // namespace
