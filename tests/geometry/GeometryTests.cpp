@@ -33,7 +33,7 @@ TEST_F(Curves, AreTurnedByMatricesWhoseRightFactorActsFirst) {
     EXPECT_EQ(point, (Vector3{127, 127, 109}));
 }
 
-TEST_F(Curves, KeepEverySampleThatLiesFarFromTheLast) {
+TEST_F(Curves, AreSampledAtASpacingInPlan) {
     SetStraightCurve({{0, 9, 0}, {300, 9, 0}, {300, 9, 300}}, false);
     AnalyzeTrack();
     ASSERT_TRUE(TrackPolyline.size() == 201 && TrackPolylineNode.size() == 201 && TrackPolylineLast == 200);
@@ -42,9 +42,6 @@ TEST_F(Curves, KeepEverySampleThatLiesFarFromTheLast) {
     ExpectNear(TrackPolyline[100], {300 * 0.9999993F, 9, 0}, 5e-5F);
     ExpectNear(TrackPolyline[101], {300, 9, 3}, 1e-3F);
     EXPECT_NEAR(TrackLength(), 599.9998F, 2e-3F);
-}
-
-TEST_F(Curves, SpaceTheirPointsInPlan) {
     for (const float rise : {0.0F, 40.0F}) { // 0.3 metres from sample to sample: every other one is kept
         SetStraightCurve({{0, 5, 0}, {0, 5 + rise, 30}}, false);
         AnalyzeTrack();
@@ -57,7 +54,7 @@ TEST_F(Curves, SpaceTheirPointsInPlan) {
     EXPECT_EQ(TrackPolyline, std::vector<Vector3>(2, {5, 0, 5}));
 }
 
-TEST_F(Curves, OfCircuitsCloseByACopyOfTheFirstPoint) {
+TEST_F(Curves, CloseCircuitsGetOverBadNodesAndAreSampledEvenlyOfElements) {
     SetStraightCurve({{100, 9, -50}, {400, 19, -50}}, true); // out and back
     AnalyzeTrack();
     ASSERT_TRUE(TrackPolyline.size() == 202 && TrackPolylineNode.size() == 201 && TrackPolylineLast == 201);
@@ -66,9 +63,6 @@ TEST_F(Curves, OfCircuitsCloseByACopyOfTheFirstPoint) {
     SetCurve({{{}, {0, 0, 40}, {40, 0, 0}}}, true);        // a single node leads to itself, but has no length
     AnalyzeTrack();
     EXPECT_TRUE(TrackPolyline.size() > 40 && TrackLength() == 0);
-}
-
-TEST_F(Curves, GoOnBehindABadNodeAndAreOnePointWithoutASpan) {
     SetStraightCurve({{0, 9, 0}, {100, 9, 0}, {200, 9, 0}, {300, 9, 0}}, true);
     Track.BezierCurve.Nodes[2].Position = {0, 0, std::numeric_limits<float>::quiet_NaN()};
     AnalyzeTrack();
@@ -80,9 +74,7 @@ TEST_F(Curves, GoOnBehindABadNodeAndAreOnePointWithoutASpan) {
         EXPECT_EQ(TrackPolyline, std::vector<Vector3>(1));
         EXPECT_TRUE(TrackPolylineNode == std::vector<std::int32_t>(1) && TrackPolylineLast == 0);
     }
-}
 
-TEST_F(Curves, OfElementsHaveNineteenSamplesOfEachSpanAndTheEnd) {
     AnalyzeElement();
     EXPECT_EQ(ElementPolyline, std::vector<Vector3>(1));
     testing::SetStraightElement({{}, {0, 0, 1}, {0, 7, 1}});
@@ -147,7 +139,7 @@ protected:
 
 constexpr std::size_t GroundOfTrack = 157; // two clears, 92 lines of the plan and 63 of the side
 
-TEST_F(Previews, DrawATrackOverItsGroundInChordsOfFourSamples) {
+TEST_F(Previews, DrawATrackOverItsGroundInChordsColouredByTheirFirstSample) {
     SetStraightCurve({{-200, 30, 50}, {200, 30, 50}}, false); // 4 metres from sample to sample
     DrawTrack();
     ASSERT_EQ(calls.size(), GroundOfTrack + 50);
@@ -161,17 +153,15 @@ TEST_F(Previews, DrawATrackOverItsGroundInChordsOfFourSamples) {
         DrawTrack();
         EXPECT_EQ(calls.size(), GroundOfTrack + 2 * chords);
     }
-}
 
-TEST_F(Previews, ColourAChordByTheSegmentOfItsFirstSample) {
     SetStraightCurve({{-150, 0, 0}, {150, 0, 0}, {150, 0, 150}}, false);
     auto& segments = Track.SegmentList.Segments;
     segments[1].SegmentType = SegmentKind::Lift;
     DrawTrack();
     EXPECT_TRUE(Count(" 80ff") == 2 * 26 && Count(" ff00") == 2 * 24); // sample 100 ends the first span
     const std::pair<std::int32_t, const char*> colours[] = {
-        {0, " 80ff"},   {1, " ff8000"}, {2, " ff00"}, {3, " ffff00"},     {4, " ff0000"},
-        {5, " 404040"}, {6, " 202020"}, {7, " 80ff"}, {1000000, " 80ff"}, {-1, " 80ff"}};
+        {0, " 80ff"},   {1, " ff8000"}, {2, " ff00"}, {3, " ffff00"}, {4, " ff0000"},
+        {5, " 404040"}, {6, " 202020"}, {7, " 80ff"}, {99, " 80ff"},  {-1, " 80ff"}};
     for (const auto& [type, colour] : colours) {
         segments[0].SegmentType = segments[1].SegmentType = type;
         DrawTrack();
@@ -182,9 +172,7 @@ TEST_F(Previews, ColourAChordByTheSegmentOfItsFirstSample) {
     Track.SegmentList.SegmentCount = 0;
     DrawTrack();
     EXPECT_EQ(Count(" 80ff"), 100);
-}
 
-TEST_F(Previews, LeaveOutWhatIsNotFinite) {
     SetStraightCurve({{-150, 0, 0}, {150, std::numeric_limits<float>::infinity(), 0}, {150, 0, 150}}, false);
     DrawTrack();
     for (const std::string& call : calls)
@@ -194,7 +182,7 @@ TEST_F(Previews, LeaveOutWhatIsNotFinite) {
     EXPECT_EQ(Count(" ffffff"), 2); // of the other nodes the last one is left
 }
 
-TEST_F(Previews, DrawAnElementOverItsGridAndItsNodesLast) {
+TEST_F(Previews, DrawAnElementToScaleOverItsGridAndItsNodesLast) {
     testing::SetStraightElement({{}, {4, 8, -40}}); // its extent without its end is 36 metres: S is 1.5
     DrawElement();
     // The first grid line lies at 110 - 7 * 15 = 5: 15 lines each way and two axes on both pictures.
@@ -205,9 +193,7 @@ TEST_F(Previews, DrawAnElementOverItsGridAndItsNodesLast) {
                 "105 s 164 99.2 170 98 80ff; 106 pwidth 3; 107 swidth 3; "
                 "109 spoint 110 110 ffff00; 110 ppoint 116 50 ffffff; "
                 "111 spoint 170 98 ffffff;");
-}
 
-TEST_F(Previews, ScaleAnElementByItsLargestExtent) {
     const std::tuple<float, float, std::ptrdiff_t> cases[] = {
         // extent, scale, grid lines each way
         {0.2F, 55, 1},       {10, 5.5F, 5},     {30, 2, 11},       {50, 1, 23},

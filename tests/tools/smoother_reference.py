@@ -2,8 +2,7 @@
 """Works out by other means what the Node Smoother makes of the curve in mNLT_SmootherTests.cpp."""
 import math, pathlib, re, struct
 
-SOURCE = pathlib.Path(__file__).with_name("mNLT_SmootherTests.cpp").read_text()
-CURVE = re.search(r"WorkedCurve = \{(.*?)\};", SOURCE, re.S)[1]
+CURVE = pathlib.Path(__file__).with_name("mNLT_SmootherTests.cpp").read_text().split("WorkedCurve = {")[1].split("};")[0]
 POINTS = [tuple(map(float, point.split(","))) for point in re.findall(r"\{(-?\d[^{}]*)\}", CURVE)]
 N = len(POINTS) // 3
 
@@ -13,8 +12,7 @@ dot = lambda p, q: p[0] * q[0] + p[1] * q[1] + p[2] * q[2]
 length = lambda p: math.sqrt(dot(p, p))
 cosine = lambda p, q: dot(p, q) / (length(p) * length(q))
 inside = lambda p: -220 < p[0] < 220 and 0 < p[1] < 150 and -220 < p[2] < 220
-straight = lambda a, b, c: all(
-    length(p) * length(q) != 0 and cosine(p, q) > 0.998 for p, q in ((a, b), (a, c), (b, c)))
+straight = lambda a, b, c: all(map(length, (a, b, c))) and min(cosine(a, b), cosine(a, c), cosine(b, c)) > 0.998
 
 P, A, B = ([list(point) for point in POINTS[k::3]] for k in range(3))
 in_space, in_plan = [False] * N, [False] * N
@@ -26,7 +24,6 @@ for i in range(N):
     if straight(*[[x, 0.0, z] for x, _, z in sides]):
         in_plan[i] = in_plan[j] = True
 
-
 def flattened(i):
     u, w = minus(B[i - 1], P[i]), minus(A[(i + 1) % N], P[i])
     n = [f32(u[k - 2] * w[k - 1] - u[k - 1] * w[k - 2]) for k in range(3)]
@@ -35,7 +32,6 @@ def flattened(i):
         return A[i], B[i]
     return tuple([f32(x - y * f32(dot(n, minus(control, P[i]))) / s) for x, y in zip(control, n)]
                  for control in (A[i], B[i]))
-
 
 new = [None] * N
 for sweep in range(1, 22):
@@ -52,9 +48,8 @@ for i in range(N):
     if in_plan[i] and (in_space[i] or not in_plan[p] or not in_plan[q]):
         continue
     e, f, g = minus(B[i], A[i]), minus(A[i], B[p]), minus(B[i], A[q])
-    lf, lg = f32(length(f)), f32(length(g))
     sf, sg = math.sqrt(1 - cosine(f, e) ** 2), math.sqrt(1 - cosine(g, [-x for x in e]) ** 2)
-    t = f32(1 - 1 / ((1.0 if sg == 0 else f32(math.sqrt(f32(sf / sg) * f32(lf / lg)))) + 1))
+    t = f32(1 - 1 / ((1.0 if sg == 0 else f32(math.sqrt(f32(sf / sg) * f32(f32(length(f)) / f32(length(g)))))) + 1))
     if f32(0.05) < t < f32(0.95):
         moved[i] = [f32(a + t * x) for a, x in zip(A[i], e)]
 
