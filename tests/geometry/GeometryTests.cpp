@@ -74,7 +74,6 @@ TEST_F(Curves, CloseCircuitsGetOverBadNodesAndAreSampledEvenlyOfElements) {
         EXPECT_EQ(TrackPolyline, std::vector<Vector3>(1));
         EXPECT_TRUE(TrackPolylineNode == std::vector<std::int32_t>(1) && TrackPolylineLast == 0);
     }
-
     AnalyzeElement();
     EXPECT_EQ(ElementPolyline, std::vector<Vector3>(1));
     testing::SetStraightElement({{}, {0, 0, 1}, {0, 7, 1}});
@@ -90,7 +89,6 @@ struct RecordingPictureBox final : PictureBox {
     std::string Name;
     std::vector<std::string>& Calls;
     Vector3 LastPoint;
-
     RecordingPictureBox(const char* name, std::vector<std::string>& calls) : Name(name), Calls(calls) {}
     void Cls() override { Record("cls"); }
     void Line(float x1, float y1, float x2, float y2, Rgb c) override { Record("", x1, y1, x2, y2, In(c)); }
@@ -113,17 +111,13 @@ class Previews : public testing::EmptyDocuments {
 protected:
     std::vector<std::string> calls;
     RecordingPictureBox plan{"p", calls}, side{"s", calls};
-
-    void DrawTrack() {
+    void Draw(void (*analyze)(), void (*draw)(PictureBox&, PictureBox&)) {
         calls.clear();
-        AnalyzeTrack();
-        DrawTrackPreview(plan, side);
+        analyze();
+        draw(plan, side);
     }
-    void DrawElement() {
-        calls.clear();
-        AnalyzeElement();
-        DrawElementPreview(plan, side);
-    }
+    void DrawTrack() { Draw(AnalyzeTrack, DrawTrackPreview); }
+    void DrawElement() { Draw(AnalyzeElement, DrawElementPreview); }
     /// How many calls end in `ending`, a colour for example.
     std::ptrdiff_t Count(const char* ending) const {
         return std::ranges::count_if(calls, [&](const std::string& call) { return call.ends_with(ending); });
@@ -137,12 +131,10 @@ protected:
     }
 };
 
-constexpr std::size_t GroundOfTrack = 157; // two clears, 92 lines of the plan and 63 of the side
-
 TEST_F(Previews, DrawATrackOverItsGroundInChordsColouredByTheirFirstSample) {
     SetStraightCurve({{-200, 30, 50}, {200, 30, 50}}, false); // 4 metres from sample to sample
     DrawTrack();
-    ASSERT_EQ(calls.size(), GroundOfTrack + 50);
+    ASSERT_EQ(calls.size(), 157U + 50); // two clears and 92 and 63 lines of the ground
     ExpectCalls("0 pcls; 1 scls; 4 p 0 5 220 5 202020; 91 p 220 0 220 220 202020; 92 p 110 0 110 220 404040; "
                 "93 p 0 110 220 110 404040; 94 s 0 35 220 35 202020; 109 s 0 110 220 110 202020; "
                 "111 s 5 35 5 110 202020; 154 s 220 35 220 110 202020; 155 s 110 35 110 110 404040; "
@@ -151,9 +143,8 @@ TEST_F(Previews, DrawATrackOverItsGroundInChordsColouredByTheirFirstSample) {
     for (const auto& [length, chords] : {std::pair(2.4F, 1U), {1.9F, 0U}}) { // 5 points or 4
         SetStraightCurve({{0, 0, 0}, {0, 0, length}}, false);
         DrawTrack();
-        EXPECT_EQ(calls.size(), GroundOfTrack + 2 * chords);
+        EXPECT_EQ(calls.size(), 157 + 2 * chords);
     }
-
     SetStraightCurve({{-150, 0, 0}, {150, 0, 0}, {150, 0, 150}}, false);
     auto& segments = Track.SegmentList.Segments;
     segments[1].SegmentType = SegmentKind::Lift;
@@ -165,14 +156,13 @@ TEST_F(Previews, DrawATrackOverItsGroundInChordsColouredByTheirFirstSample) {
     for (const auto& [type, colour] : colours) {
         segments[0].SegmentType = segments[1].SegmentType = type;
         DrawTrack();
-        calls.erase(calls.begin(), calls.begin() + GroundOfTrack);
+        calls.erase(calls.begin(), calls.begin() + 157);
         EXPECT_EQ(Count(colour), 100) << type;
     }
     segments.clear(); // a file may hold fewer segments than nodes
     Track.SegmentList.SegmentCount = 0;
     DrawTrack();
     EXPECT_EQ(Count(" 80ff"), 100);
-
     SetStraightCurve({{-150, 0, 0}, {150, std::numeric_limits<float>::infinity(), 0}, {150, 0, 150}}, false);
     DrawTrack();
     for (const std::string& call : calls)
@@ -193,7 +183,6 @@ TEST_F(Previews, DrawAnElementToScaleOverItsGridAndItsNodesLast) {
                 "105 s 164 99.2 170 98 80ff; 106 pwidth 3; 107 swidth 3; "
                 "109 spoint 110 110 ffff00; 110 ppoint 116 50 ffffff; "
                 "111 spoint 170 98 ffffff;");
-
     const std::tuple<float, float, std::ptrdiff_t> cases[] = {
         // extent, scale, grid lines each way
         {0.2F, 55, 1},       {10, 5.5F, 5},     {30, 2, 11},       {50, 1, 23},

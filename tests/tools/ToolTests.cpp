@@ -54,16 +54,14 @@ TEST_F(Tools, ChangeEveryPointOfTheCurveAndAtWillTheNodesOfTheSupports) {
 }
 
 // The element leads from the origin to (20, 5, 30) and ends there in the direction of each row. The origin,
-// which becomes its end, lies at (-20, -5, -30) from there, and that is what is turned.
+// which becomes its end, lies at (-20, -5, -30) from there; it is turned, and so is the first control point.
 TEST_F(Tools, ReverseAnElementFromItsEndByAnAngleOfItsDirection) {
-    const float half = 0.70710678F;
     const std::tuple<float, float, Vector3, Vector3> cases[] = {
-        // direction, new end, first control point
-        {0, -4, {20, -5, 30}, {0, 0, -4}},                        // north: half a turn
-        {0, 0, {20, -5, 30}, {0, 0, 0}},                          // no direction: the same
-        {4, 0, {30, -5, -20}, {0, 0, -4}},                        // east: a quarter turn back
-        {-4, 0, {30, -5, -20}, {0, 0, 4}},                        // west: the same
-        {4, -4, {10 * half, -5, -50 * half}, {-8 * half, 0, 0}}}; // an eighth back
+        {0, -4, {20, -5, 30}, {0, 0, -4}},                         // north: half a turn
+        {0, 0, {20, -5, 30}, {0, 0, 0}},                           // no direction: the same
+        {4, 0, {30, -5, -20}, {0, 0, -4}},                         // east: a quarter turn back
+        {-4, 0, {30, -5, -20}, {0, 0, 4}},                         // west: the same
+        {4, -4, {7.071068F, -5, -35.35534F}, {-5.656854F, 0, 0}}}; // an eighth back
     for (const auto& [x, z, newEnd, newOut] : cases) {
         Element.Nodes = {{{}, {0, 0, -1}, {0, 0, 1}, 10, true, false},
                          {{20, 5, 30}, {21, 5, 31}, {20 - x, 5, 30 - z}, 30, false, false}};
@@ -84,8 +82,8 @@ void FillClasses() {
     Track.FreeNodes.Count = Track.FundamentalNodes.Count = Track.SupportBeams.Count = 2;
     Track.WoodCatwalks.Count = Track.Scenery.TreeCount = Track.SceneryObjects.Count = 2;
     Track.PreFabSupports = {{}, 2, {{1, 0}, {1, 1}}, {{}, {}}}; // one fewer
-    Track.Terrain.HasTerrain = true;
     Track.TrackInfo.AuthorComments = Track.Environment.PreferredEnvironment = "text";
+    Track.Terrain.HasTerrain = true;
 }
 
 /// A 1 for each class of data that is still there, in their order.
@@ -114,7 +112,6 @@ TEST_F(Tools, SetTunnelsAndRemoveTheChosenClassAndNoOther) {
             flags += segment.Tunnel ? '1' : '0';
         EXPECT_EQ(flags, mode.substr(mode.size() - 4));
     }
-
     std::istringstream names("track tunnels custom-colors free-nodes fundamental-nodes prefab-supports "
                              "support-beams catwalks terrain trees objects comments environment");
     std::string name, all = "remove=track";
@@ -152,27 +149,23 @@ std::string NodesAndSegments() {
     return all.str();
 }
 
-TEST_F(Tools, LayATrackBackOverItselfAndTurnItAround) {
+TEST_F(Tools, LayATrackBackOverItselfAndRunItBackwards) {
     for (const std::int32_t count : {1, 3, 10}) { // a file may hold more or fewer segments than nodes
         SetOpenTrack(count);
         RunStep("shuttle");
         const std::string there = count == 1 ? "10 11 12 30A1; 20 21 22 1B0; 30 31 32 -5C0; "
                                              : "10 11 12 30A1; 20 21 22 1B2; 30 31 32 -5C3; ";
         EXPECT_EQ(NodesAndSegments(), there + "30 32 31 5C0; 20 22 21 -1B0; 10 12 11 -30A0; ");
-        EXPECT_EQ(Track.SegmentList.SegmentCount, 6);
-        EXPECT_TRUE(Track.SegmentList.ClosedCircuit);
+        EXPECT_TRUE(Track.SegmentList.SegmentCount == 6 && Track.SegmentList.ClosedCircuit);
     }
     SetOpenTrack(3);
     Track.TrackHeader.NumTrains = 3;
     Track.PreFabSupports = {{}, 3, {{1, 0}, {0, 1}, {2, 1}}, {{}, {}, {}}};
     RunStep("backwards");
     EXPECT_EQ(NodesAndSegments(), "30 32 31 5C2; 20 22 21 -1B1; 10 12 11 -30A3; "); // the last segment stays
-    EXPECT_EQ(Track.PreFabSupports.Nodes[0].SupportCount + Track.PreFabSupports.Nodes[2].SupportCount, 0);
-    EXPECT_EQ(Track.TrackHeader.NumTrains, 1);
-}
-
-using S = TrackSegment;
-TEST_F(Tools, TurnTheSpeedsOfEachKindBackwardsByItsOwnFactors) {
+    const auto& prefab = Track.PreFabSupports.Nodes;
+    EXPECT_TRUE(prefab[0].SupportCount + prefab[2].SupportCount == 0 && Track.TrackHeader.NumTrains == 1);
+    using S = TrackSegment;
     float S::*const numbers[] = {&S::StationValue4,   &S::StationValue5,   &S::StationValue6,
                                  &S::LiftValue0,      &S::LiftValue1,      &S::LiftValue2,
                                  &S::TransportValue0, &S::TransportValue1, &S::TransportValue2,
@@ -214,7 +207,7 @@ void Fill(std::vector<Record>& list, std::int32_t Record::*type, const std::vect
 
 TEST_F(Report, TellsEverythingLineByLine) {
     testing::SetStraightCurve({{-1000, 10.004F, 0}, {2000, 10.004F, 0}, {2000, 70, -80}}, false);
-    Track.FileHeader.Version = {1, 3, 0, 7};
+    Track.FileHeader.Version = {1, 3, 0, 7}, Track.Environment.PreferredEnvironment = "Alps";
     Track.TrackHeader.TrackType = 9, Track.TrackHeader.NumTrains = 1234, Track.TrackHeader.CarsPerTrain = 5;
     Track.TrackInfo.AuthorComments = "Built in M\xFCnchen,\r\nfor fun.";
     auto& segments = Track.SegmentList.Segments = {};
@@ -223,19 +216,17 @@ TEST_F(Report, TellsEverythingLineByLine) {
     for (const std::size_t tunnel : {0U, 1U, 5U, 11U, 12U})
         segments[tunnel].Tunnel = true;
     Track.FreeNodes.Count = 1001, Track.FundamentalNodes.Count = 2, Track.WoodCatwalks.Count = 3;
-    Track.SupportBeams.Count = 19;
+    Track.SupportBeams.Count = 19, Track.Scenery.TreeCount = 8;
     Fill(Track.SupportBeams.Items, &SupportBeam::BeamType,
          {0, 1, 1, 2, 2, 2, 3, 4, 4, 5, 6, 6, 7, 8, 9, 9, 9, 9, 10});
     Track.PreFabSupports = {{}, 3, {{2, 0}, {0, 2}, {8, 2}, {}}, {}};
     Fill(Track.PreFabSupports.Supports, &PreFabSupport::SupportType, {0, 1, 2, 3, 4, 5, 6, 7, 7, -9});
-    Track.Scenery.TreeCount = 8;
     Fill(Track.Scenery.Trees, &Tree::TreeType, {0, 1, 2, 2, 3, 3, 3, 4});
     Track.SceneryObjects = {{}, 2, std::vector<SceneryObject>(3)};
     Track.SceneryObjects.Items[0].FileName = "caf\xE9.3ds";
     Track.SceneryObjects.Items[1].FileName = "sub\\gate.3ds";
     Track.Terrain.HasTerrain = true, Track.Terrain.GridSizeX = 3, Track.Terrain.GridSizeZ = 1;
     Track.Terrain.Heights = {12.5F, 1234, 13};
-    Track.Environment.PreferredEnvironment = "Alps";
     const testing::TemporaryFolder folder;
     testing::WriteBytes(folder.File("My.NLTRACK run.nltrack"), std::vector<unsigned char>(12345));
     EXPECT_EQ(
@@ -257,7 +248,6 @@ TEST_F(Report, TellsEverythingLineByLine) {
         "Lowest Terrain Height.: 12,5 meters.\nHighest Terrain Height: 1234 meters.\n\n"
         "Prefered Environment: Alps\n\nAuthor's Comments: 27 character(s) long.\nBuilt in M\u00FCnchen,\n"
         "for fun.\n");
-
     ClearTrackDocument();
     ExpectLines(
         "gone\nFile Size...: 0 bytes.\nFile Version: 0.0.0.0\n\nTrack Type..........: Steel Looping\n");

@@ -5,7 +5,6 @@ import math, pathlib, re, struct
 CURVE = pathlib.Path(__file__).with_name("mNLT_SmootherTests.cpp").read_text().split("WorkedCurve = {")[1].split("};")[0]
 POINTS = [tuple(map(float, point.split(","))) for point in re.findall(r"\{(-?\d[^{}]*)\}", CURVE)]
 N = len(POINTS) // 3
-
 f32 = lambda x: struct.unpack("<f", struct.pack("<f", x))[0]
 minus = lambda p, q: [f32(x - y) for x, y in zip(p, q)]
 dot = lambda p, q: p[0] * q[0] + p[1] * q[1] + p[2] * q[2]
@@ -13,9 +12,8 @@ length = lambda p: math.sqrt(dot(p, p))
 cosine = lambda p, q: dot(p, q) / (length(p) * length(q))
 inside = lambda p: -220 < p[0] < 220 and 0 < p[1] < 150 and -220 < p[2] < 220
 straight = lambda a, b, c: all(map(length, (a, b, c))) and min(cosine(a, b), cosine(a, c), cosine(b, c)) > 0.998
-
 P, A, B = ([list(point) for point in POINTS[k::3]] for k in range(3))
-in_space, in_plan = [False] * N, [False] * N
+in_space, in_plan, new = [False] * N, [False] * N, [None] * N
 for i in range(N):
     j = (i + 1) % N
     sides = minus(P[i], B[i]), minus(A[j], P[j]), minus(P[i], P[j])
@@ -28,12 +26,9 @@ def flattened(i):
     u, w = minus(B[i - 1], P[i]), minus(A[(i + 1) % N], P[i])
     n = [f32(u[k - 2] * w[k - 1] - u[k - 1] * w[k - 2]) for k in range(3)]
     s = f32(dot(n, n))
-    if in_plan[i] or s == 0:
-        return A[i], B[i]
-    return tuple([f32(x - y * f32(dot(n, minus(control, P[i]))) / s) for x, y in zip(control, n)]
+    return (A[i], B[i]) if in_plan[i] or s == 0 else tuple([f32(x - y * f32(dot(n, minus(control, P[i]))) / s) for x, y in zip(control, n)]
                  for control in (A[i], B[i]))
 
-new = [None] * N
 for sweep in range(1, 22):
     for i in range(0, N, 2 if sweep == 21 else 1):
         new[i] = flattened(i) if sweep == 21 else tuple(
@@ -41,7 +36,6 @@ for sweep in range(1, 22):
     for i in range(N):
         if inside(new[i][0]) and inside(new[i][1]):
             A[i], B[i] = new[i]
-
 moved = list(P)
 for i in range(N):
     p, q = i - 1, (i + 1) % N
@@ -52,6 +46,5 @@ for i in range(N):
     t = f32(1 - 1 / ((1.0 if sg == 0 else f32(math.sqrt(f32(sf / sg) * f32(f32(length(f)) / f32(length(g)))))) + 1))
     if f32(0.05) < t < f32(0.95):
         moved[i] = [f32(a + t * x) for a, x in zip(A[i], e)]
-
 for point in zip(moved, A, B):
     print(*(struct.pack(">f", x).hex().upper() for vector in point for x in vector))
