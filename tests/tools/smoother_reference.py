@@ -26,8 +26,8 @@ def flattened(i):
     u, w = minus(B[i - 1], P[i]), minus(A[(i + 1) % N], P[i])
     n = [f32(u[k - 2] * w[k - 1] - u[k - 1] * w[k - 2]) for k in range(3)]
     s = f32(dot(n, n))
-    return (A[i], B[i]) if in_plan[i] or s == 0 else tuple([f32(x - y * f32(dot(n, minus(control, P[i]))) / s) for x, y in zip(control, n)]
-                 for control in (A[i], B[i]))
+    return (A[i], B[i]) if in_plan[i] or s == 0 else tuple(
+        [f32(x - y * f32(dot(n, minus(c, P[i]))) / s) for x, y in zip(c, n)] for c in (A[i], B[i]))
 
 for sweep in range(1, 22):
     for i in range(0, N, 2 if sweep == 21 else 1):
