@@ -2,13 +2,13 @@
 
 #include "platform/FileOperations.h"
 
-#include <cstddef>
-#include <limits>
+#include <algorithm>
+#include <utility>
 
 namespace railwright::testing {
 
 /// The system's file operations with faults of the test's choice. While it lives it is in force. Only calls
-/// that can fail are counted; calls that only ask are passed on.
+/// that can fail are counted. Nothing waits for the disk.
 class FailingFiles final : public FileOperations {
 public:
     /// The number of the call that fails, counted from 1; 0 for none.
@@ -16,33 +16,76 @@ public:
     /// A write that fails gives no error, it only writes nothing.
     bool WritesNothing = false;
     /// No write takes more bytes at once.
-    std::size_t LongestWrite = std::numeric_limits<std::size_t>::max();
+    std::size_t LongestWrite = 1'000'000;
     /// What OpenNew gives; no error for the system's own answer.
     std::errc OpenNewError = {};
     /// Calls made so far.
     int Calls = 0;
 
-    FileStatus Status(const std::string& path) override { return SystemFiles().Status(path); }
-    FileStatus ExactStatus(const std::string& path) override { return SystemFiles().ExactStatus(path); }
-    std::string BehindLinks(const std::string& path) override { return SystemFiles().BehindLinks(path); }
+    FileStatus Status(const std::string& path) override { return system.Status(path); }
+    FileStatus ExactStatus(const std::string& path) override { return system.ExactStatus(path); }
+    std::string BehindLinks(const std::string& path) override { return system.BehindLinks(path); }
     std::string TemporaryNameBeside(const std::string& path) override {
-        return SystemFiles().TemporaryNameBeside(path);
+        return system.TemporaryNameBeside(path);
     }
-    void FlushFolder(const std::string& folder) override { SystemFiles().FlushFolder(folder); }
-    std::unique_ptr<OpenFile> OpenToRead(const std::string& path, std::error_code& error) override;
+    void FlushFolder(const std::string&) override {}
+    std::unique_ptr<OpenFile> OpenToRead(const std::string& path, std::error_code& error) override {
+        return Opened([&] { return system.OpenToRead(path, error); }, error);
+    }
     std::unique_ptr<OpenFile> OpenNew(const std::string& path, const std::string& like,
-                                      std::error_code& error) override;
-    std::unique_ptr<OpenFile> OpenToOverwrite(const std::string& path, std::error_code& error) override;
-    void Replace(const std::string& from, const std::string& to, std::error_code& error) override;
-    void Delete(const std::string& path, std::error_code& error) override;
-    void CreateFolder(const std::string& path, std::error_code& error) override;
-
-    /// Counts a call. @return whether it is the one to fail; then `error` is set.
-    bool Fails(std::error_code& error);
+                                      std::error_code& error) override {
+        error = OpenNewError == std::errc{} ? error : std::make_error_code(OpenNewError);
+        return error ? nullptr : Opened([&] { return system.OpenNew(path, like, error); }, error);
+    }
+    std::unique_ptr<OpenFile> OpenToOverwrite(const std::string& path, std::error_code& error) override {
+        return Opened([&] { return system.OpenToOverwrite(path, error); }, error);
+    }
+    void Replace(const std::string& from, const std::string& to, std::error_code& error) override {
+        if (!Fails(error))
+            system.Replace(from, to, error);
+    }
+    void Delete(const std::string& path, std::error_code& error) override { system.Delete(path, error); }
+    void CreateFolder(const std::string& path, std::error_code& e) override { system.CreateFolder(path, e); }
 
 private:
-    std::unique_ptr<OpenFile> Wrapped(std::unique_ptr<OpenFile> file);
+    struct File final : OpenFile {
+        File(FailingFiles& files, std::unique_ptr<OpenFile> opened) : All(files), Real(std::move(opened)) {}
+        std::size_t Read(std::span<std::uint8_t> into, std::error_code& error) override {
+            return All.Fails(error) ? 0 : Real->Read(into, error);
+        }
+        std::size_t Write(std::span<const std::uint8_t> bytes, std::error_code& error) override {
+            if (!All.Fails(error))
+                return Real->Write(bytes.first(std::min(bytes.size(), All.LongestWrite)), error);
+            error = All.WritesNothing ? std::error_code{} : error;
+            return 0;
+        }
+        void CutOff(std::error_code& error) override {
+            if (!All.Fails(error))
+                Real->CutOff(error);
+        }
+        void Flush(std::error_code& error) override { All.Fails(error); }
+        void Close(std::error_code& error) override {
+            Real->Close(error); // the system closes a file even when it reports that the last bytes were lost
+            All.Fails(error);
+        }
+        FailingFiles& All;
+        std::unique_ptr<OpenFile> Real;
+    };
 
+    /// Counts a call. @return whether it is the one to fail; then `error` is set.
+    bool Fails(std::error_code& error) {
+        if (++Calls != FailAt)
+            return false;
+        error = std::make_error_code(std::errc::no_space_on_device);
+        return true;
+    }
+    template <class Open>
+    std::unique_ptr<OpenFile> Opened(Open&& open, std::error_code& error) {
+        auto file = Fails(error) ? nullptr : open();
+        return file ? std::make_unique<File>(*this, std::move(file)) : nullptr;
+    }
+
+    FileOperations& system = SystemFiles();
     ScopedFileOperations scope{*this};
 };
 

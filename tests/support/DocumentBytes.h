@@ -1,0 +1,306 @@
+#pragma once
+
+#include "element/ElementDocument.h"
+#include "tests/support/TemporaryFolder.h"
+#include "track/TrackDocument.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <bit>
+#include <optional>
+#include <utility>
+
+namespace railwright::testing {
+
+/// How a file may depart from the form in which this program writes it.
+struct Form {
+    /// Stands in every byte that is passed over, and in a colour's first.
+    int Noise = 0x00;
+    /// The byte of a flag that is set.
+    int True = 0xFF;
+    std::array<std::uint8_t, 4> Version = {1, 3, 0, 0};
+    /// Added to every letter of a tag.
+    int Case = 0;
+    /// Every chunk's sub-chunks stand in reverse order.
+    bool Reversed = false;
+    /// Added to every ChunkSize and to the size of every parameter block.
+    int SizeError = 0;
+    /// A chunk that nobody knows stands before each sub-chunk, and its size leaves out so many of its bytes;
+    /// -1 for no such chunks.
+    int UnknownShortBy = -1;
+};
+
+/// Bytes that mean nothing.
+struct Gap {
+    std::size_t Size;
+};
+
+/// Goes through the values of a document in the order of its file, with an arithmetic of its own, and puts
+/// the bytes of that file together; with a seed it first gives each value any content.
+class Walk {
+public:
+    explicit Walk(const Form& formOfFile) : form(formOfFile) {}
+    explicit Walk(unsigned seed) : random(seed) {}
+
+    template <class... Fields>
+    void operator()(Fields&&... fields) {
+        (Visit(fields), ...);
+    }
+    void Small(std::int32_t& value, int lowest, int highest) {
+        if (random)
+            value = lowest + static_cast<int>(Next() % static_cast<unsigned>(highest - lowest + 1));
+        Put(value);
+    }
+    void Choose(Flag& value) { value = random ? Next() % 2 == 1 : value; }
+    template <class Item>
+    void Fit(std::vector<Item>& items, std::size_t size) {
+        if (random)
+            items.resize(size);
+    }
+    void AddParts(PreFabNode& node, std::vector<PreFabSupport>& all) {
+        node.First = random ? all.size() : node.First;
+        Fit(all, node.First + static_cast<std::size_t>(node.SupportCount));
+    }
+    /// A count, what stands between it and the list, and as many items as it says.
+    template <class Item, class Each, class... Between>
+    void List(std::int32_t& count, std::vector<Item>& items, Each&& each, Between&&... between) {
+        Small(count, 0, 12);
+        (*this)(between...);
+        Fit(items, static_cast<std::size_t>(count) + Next() % 3);
+        for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i)
+            each(items.at(i));
+    }
+    void Tag(const std::string& letters) {
+        for (const char letter : letters)
+            Byte(letter + form.Case);
+    }
+    void Size(std::int64_t size) { Put(size + form.SizeError); }
+    /// @return what was put together last as the own fields of a chunk, with its frame and sub-chunks.
+    Bytes Chunk(const std::string& tag, std::vector<Bytes> below = {}) {
+        const bool unknown = form.UnknownShortBy >= 0;
+        if (form.Reversed)
+            std::reverse(below.begin(), below.end());
+        Put(static_cast<std::int64_t>(below.size()) * (unknown ? 2 : 1));
+        for (const Bytes& chunk : below) {
+            if (unknown) {
+                Tag("WXYZ");
+                Put(21 - form.UnknownShortBy);
+                Append(Bytes(21, 0xA5));
+            }
+            Append(chunk);
+        }
+        const Bytes inside = Taken();
+        Tag(tag);
+        Size(static_cast<std::int64_t>(inside.size()));
+        Append(inside);
+        return Taken();
+    }
+    template <class Item, class Each>
+    Bytes ListChunk(const char* tag, std::int32_t& count, std::vector<Item>& items, Each&& each,
+                    std::vector<Bytes> below = {}) {
+        (*this)(Gap{16});
+        List(count, items, each);
+        (*this)(Gap{16});
+        return Chunk(tag, std::move(below));
+    }
+    void Version() { Append({form.Version.begin(), form.Version.end()}); }
+    Bytes Taken() { return std::exchange(bytes, {}); }
+
+private:
+    template <class T>
+    void Visit(T& value) {
+        if constexpr (requires { value.X; })
+            (*this)(value.X, value.Y, value.Z);
+        else if constexpr (requires { value.fill({}); })
+            for (auto& one : value)
+                Visit(one);
+        else
+            Value(value);
+    }
+    void Value(Gap& gap) { Append(Bytes(gap.Size, static_cast<unsigned char>(form.Noise))); }
+    void Value(std::int32_t& value) { Put(value = random ? static_cast<std::int32_t>(Next()) : value); }
+    void Value(ColorValue& value) {
+        value = random ? Next() & 0xFFFFFF : value;
+        Put(static_cast<std::int64_t>(form.Noise) * 0x100'0000 + value);
+    }
+    void Value(std::uint8_t& value) { Byte(value = random ? static_cast<std::uint8_t>(Next()) : value); }
+    void Value(Flag& value) {
+        Choose(value);
+        Byte(value ? form.True : 0);
+    }
+    void Value(float& value) {
+        constexpr std::uint32_t oddities[] = {0x7F800001, 0xFFC12345, 0x7F800000, 0x80000000, 1};
+        const std::uint32_t choice = Next() % 20;
+        value = random ? std::bit_cast<float>(choice < 5 ? oddities[choice] : Next()) : value;
+        Put(std::bit_cast<std::uint32_t>(value));
+    }
+    void Value(text& value) {
+        if (random) {
+            value.assign(Next() % 4 == 0 ? 256 : Next() % 8, static_cast<char>(Next()));
+            for (std::size_t i = 1; i < value.size(); ++i)
+                value[i] = static_cast<char>(value[i - 1] + 1); // a text of 256 has every byte
+        }
+        Put(static_cast<std::int64_t>(value.size()));
+        Append(Bytes(value.begin(), value.end()));
+    }
+    std::uint32_t Next() { return random ? static_cast<std::uint32_t>((*random)()) : 0; }
+    void Byte(int value) { bytes.push_back(static_cast<unsigned char>(value)); }
+    void Put(std::int64_t value) {
+        for (const std::int64_t place : {0x100'0000, 0x1'0000, 0x100, 1})
+            Byte(static_cast<int>((value + 0x1'0000'0000) / place % 256));
+    }
+    void Append(const Bytes& more) { bytes.insert(bytes.end(), more.begin(), more.end()); }
+
+    Form form;
+    std::optional<std::mt19937> random;
+    Bytes bytes;
+};
+
+/// Bytes of the parameters of each kind of segment.
+constexpr int BlockSizes[] = {0, 126, 36, 28, 50};
+
+inline void WalkSegment(TrackSegment& r, Walk& v) {
+    v.Small(r.SegmentType, -1, 6);
+    v(r.CustomColors, r.Color, r.Tunnel, Gap{15});
+    if (r.SegmentType >= 0 && r.SegmentType <= 4)
+        v.Size(BlockSizes[r.SegmentType]);
+    if (r.SegmentType == 1) {
+        v(r.StationValue0, r.StationValue1, r.StationValue2, r.StationValue3, r.StationByte0, r.StationByte1);
+        v(r.StationFlag1, r.StationByte2, r.StationValue4, Gap{4}, r.StationFlag3, r.StationValue8, Gap{4});
+        v(r.StationValue9, r.StationValue10, Gap{4}, r.StationFlag2);
+        v(r.StationValue5, r.StationValue6, r.StationValue7, Gap{64});
+    } else if (r.SegmentType == 2) {
+        v(Gap{3}, r.LiftByte, r.LiftValue0, r.LiftValue1, r.LiftValue2, Gap{4}, r.LiftFlag1, r.LiftFlag2);
+        v(Gap{14});
+    } else if (r.SegmentType == 3) {
+        v(r.TransportValue0, r.TransportValue1, r.TransportValue2, Gap{3}, r.TransportByte);
+        v(r.TransportFlag1, r.TransportFlag2, Gap{10});
+    } else if (r.SegmentType == 4) {
+        v(r.BrakeValue0, r.BrakeValue1, r.BrakeValue2, Gap{4}, r.BrakeValue6, r.BrakeFlag1, r.BrakeFlag3);
+        v(r.BrakeValue3, r.BrakeValue4, r.BrakeValue5, r.BrakeFlag4, r.BrakeFlag5, r.BrakeFlag2, Gap{13});
+    }
+}
+
+inline Bytes WalkTrack(TrackDocument& t, Walk& v) {
+    v(Gap{16}, t.TrackInfo.AuthorComments);
+    const Bytes info = v.Chunk("INFO");
+    const Bytes bezr = v.ListChunk("BEZR", t.BezierCurve.NodeCount, t.BezierCurve.Nodes, [&](auto& r) {
+        v(r.Position, r.ControlIn, r.ControlOut, r.Roll, r.FlagA, r.FlagC, r.FlagB, Gap{17});
+    });
+    auto& segments = t.SegmentList;
+    v.List(
+        segments.SegmentCount, segments.Segments, [&](TrackSegment& r) { WalkSegment(r, v); },
+        segments.ClosedCircuit, Gap{16});
+    v(Gap{16});
+    const Bytes segm = v.Chunk("SEGM");
+
+    auto fund = v.ListChunk("FUND", t.FundamentalNodes.Count, t.FundamentalNodes.Items, [&](auto& r) {
+        v(r.Flag1, r.Value1, r.Flag2, r.Value2, Gap{6}, r.Position, Gap{64});
+    });
+    auto& preFab = t.PreFabSupports;
+    const Bytes rasc = v.ListChunk("RASC", preFab.NodeCount, preFab.Nodes, [&](PreFabNode& node) {
+        v.Small(node.SupportCount, 0, 3);
+        v.AddParts(node, preFab.Supports);
+        for (std::size_t i = 0; i < static_cast<std::size_t>(node.SupportCount); ++i) {
+            PreFabSupport& r = preFab.Supports.at(node.First + i);
+            v(r.SupportType, r.Value, Gap{16});
+        }
+    });
+    auto fren = v.ListChunk("FREN", t.FreeNodes.Count, t.FreeNodes.Items,
+                            [&](FreeNode& r) { v(r.Position, Gap{16}); });
+    auto tube = v.ListChunk("TUBE", t.SupportBeams.Count, t.SupportBeams.Items, [&](SupportBeam& r) {
+        v(r.EndA[0], r.EndA[2], r.EndA[1], Gap{4}, r.EndB[0], r.EndB[2], r.EndB[1], Gap{4});
+        v(r.BeamType, r.Value1, r.Value2, Gap{4});
+    });
+    auto catw = v.ListChunk("CATW", t.WoodCatwalks.Count, t.WoodCatwalks.Items, [&](WoodCatwalk& r) {
+        v(r.Value);
+        v.Small(r.ExtraBytes, 0, 9);
+        v(Gap{static_cast<std::size_t>(r.ExtraBytes)});
+    });
+    v(Gap{32});
+    const Bytes supp = v.Chunk("SUPP", {fund, rasc, fren, tube, catw});
+
+    v(t.TrackHeader.TrackType);
+    v.List(
+        t.TrackHeader.NumTrains, t.TrackHeader.Trains,
+        [&](TrainRecord& r) { v(r.Flag, Gap{7}, r.Name, r.Color); }, t.TrackHeader.CarsPerTrain);
+    v(t.TrackHeader.TrackColor, Gap{16});
+    const Bytes trck = v.Chunk("TRCK", {info, bezr, segm, supp});
+
+    auto scob = v.ListChunk("SCOB", t.SceneryObjects.Count, t.SceneryObjects.Items, [&](auto& r) {
+        v(r.Text2, r.FileName, r.VectorA, r.VectorD.X, r.VectorB, r.VectorD.Y, r.VectorC, r.VectorD.Z);
+        v(r.VectorE, Gap{20});
+    });
+    auto scen = v.ListChunk("SCEN", t.Scenery.TreeCount, t.Scenery.Trees,
+                            [&](Tree& r) { v(r.Position, r.TreeType, r.Value, Gap{44}); }, {scob});
+
+    TerrainRecord& r = t.Terrain;
+    v.Small(r.GridSizeX, 0, 4);
+    v.Small(r.GridSizeZ, 0, 4);
+    v(r.Value1, r.Value2, r.Text1, r.Value3, r.Text2, r.Value4, r.Flag1, Gap{4}, r.Text3, r.Value5);
+    v(r.Byte1, Gap{15});
+    v.Fit(r.Heights, static_cast<std::size_t>(r.GridSizeX * r.GridSizeZ));
+    for (float& height : r.Heights)
+        v(height);
+    v(Gap{16});
+    const Bytes tera = v.Chunk("TERA");
+    v.Choose(r.HasTerrain);
+
+    v(Gap{16}, t.Environment.PreferredEnvironment, t.Environment.Text2, Gap{16});
+    const Bytes envc = v.Chunk("ENVC");
+    v.Version();
+    v(Gap{16});
+    return v.Chunk("NLIM",
+                   r.HasTerrain ? std::vector{trck, scen, tera, envc} : std::vector{trck, scen, envc});
+}
+
+inline Bytes WalkElement(ElementDocument& e, Walk& v) {
+    v.Tag("ELEM");
+    v(e.ChunkSize, Gap{64});
+    v.Small(e.NodeCount, 0, 5);
+    v.Fit(e.Nodes, static_cast<std::size_t>(e.NodeCount) + 1);
+    for (std::size_t i = 1; i <= static_cast<std::size_t>(e.NodeCount); ++i) {
+        ElementNode& r = e.Nodes.at(i);
+        v(e.Nodes[i - 1].ControlOut, r.ControlIn, r.Position, r.Roll, r.FlagA, r.FlagB, Gap{8});
+    }
+    v(Gap{64}, Gap{4});
+    return v.Taken();
+}
+
+/// @return a track with every kind of record: segments of known and unknown types, texts of all bytes, floats
+/// of any bits, lists longer than their counts, terrain that is not stored, and counts that do not go
+/// together. The same seed gives the same track.
+inline TrackDocument RandomTrack(unsigned seed) {
+    TrackDocument track;
+    Walk values(seed);
+    WalkTrack(track, values);
+    return track;
+}
+
+inline ElementDocument RandomElement(unsigned seed) {
+    ElementDocument element;
+    Walk values(seed);
+    WalkElement(element, values);
+    return element;
+}
+
+/// @return the document's file. Documents with the same file are equal in all that a file keeps.
+inline Bytes FileOf(TrackDocument track, const Form& form = {}) {
+    Walk values(form);
+    return WalkTrack(track, values);
+}
+
+inline Bytes FileOf(ElementDocument element, const Form& form = {}) {
+    Walk values(form);
+    return WalkElement(element, values);
+}
+
+/// Bytes with the place of their first difference.
+inline void ExpectSame(const Bytes& actual, const Bytes& expected) {
+    const auto [at, other] = std::mismatch(actual.begin(), actual.end(), expected.begin(), expected.end());
+    EXPECT_TRUE(actual == expected) << actual.size() << " bytes against " << expected.size()
+                                    << ", first difference at byte " << at - actual.begin();
+}
+
+} // namespace railwright::testing
