@@ -2,8 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace railwright {
-namespace {
+namespace railwright::testing {
 
 TEST(FileName, ExtensionIsTheLastCharactersInAnyCase) {
     for (const char* name : {"a.nltrack", "C:\\b\\a.NlTRACK", ".nltrack"})
@@ -13,8 +12,8 @@ TEST(FileName, ExtensionIsTheLastCharactersInAnyCase) {
 }
 
 TEST(FileName, SplitsBehindTheLastBackslashAndRemovesInOnePass) {
-    for (const std::string& folder : {"", "C:\\a\\"})
-        for (const std::string& name : {"", "b.txt"}) {
+    for (const std::string folder : {"", "C:\\a\\"})
+        for (const std::string name : {"", "b.txt"}) {
             EXPECT_EQ(FolderOf(folder + name), folder);
             EXPECT_EQ(BaseName(folder + name), name);
         }
@@ -22,5 +21,4 @@ TEST(FileName, SplitsBehindTheLastBackslashAndRemovesInOnePass) {
     EXPECT_EQ(WithoutEvery("a.3.3dsds.3d", ".3ds"), "a.3ds.3d"); // comes together only by the removal
 }
 
-} // namespace
-} // namespace railwright
+} // namespace railwright::testing

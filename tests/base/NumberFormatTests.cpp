@@ -4,8 +4,7 @@
 
 #include <limits>
 
-namespace railwright {
-namespace {
+namespace railwright::testing {
 
 TEST(NumberFormat, RoundsHalvesAwayFromZeroFromTheExactValue) {
     const struct {
@@ -40,5 +39,4 @@ TEST(NumberFormat, RoundsTiesToEvenAndPrintsTheShortestFloatThatReadsBack) {
     EXPECT_EQ(ShortestFloat(-std::numeric_limits<float>::infinity()), "-inf");
 }
 
-} // namespace
-} // namespace railwright
+} // namespace railwright::testing

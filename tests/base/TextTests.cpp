@@ -2,10 +2,9 @@
 
 #include <gtest/gtest.h>
 
-namespace railwright {
-namespace {
+namespace railwright::testing {
 
-text EveryByte() {
+static text EveryByte() {
     text all;
     for (int byte = 0; byte < 256; ++byte)
         all += static_cast<char>(byte);
@@ -54,5 +53,4 @@ TEST(Text, WhatTheCodePageCannotHoldBecomesAQuestionMark) {
         EXPECT_EQ(FromUtf8(one.Utf8, Windows1252()), one.Expected) << ::testing::PrintToString(one.Utf8);
 }
 
-} // namespace
-} // namespace railwright
+} // namespace railwright::testing

@@ -11,16 +11,11 @@ namespace railwright::testing {
 /// that can fail are counted. Nothing waits for the disk.
 class FailingFiles final : public FileOperations {
 public:
-    /// The number of the call that fails, counted from 1; 0 for none.
-    int FailAt = 0;
-    /// A write that fails gives no error, it only writes nothing.
-    bool WritesNothing = false;
-    /// No write takes more bytes at once.
-    std::size_t LongestWrite = 1'000'000;
-    /// What OpenNew gives; no error for the system's own answer.
-    std::errc OpenNewError = {};
-    /// Calls made so far.
-    int Calls = 0;
+    int FailAt = 0;                       // the number of the call that fails, counted from 1; 0 for none
+    bool WritesNothing = false;           // a write that fails gives no error, it only writes nothing
+    std::size_t LongestWrite = 1'000'000; // no write takes more bytes at once
+    std::errc OpenNewError = {};          // what OpenNew gives; no error for the system's own answer
+    int Calls = 0;                        // made so far
 
     FileStatus Status(const std::string& path) override { return system.Status(path); }
     FileStatus ExactStatus(const std::string& path) override { return system.ExactStatus(path); }

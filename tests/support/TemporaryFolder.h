@@ -22,8 +22,7 @@ public:
         std::error_code ignored;
         std::filesystem::remove_all(folder, ignored);
     }
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+    TemporaryFolder(TemporaryFolder&&) = delete;
 
     const std::filesystem::path& Path() const { return folder; }
     /// The path of a file in the folder, as a user would type it.

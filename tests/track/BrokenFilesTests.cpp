@@ -1,7 +1,6 @@
 #include "base/FileName.h"
 #include "element/mNoLimits_ElementIO_1_3.h"
-#include "tests/support/DocumentBytes.h"
-#include "tests/support/FailingFiles.h"
+#include "tests/support/DocumentTest.h"
 #include "track/mNoLimits_TrackIO_1_3.h"
 
 #include <atomic>
@@ -9,17 +8,12 @@
 #include <cstdlib>
 #include <new>
 
-namespace {
 /// All bytes that the test program has asked the heap for with `new` so far, given back or not.
-std::atomic<std::size_t> allocated = 0;
-} // namespace
+static std::atomic<std::size_t> allocated = 0;
 
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-    allocated += size;
-    return std::malloc(std::max<std::size_t>(size, 1));
-}
 void* operator new(std::size_t size) {
-    if (void* const memory = operator new(size, std::nothrow))
+    allocated += size;
+    if (void* const memory = std::malloc(std::max<std::size_t>(size, 1)))
         return memory;
     throw std::bad_alloc();
 }
@@ -30,75 +24,58 @@ void operator delete(void* memory, std::size_t) noexcept {
     std::free(memory);
 }
 
-namespace railwright {
-namespace {
+namespace railwright::testing {
 
-using namespace testing;
+class BrokenFiles : public DocumentTest<Track, LoadTrackFile, SaveTrackFile> {};
 
-TEST(BrokenFiles, AreRefusedWithTheFaultAndItsByte) {
+TEST_F(BrokenFiles, AreRefusedWithTheFaultAndItsByte) {
     int found = 0;
     for (const auto& entry : std::filesystem::directory_iterator(RAILWRIGHT_FIXTURES "/broken")) {
-        // The name is made of the fault, the byte and the beginning of the reason.
-        const std::string name = entry.path().filename().string();
-        const std::size_t byte = name.find('.') + 1;
-        const std::size_t reason = name.find('.', byte) + 1;
-        SCOPED_TRACE(name);
+        const std::string broken = entry.path().filename().string();
+        SCOPED_TRACE(broken);
         ++found;
-        Track = RandomTrack(1);
-        Element = RandomElement(1);
-        const std::string path = PathFromOutside(entry.path().string());
-        const bool isTrack = HasExtension(name, TrackExtension);
+        Track = Random<TrackDocument>(1);
+        Element = Random<ElementDocument>(1);
+        const bool isTrack = HasExtension(broken, TrackExtension);
         const std::size_t before = allocated;
-        FileResult loaded = isTrack ? LoadTrackFile(path) : LoadElementFile(path);
+        FileResult loaded =
+            (isTrack ? LoadTrackFile : LoadElementFile)(PathFromOutside(entry.path().string()));
         EXPECT_LT(allocated - before, 20'000U);
         EXPECT_FALSE(loaded);
-        EXPECT_EQ(std::to_string(loaded.Byte), name.substr(byte, reason - byte - 1));
         std::replace_if(
             loaded.Reason.begin(), loaded.Reason.end(), [](char c) { return !std::isalnum(c); }, '-');
-        EXPECT_EQ(loaded.Reason.substr(0, name.rfind('.') - reason),
-                  name.substr(reason, name.rfind('.') - reason));
-        if (isTrack)
-            ExpectSame(FileOf(Track), FileOf(TrackDocument{}));
-        else
-            ExpectSame(FileOf(Element), FileOf(ElementDocument{}));
+        const std::string actual = '.' + std::to_string(loaded.Byte) + '.' + loaded.Reason;
+        const std::string expected = broken.substr(broken.find('.'), broken.rfind('.') - broken.find('.'));
+        EXPECT_EQ(actual.substr(0, expected.size()), expected);
+        EXPECT_EQ(isTrack ? FileOf(Track) : FileOf(Element),
+                  isTrack ? FileOf(TrackDocument{}) : FileOf(ElementDocument{}));
     }
-    EXPECT_EQ(found, 40);
+    EXPECT_EQ(found, 41);
 }
 
-TEST(BrokenFiles, EveryTruncationIsRefused) {
-    const TemporaryFolder folder;
-    const Bytes whole = ReadBytes(Example("switchback-spur.nltrack"));
+TEST_F(BrokenFiles, NoByteThatIsMissingOrWrongBringsALoadDown) {
+    const Bytes good = FileOf(Random<TrackDocument>(5));
     const Bytes empty = FileOf(TrackDocument{});
-    WriteBytes(folder.File("a.nltrack"), whole);
-    for (std::size_t size = whole.size(); size-- > 0;) {
-        std::filesystem::resize_file(folder.File("a.nltrack"), size);
-        // The byte behind the file reads as zero: the file's last one, or that of the root's number of
-        // chunks.
-        const bool loaded{LoadTrackFile(folder.Inside("a.nltrack"))};
-        EXPECT_EQ(loaded, size == whole.size() - 1 || size == 31) << size;
-        EXPECT_TRUE(FileOf(Track) == (size == whole.size() - 1 ? whole : empty)) << size;
-    }
-}
-
-TEST(BrokenFiles, NoSingleByteBringsALoadDown) {
-    const TemporaryFolder folder;
-    const Bytes good = FileOf(RandomTrack(5));
-    const Bytes empty = FileOf(TrackDocument{});
-    WriteBytes(folder.File("a.nltrack"), good);
-    std::fstream file(folder.File("a.nltrack"), std::ios::binary | std::ios::in | std::ios::out);
-    for (std::size_t at = 0; at < good.size(); ++at) {
+    WriteBytes(folder.File(name), good);
+    std::fstream file(folder.File(name), std::ios::binary | std::ios::in | std::ios::out);
+    for (std::size_t at = 0; at < good.size(); ++at)
         for (const int value : {0x00, 0x7F, 0x80, 0xFF, static_cast<int>(good[at])}) {
             file.seekp(static_cast<std::streamoff>(at)).put(static_cast<char>(value)).flush();
             const std::size_t before = allocated;
-            const bool loaded{LoadTrackFile(folder.Inside("a.nltrack"))};
+            const bool loaded{LoadTrackFile(folder.Inside(name))};
             EXPECT_LT(allocated - before, 20 * good.size()) << at;
             const Bytes kept = FileOf(Track); // throws where a count is beyond its list
             EXPECT_TRUE(loaded || kept == empty) << at;
             EXPECT_LE(ComputeChunkSizes(), static_cast<std::int64_t>(good.size() + 4)) << at;
         }
-    }
     EXPECT_TRUE(FileOf(Track) == good);
+    for (std::size_t size = good.size(); size-- > 0;) {
+        std::filesystem::resize_file(folder.File(name), size);
+        // The byte behind the file reads as zero: the last of all, or that of the root's number of chunks.
+        EXPECT_EQ(static_cast<bool>(LoadTrackFile(folder.Inside(name))),
+                  size == good.size() - 1 || size == 31);
+        EXPECT_TRUE(FileOf(Track) == (size == good.size() - 1 ? good : empty)) << size;
+    }
 }
 
-} // namespace
-} // namespace railwright
+} // namespace railwright::testing

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "element/ElementDocument.h"
+#include "platform/WholeFile.h"
+#include "tests/support/FailingFiles.h"
 #include "tests/support/TemporaryFolder.h"
 #include "track/TrackDocument.h"
 
@@ -15,25 +17,25 @@ namespace railwright::testing {
 
 /// How a file may depart from the form in which this program writes it.
 struct Form {
-    /// Stands in every byte that is passed over, and in a colour's first.
-    int Noise = 0x00;
-    /// The byte of a flag that is set.
-    int True = 0xFF;
+    int Noise = 0x00; // stands in every byte that is passed over, and in a colour's first
+    int True = 0xFF;  // the byte of a flag that is set
     std::array<std::uint8_t, 4> Version = {1, 3, 0, 0};
-    /// Added to every letter of a tag.
-    int Case = 0;
-    /// Every chunk's sub-chunks stand in reverse order.
-    bool Reversed = false;
-    /// Added to every ChunkSize and to the size of every parameter block.
-    int SizeError = 0;
-    /// A chunk that nobody knows stands before each sub-chunk, and its size leaves out so many of its bytes;
-    /// -1 for no such chunks.
-    int UnknownShortBy = -1;
+    int Case = 0;            // added to every letter of a tag
+    bool Reversed = false;   // every chunk's sub-chunks stand in reverse order
+    int SizeError = 0;       // added to every ChunkSize and to the size of every parameter block
+    int UnknownShortBy = -1; // if not negative, a chunk that nobody knows stands before each sub-chunk, and
+                             // its size leaves out so many of its bytes
 };
 
 /// Bytes that mean nothing.
 struct Gap {
     std::size_t Size;
+};
+
+/// A value that is a small number in a random document.
+struct Small {
+    std::int32_t& Number;
+    int Lowest, Highest;
 };
 
 /// Goes through the values of a document in the order of its file, with an arithmetic of its own, and puts
@@ -47,26 +49,15 @@ public:
     void operator()(Fields&&... fields) {
         (Visit(fields), ...);
     }
-    void Small(std::int32_t& value, int lowest, int highest) {
-        if (random)
-            value = lowest + static_cast<int>(Next() % static_cast<unsigned>(highest - lowest + 1));
-        Put(value);
-    }
     void Choose(Flag& value) { value = random ? Next() % 2 == 1 : value; }
     template <class Item>
     void Fit(std::vector<Item>& items, std::size_t size) {
-        if (random)
-            items.resize(size);
-    }
-    void AddParts(PreFabNode& node, std::vector<PreFabSupport>& all) {
-        node.First = random ? all.size() : node.First;
-        Fit(all, node.First + static_cast<std::size_t>(node.SupportCount));
+        items.resize(random ? size : items.size());
     }
     /// A count, what stands between it and the list, and as many items as it says.
     template <class Item, class Each, class... Between>
     void List(std::int32_t& count, std::vector<Item>& items, Each&& each, Between&&... between) {
-        Small(count, 0, 12);
-        (*this)(between...);
+        (*this)(Small{count, 0, 12}, between...);
         Fit(items, static_cast<std::size_t>(count) + Next() % 3);
         for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i)
             each(items.at(i));
@@ -76,8 +67,10 @@ public:
             Byte(letter + form.Case);
     }
     void Size(std::int64_t size) { Put(size + form.SizeError); }
-    /// @return what was put together last as the own fields of a chunk, with its frame and sub-chunks.
-    Bytes Chunk(const std::string& tag, std::vector<Bytes> below = {}) {
+    /// @return a chunk with its frame and sub-chunks, whose last own fields are `fields`.
+    template <class... Fields>
+    Bytes Chunk(const std::string& tag, std::vector<Bytes> below, Fields&&... fields) {
+        (*this)(fields...);
         const bool unknown = form.UnknownShortBy >= 0;
         if (form.Reversed)
             std::reverse(below.begin(), below.end());
@@ -96,13 +89,14 @@ public:
         Append(inside);
         return Taken();
     }
+    /// A chunk of a list alone, each item of which takes `size` bytes; 0 where that varies.
     template <class Item, class Each>
-    Bytes ListChunk(const char* tag, std::int32_t& count, std::vector<Item>& items, Each&& each,
-                    std::vector<Bytes> below = {}) {
+    Bytes ListChunk(const char* tag, std::size_t size, std::int32_t& count, std::vector<Item>& items,
+                    Each&& each, std::vector<Bytes> below = {}) {
         (*this)(Gap{16});
         List(count, items, each);
-        (*this)(Gap{16});
-        return Chunk(tag, std::move(below));
+        EXPECT_TRUE(size == 0 || bytes.size() == 20 + size * static_cast<std::size_t>(count)) << tag;
+        return Chunk(tag, std::move(below), Gap{16});
     }
     void Version() { Append({form.Version.begin(), form.Version.end()}); }
     Bytes Taken() { return std::exchange(bytes, {}); }
@@ -117,6 +111,11 @@ private:
                 Visit(one);
         else
             Value(value);
+    }
+    void Value(Small& small) {
+        const auto choices = static_cast<std::uint32_t>(small.Highest - small.Lowest + 1);
+        small.Number = random ? small.Lowest + static_cast<int>(Next() % choices) : small.Number;
+        Put(small.Number);
     }
     void Value(Gap& gap) { Append(Bytes(gap.Size, static_cast<unsigned char>(form.Noise))); }
     void Value(std::int32_t& value) { Put(value = random ? static_cast<std::int32_t>(Next()) : value); }
@@ -157,14 +156,11 @@ private:
     Bytes bytes;
 };
 
-/// Bytes of the parameters of each kind of segment.
-constexpr int BlockSizes[] = {0, 126, 36, 28, 50};
-
 inline void WalkSegment(TrackSegment& r, Walk& v) {
-    v.Small(r.SegmentType, -1, 6);
-    v(r.CustomColors, r.Color, r.Tunnel, Gap{15});
+    v(Small{r.SegmentType, -1, 6}, r.CustomColors, r.Color, r.Tunnel, Gap{15});
+    constexpr int blockSizes[] = {0, 126, 36, 28, 50};
     if (r.SegmentType >= 0 && r.SegmentType <= 4)
-        v.Size(BlockSizes[r.SegmentType]);
+        v.Size(blockSizes[r.SegmentType]);
     if (r.SegmentType == 1) {
         v(r.StationValue0, r.StationValue1, r.StationValue2, r.StationValue3, r.StationByte0, r.StationByte1);
         v(r.StationFlag1, r.StationByte2, r.StationValue4, Gap{4}, r.StationFlag3, r.StationValue8, Gap{4});
@@ -182,83 +178,70 @@ inline void WalkSegment(TrackSegment& r, Walk& v) {
     }
 }
 
-inline Bytes WalkTrack(TrackDocument& t, Walk& v) {
-    v(Gap{16}, t.TrackInfo.AuthorComments);
-    const Bytes info = v.Chunk("INFO");
-    const Bytes bezr = v.ListChunk("BEZR", t.BezierCurve.NodeCount, t.BezierCurve.Nodes, [&](auto& r) {
+inline Bytes WalkDocument(TrackDocument& t, Walk& v) {
+    const Bytes info = v.Chunk("INFO", {}, Gap{16}, t.TrackInfo.AuthorComments);
+    const Bytes bezr = v.ListChunk("BEZR", 60, t.BezierCurve.NodeCount, t.BezierCurve.Nodes, [&](auto& r) {
         v(r.Position, r.ControlIn, r.ControlOut, r.Roll, r.FlagA, r.FlagC, r.FlagB, Gap{17});
     });
     auto& segments = t.SegmentList;
     v.List(
         segments.SegmentCount, segments.Segments, [&](TrackSegment& r) { WalkSegment(r, v); },
         segments.ClosedCircuit, Gap{16});
-    v(Gap{16});
-    const Bytes segm = v.Chunk("SEGM");
+    const Bytes segm = v.Chunk("SEGM", {}, Gap{16});
 
-    auto fund = v.ListChunk("FUND", t.FundamentalNodes.Count, t.FundamentalNodes.Items, [&](auto& r) {
+    auto fund = v.ListChunk("FUND", 92, t.FundamentalNodes.Count, t.FundamentalNodes.Items, [&](auto& r) {
         v(r.Flag1, r.Value1, r.Flag2, r.Value2, Gap{6}, r.Position, Gap{64});
     });
     auto& preFab = t.PreFabSupports;
-    const Bytes rasc = v.ListChunk("RASC", preFab.NodeCount, preFab.Nodes, [&](PreFabNode& node) {
-        v.Small(node.SupportCount, 0, 3);
-        v.AddParts(node, preFab.Supports);
-        for (std::size_t i = 0; i < static_cast<std::size_t>(node.SupportCount); ++i) {
-            PreFabSupport& r = preFab.Supports.at(node.First + i);
-            v(r.SupportType, r.Value, Gap{16});
-        }
+    std::size_t part = 0;
+    auto rasc = v.ListChunk("RASC", 0, preFab.NodeCount, preFab.Nodes, [&](PreFabNode& node) {
+        node.First = part;
+        v(Small{node.SupportCount, 0, 3});
+        v.Fit(preFab.Supports, part + static_cast<std::size_t>(node.SupportCount));
+        for (; part < node.First + static_cast<std::size_t>(node.SupportCount); ++part)
+            v(preFab.Supports.at(part).SupportType, preFab.Supports[part].Value, Gap{16});
     });
-    auto fren = v.ListChunk("FREN", t.FreeNodes.Count, t.FreeNodes.Items,
+    auto fren = v.ListChunk("FREN", 28, t.FreeNodes.Count, t.FreeNodes.Items,
                             [&](FreeNode& r) { v(r.Position, Gap{16}); });
-    auto tube = v.ListChunk("TUBE", t.SupportBeams.Count, t.SupportBeams.Items, [&](SupportBeam& r) {
+    auto tube = v.ListChunk("TUBE", 48, t.SupportBeams.Count, t.SupportBeams.Items, [&](SupportBeam& r) {
         v(r.EndA[0], r.EndA[2], r.EndA[1], Gap{4}, r.EndB[0], r.EndB[2], r.EndB[1], Gap{4});
         v(r.BeamType, r.Value1, r.Value2, Gap{4});
     });
-    auto catw = v.ListChunk("CATW", t.WoodCatwalks.Count, t.WoodCatwalks.Items, [&](WoodCatwalk& r) {
-        v(r.Value);
-        v.Small(r.ExtraBytes, 0, 9);
+    auto catw = v.ListChunk("CATW", 0, t.WoodCatwalks.Count, t.WoodCatwalks.Items, [&](WoodCatwalk& r) {
+        v(r.Value, Small{r.ExtraBytes, 0, 9});
         v(Gap{static_cast<std::size_t>(r.ExtraBytes)});
     });
-    v(Gap{32});
-    const Bytes supp = v.Chunk("SUPP", {fund, rasc, fren, tube, catw});
-
+    const Bytes supp = v.Chunk("SUPP", {fund, rasc, fren, tube, catw}, Gap{32});
     v(t.TrackHeader.TrackType);
     v.List(
         t.TrackHeader.NumTrains, t.TrackHeader.Trains,
         [&](TrainRecord& r) { v(r.Flag, Gap{7}, r.Name, r.Color); }, t.TrackHeader.CarsPerTrain);
-    v(t.TrackHeader.TrackColor, Gap{16});
-    const Bytes trck = v.Chunk("TRCK", {info, bezr, segm, supp});
-
-    auto scob = v.ListChunk("SCOB", t.SceneryObjects.Count, t.SceneryObjects.Items, [&](auto& r) {
+    const Bytes trck = v.Chunk("TRCK", {info, bezr, segm, supp}, t.TrackHeader.TrackColor, Gap{16});
+    auto scob = v.ListChunk("SCOB", 0, t.SceneryObjects.Count, t.SceneryObjects.Items, [&](auto& r) {
         v(r.Text2, r.FileName, r.VectorA, r.VectorD.X, r.VectorB, r.VectorD.Y, r.VectorC, r.VectorD.Z);
         v(r.VectorE, Gap{20});
     });
-    auto scen = v.ListChunk("SCEN", t.Scenery.TreeCount, t.Scenery.Trees,
+    auto scen = v.ListChunk("SCEN", 64, t.Scenery.TreeCount, t.Scenery.Trees,
                             [&](Tree& r) { v(r.Position, r.TreeType, r.Value, Gap{44}); }, {scob});
 
     TerrainRecord& r = t.Terrain;
-    v.Small(r.GridSizeX, 0, 4);
-    v.Small(r.GridSizeZ, 0, 4);
-    v(r.Value1, r.Value2, r.Text1, r.Value3, r.Text2, r.Value4, r.Flag1, Gap{4}, r.Text3, r.Value5);
-    v(r.Byte1, Gap{15});
+    v(Small{r.GridSizeX, 0, 4}, Small{r.GridSizeZ, 0, 4}, r.Value1, r.Value2, r.Text1, r.Value3, r.Text2);
+    v(r.Value4, r.Flag1, Gap{4}, r.Text3, r.Value5, r.Byte1, Gap{15});
     v.Fit(r.Heights, static_cast<std::size_t>(r.GridSizeX * r.GridSizeZ));
     for (float& height : r.Heights)
         v(height);
-    v(Gap{16});
-    const Bytes tera = v.Chunk("TERA");
+    const Bytes tera = v.Chunk("TERA", {}, Gap{16});
     v.Choose(r.HasTerrain);
-
-    v(Gap{16}, t.Environment.PreferredEnvironment, t.Environment.Text2, Gap{16});
-    const Bytes envc = v.Chunk("ENVC");
+    auto& e = t.Environment;
+    const Bytes envc = v.Chunk("ENVC", {}, Gap{16}, e.PreferredEnvironment, e.Text2, Gap{16});
     v.Version();
-    v(Gap{16});
-    return v.Chunk("NLIM",
-                   r.HasTerrain ? std::vector{trck, scen, tera, envc} : std::vector{trck, scen, envc});
+    auto below = r.HasTerrain ? std::vector{trck, scen, tera, envc} : std::vector{trck, scen, envc};
+    return v.Chunk("NLIM", below, Gap{16});
 }
 
-inline Bytes WalkElement(ElementDocument& e, Walk& v) {
+inline Bytes WalkDocument(ElementDocument& e, Walk& v) {
     v.Tag("ELEM");
-    v(e.ChunkSize, Gap{64});
-    v.Small(e.NodeCount, 0, 5);
+    v(e.ChunkSize, Gap{64}, Small{e.NodeCount, 0, 5});
     v.Fit(e.Nodes, static_cast<std::size_t>(e.NodeCount) + 1);
     for (std::size_t i = 1; i <= static_cast<std::size_t>(e.NodeCount); ++i) {
         ElementNode& r = e.Nodes.at(i);
@@ -268,39 +251,71 @@ inline Bytes WalkElement(ElementDocument& e, Walk& v) {
     return v.Taken();
 }
 
-/// @return a track with every kind of record: segments of known and unknown types, texts of all bytes, floats
-/// of any bits, lists longer than their counts, terrain that is not stored, and counts that do not go
-/// together. The same seed gives the same track.
-inline TrackDocument RandomTrack(unsigned seed) {
-    TrackDocument track;
+/// @return a document with every kind of record: segments of known and unknown types, texts of all bytes,
+/// floats of any bits, lists longer than their counts, terrain that is not stored, and counts that do not go
+/// together. The same seed gives the same document.
+template <class Document>
+Document Random(unsigned seed) {
+    Document document;
     Walk values(seed);
-    WalkTrack(track, values);
-    return track;
-}
-
-inline ElementDocument RandomElement(unsigned seed) {
-    ElementDocument element;
-    Walk values(seed);
-    WalkElement(element, values);
-    return element;
+    WalkDocument(document, values);
+    return document;
 }
 
 /// @return the document's file. Documents with the same file are equal in all that a file keeps.
-inline Bytes FileOf(TrackDocument track, const Form& form = {}) {
+template <class Document>
+Bytes FileOf(Document document, const Form& form = {}) {
     Walk values(form);
-    return WalkTrack(track, values);
+    return WalkDocument(document, values);
 }
 
-inline Bytes FileOf(ElementDocument element, const Form& form = {}) {
-    Walk values(form);
-    return WalkElement(element, values);
-}
-
-/// Bytes with the place of their first difference.
 inline void ExpectSame(const Bytes& actual, const Bytes& expected) {
     const auto [at, other] = std::mismatch(actual.begin(), actual.end(), expected.begin(), expected.end());
     EXPECT_TRUE(actual == expected) << actual.size() << " bytes against " << expected.size()
                                     << ", first difference at byte " << at - actual.begin();
 }
+
+/// Tests of the files of one kind of document.
+template <auto& InHand, FileResult (&LoadFile)(const std::string&),
+          FileResult (&SaveFile)(const std::string&)>
+class DocumentTest : public ::testing::Test {
+protected:
+    using Document = std::remove_reference_t<decltype(InHand)>;
+
+    FileResult Load(const Bytes& bytes) {
+        WriteBytes(folder.File(name), bytes);
+        return LoadFile(folder.Inside(name));
+    }
+    Bytes Saved(const Document& document) {
+        InHand = document;
+        const FileResult saved = SaveFile(folder.Inside(name));
+        EXPECT_TRUE(saved) << saved.Reason;
+        return ReadBytes(folder.File(name));
+    }
+    /// Saves a document and loads it back from any form, with up to 6 bytes more behind its end.
+    void ExpectToComeBack(const Document& document, std::span<const Form> forms) {
+        const Bytes file = FileOf(document);
+        ExpectSame(Saved(document), file);
+        for (const Form& form : forms) {
+            SCOPED_TRACE(&form - forms.data());
+            Bytes foreign = FileOf(document, form);
+            foreign.resize(foreign.size() + file.size() % 7, 'N');
+            const FileResult loaded = Load(foreign);
+            ASSERT_TRUE(loaded) << loaded.Reason << " at " << loaded.Byte;
+            ExpectSame(FileOf(InHand), file);
+            ExpectSame(Saved(InHand), file);
+        }
+    }
+    void ExpectSamplesToComeBack(std::initializer_list<const char*> samples) {
+        for (const char* sample : samples) {
+            ASSERT_TRUE(LoadFile(PathFromOutside(Example(sample)))) << sample;
+            ExpectSame(Saved(InHand), ReadBytes(Example(sample)));
+        }
+    }
+
+    const std::string name = std::is_same_v<Document, TrackDocument> ? "a.nltrack" : "a.nlelem";
+    TemporaryFolder folder;
+    FailingFiles noWaiting;
+};
 
 } // namespace railwright::testing
