@@ -6,7 +6,7 @@ namespace railwright::testing {
 
 using ElementFile = DocumentTest<Element, LoadElementFile, SaveElementFile>;
 
-TEST_F(ElementFile, RandomElementsComeBackWholeFromAnyForm) {
+TEST_F(ElementFile, ElementsComeBackWholeFromAnyForm) {
     const Form forms[] = {{}, {.Noise = 0xA5}, {.True = 0x01}, {.Case = 0x20}};
     for (unsigned seed = 0; seed < 25; ++seed) {
         SCOPED_TRACE(seed);
@@ -21,18 +21,14 @@ TEST_F(ElementFile, RandomElementsComeBackWholeFromAnyForm) {
         EXPECT_EQ(Element.Nodes.size(), static_cast<std::size_t>(Element.NodeCount) + 1);
         EXPECT_EQ(Element.Nodes[0].Position.X, 0);
     }
-}
-
-TEST_F(ElementFile, SamplesComeBackByteForByte) {
     ExpectSamplesToComeBack({"banked-turn.nlelem", "loop.nlelem"});
 }
 
-const ElementDocument TwoSpans = {.NodeCount = 2, .Nodes = std::vector<ElementNode>(3)};
-
 TEST_F(ElementFile, EndsBehindItsLastRecord) {
-    const Bytes file = FileOf(TwoSpans);
+    const ElementDocument twoSpans = {.NodeCount = 2, .Nodes = std::vector<ElementNode>(3)};
+    const Bytes file = FileOf(twoSpans);
     for (int size = 0; size <= 176; ++size) {
-        Element = TwoSpans;
+        Element = twoSpans;
         const bool loaded{Load(Bytes(file.begin(), file.begin() + size))};
         // The byte behind the file reads as zero: the last of the records, or that of a count of no spans.
         EXPECT_EQ(loaded, size == 75 || size >= 175) << size;
@@ -40,15 +36,8 @@ TEST_F(ElementFile, EndsBehindItsLastRecord) {
     }
 }
 
-TEST_F(ElementFile, NamesAreTreatedLikeThoseOfTracks) {
-    Element = TwoSpans;
-    for (const char* given : {"a", "b.nltrack", "c.NLELEM"})
-        EXPECT_TRUE(SaveElementFile(folder.Inside(given)));
-    EXPECT_EQ(folder.Names(), (std::vector<std::string>{"a.nlelem", "b.nltrack.nlelem", "c.NLELEM"}));
-    EXPECT_FALSE(LoadElementFile(folder.Inside("b.nltrack")));
-    EXPECT_FALSE(LoadElementFile(folder.Inside("e.nlelem")));
-    ExpectSame(FileOf(Element), FileOf(TwoSpans));
-    EXPECT_TRUE(LoadElementFile(folder.Inside("c.NlElem"))); // found in any case
+TEST_F(ElementFile, HasNamesOfItsOwn) {
+    ExpectNamesToBeHeeded(Random<ElementDocument>(1));
 }
 
 } // namespace railwright::testing

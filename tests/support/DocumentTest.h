@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <numeric>
 #include <optional>
 #include <utility>
 
@@ -19,7 +20,7 @@ namespace railwright::testing {
 struct Form {
     int Noise = 0x00; // stands in every byte that is passed over, and in a colour's first
     int True = 0xFF;  // the byte of a flag that is set
-    std::array<std::uint8_t, 4> Version = {1, 3, 0, 0};
+    Bytes Version = {1, 3, 0, 0};
     int Case = 0;            // added to every letter of a tag
     bool Reversed = false;   // every chunk's sub-chunks stand in reverse order
     int SizeError = 0;       // added to every ChunkSize and to the size of every parameter block
@@ -31,7 +32,6 @@ struct Form {
 struct Gap {
     std::size_t Size;
 };
-
 /// A value that is a small number in a random document.
 struct Small {
     std::int32_t& Number;
@@ -42,8 +42,9 @@ struct Small {
 /// the bytes of that file together; with a seed it first gives each value any content.
 class Walk {
 public:
-    explicit Walk(const Form& formOfFile) : form(formOfFile) {}
+    explicit Walk(Form form) : Departs(std::move(form)) {}
     explicit Walk(unsigned seed) : random(seed) {}
+    const Form Departs;
 
     template <class... Fields>
     void operator()(Fields&&... fields) {
@@ -64,28 +65,28 @@ public:
     }
     void Tag(const std::string& letters) {
         for (const char letter : letters)
-            Byte(letter + form.Case);
+            Byte(letter + Departs.Case);
     }
-    void Size(std::int64_t size) { Put(size + form.SizeError); }
+    void Size(std::size_t size) { Put(static_cast<int>(size) + Departs.SizeError); }
     /// @return a chunk with its frame and sub-chunks, whose last own fields are `fields`.
     template <class... Fields>
     Bytes Chunk(const std::string& tag, std::vector<Bytes> below, Fields&&... fields) {
         (*this)(fields...);
-        const bool unknown = form.UnknownShortBy >= 0;
-        if (form.Reversed)
+        const bool unknown = Departs.UnknownShortBy >= 0;
+        if (Departs.Reversed)
             std::reverse(below.begin(), below.end());
         Put(static_cast<std::int64_t>(below.size()) * (unknown ? 2 : 1));
         for (const Bytes& chunk : below) {
             if (unknown) {
                 Tag("WXYZ");
-                Put(21 - form.UnknownShortBy);
+                Put(21 - Departs.UnknownShortBy);
                 Append(Bytes(21, 0xA5));
             }
             Append(chunk);
         }
         const Bytes inside = Taken();
         Tag(tag);
-        Size(static_cast<std::int64_t>(inside.size()));
+        Size(inside.size());
         Append(inside);
         return Taken();
     }
@@ -98,7 +99,7 @@ public:
         EXPECT_TRUE(size == 0 || bytes.size() == 20 + size * static_cast<std::size_t>(count)) << tag;
         return Chunk(tag, std::move(below), Gap{16});
     }
-    void Version() { Append({form.Version.begin(), form.Version.end()}); }
+    void Append(const Bytes& more) { bytes.insert(bytes.end(), more.begin(), more.end()); }
     Bytes Taken() { return std::exchange(bytes, {}); }
 
 private:
@@ -113,21 +114,17 @@ private:
             Value(value);
     }
     void Value(Small& small) {
-        const auto choices = static_cast<std::uint32_t>(small.Highest - small.Lowest + 1);
-        small.Number = random ? small.Lowest + static_cast<int>(Next() % choices) : small.Number;
-        Put(small.Number);
+        const auto share = static_cast<int>(Next() % static_cast<unsigned>(small.Highest - small.Lowest + 1));
+        Put(small.Number = random ? small.Lowest + share : small.Number);
     }
-    void Value(Gap& gap) { Append(Bytes(gap.Size, static_cast<unsigned char>(form.Noise))); }
+    void Value(Gap& gap) { Append(Bytes(gap.Size, static_cast<unsigned char>(Departs.Noise))); }
     void Value(std::int32_t& value) { Put(value = random ? static_cast<std::int32_t>(Next()) : value); }
     void Value(ColorValue& value) {
         value = random ? Next() & 0xFFFFFF : value;
-        Put(static_cast<std::int64_t>(form.Noise) * 0x100'0000 + value);
+        Put(static_cast<std::int64_t>(Departs.Noise) * 0x100'0000 + value);
     }
     void Value(std::uint8_t& value) { Byte(value = random ? static_cast<std::uint8_t>(Next()) : value); }
-    void Value(Flag& value) {
-        Choose(value);
-        Byte(value ? form.True : 0);
-    }
+    void Value(Flag& value) { Byte((value = random ? Next() % 2 == 1 : value) ? Departs.True : 0); }
     void Value(float& value) {
         constexpr std::uint32_t oddities[] = {0x7F800001, 0xFFC12345, 0x7F800000, 0x80000000, 1};
         const std::uint32_t choice = Next() % 20;
@@ -136,9 +133,8 @@ private:
     }
     void Value(text& value) {
         if (random) {
-            value.assign(Next() % 4 == 0 ? 256 : Next() % 8, static_cast<char>(Next()));
-            for (std::size_t i = 1; i < value.size(); ++i)
-                value[i] = static_cast<char>(value[i - 1] + 1); // a text of 256 has every byte
+            value.resize(Next() % 4 == 0 ? 256 : Next() % 8);
+            std::iota(value.begin(), value.end(), static_cast<char>(Next())); // one of 256 has every byte
         }
         Put(static_cast<std::int64_t>(value.size()));
         Append(Bytes(value.begin(), value.end()));
@@ -149,16 +145,14 @@ private:
         for (const std::int64_t place : {0x100'0000, 0x1'0000, 0x100, 1})
             Byte(static_cast<int>((value + 0x1'0000'0000) / place % 256));
     }
-    void Append(const Bytes& more) { bytes.insert(bytes.end(), more.begin(), more.end()); }
 
-    Form form;
     std::optional<std::mt19937> random;
     Bytes bytes;
 };
 
 inline void WalkSegment(TrackSegment& r, Walk& v) {
     v(Small{r.SegmentType, -1, 6}, r.CustomColors, r.Color, r.Tunnel, Gap{15});
-    constexpr int blockSizes[] = {0, 126, 36, 28, 50};
+    constexpr std::size_t blockSizes[] = {0, 126, 36, 28, 50};
     if (r.SegmentType >= 0 && r.SegmentType <= 4)
         v.Size(blockSizes[r.SegmentType]);
     if (r.SegmentType == 1) {
@@ -178,7 +172,7 @@ inline void WalkSegment(TrackSegment& r, Walk& v) {
     }
 }
 
-inline Bytes WalkDocument(TrackDocument& t, Walk& v) {
+inline Bytes WalkDocument(TrackDocument& t, Walk v) {
     const Bytes info = v.Chunk("INFO", {}, Gap{16}, t.TrackInfo.AuthorComments);
     const Bytes bezr = v.ListChunk("BEZR", 60, t.BezierCurve.NodeCount, t.BezierCurve.Nodes, [&](auto& r) {
         v(r.Position, r.ControlIn, r.ControlOut, r.Roll, r.FlagA, r.FlagC, r.FlagB, Gap{17});
@@ -208,8 +202,7 @@ inline Bytes WalkDocument(TrackDocument& t, Walk& v) {
         v(r.BeamType, r.Value1, r.Value2, Gap{4});
     });
     auto catw = v.ListChunk("CATW", 0, t.WoodCatwalks.Count, t.WoodCatwalks.Items, [&](WoodCatwalk& r) {
-        v(r.Value, Small{r.ExtraBytes, 0, 9});
-        v(Gap{static_cast<std::size_t>(r.ExtraBytes)});
+        v(r.Value, Small{r.ExtraBytes, 0, 9}, Gap{static_cast<std::size_t>(r.ExtraBytes)});
     });
     const Bytes supp = v.Chunk("SUPP", {fund, rasc, fren, tube, catw}, Gap{32});
     v(t.TrackHeader.TrackType);
@@ -234,12 +227,12 @@ inline Bytes WalkDocument(TrackDocument& t, Walk& v) {
     v.Choose(r.HasTerrain);
     auto& e = t.Environment;
     const Bytes envc = v.Chunk("ENVC", {}, Gap{16}, e.PreferredEnvironment, e.Text2, Gap{16});
-    v.Version();
+    v.Append(v.Departs.Version);
     auto below = r.HasTerrain ? std::vector{trck, scen, tera, envc} : std::vector{trck, scen, envc};
     return v.Chunk("NLIM", below, Gap{16});
 }
 
-inline Bytes WalkDocument(ElementDocument& e, Walk& v) {
+inline Bytes WalkDocument(ElementDocument& e, Walk v) {
     v.Tag("ELEM");
     v(e.ChunkSize, Gap{64}, Small{e.NodeCount, 0, 5});
     v.Fit(e.Nodes, static_cast<std::size_t>(e.NodeCount) + 1);
@@ -253,20 +246,18 @@ inline Bytes WalkDocument(ElementDocument& e, Walk& v) {
 
 /// @return a document with every kind of record: segments of known and unknown types, texts of all bytes,
 /// floats of any bits, lists longer than their counts, terrain that is not stored, and counts that do not go
-/// together. The same seed gives the same document.
+/// together.
 template <class Document>
 Document Random(unsigned seed) {
     Document document;
-    Walk values(seed);
-    WalkDocument(document, values);
+    WalkDocument(document, Walk(seed));
     return document;
 }
 
 /// @return the document's file. Documents with the same file are equal in all that a file keeps.
 template <class Document>
 Bytes FileOf(Document document, const Form& form = {}) {
-    Walk values(form);
-    return WalkDocument(document, values);
+    return WalkDocument(document, Walk(form));
 }
 
 inline void ExpectSame(const Bytes& actual, const Bytes& expected) {
@@ -311,6 +302,27 @@ protected:
             ASSERT_TRUE(LoadFile(PathFromOutside(Example(sample)))) << sample;
             ExpectSame(Saved(InHand), ReadBytes(Example(sample)));
         }
+    }
+
+    /// Only under a name of its kind is a document loaded and saved, and a wrong name leaves it as it was.
+    void ExpectNamesToBeHeeded(const Document& document) {
+        const std::string end = name.substr(1);
+        const std::string mixed = "d.Nl" + end.substr(3);
+        InHand = document;
+        for (const std::string& given : {std::string("a"), std::string("b.txt"), "c" + end, mixed})
+            EXPECT_TRUE(SaveFile(folder.Inside(given)));
+        EXPECT_EQ(folder.Names(), (std::vector<std::string>{"a" + end, "b.txt" + end, "c" + end, mixed}));
+        EXPECT_FALSE(SaveFile(folder.Inside("missing\\a")));
+        EXPECT_FALSE(LoadFile(""));
+        EXPECT_FALSE(LoadFile(folder.Inside("gone" + end)));
+        std::filesystem::create_directory(folder.File("folder" + end));
+        EXPECT_FALSE(LoadFile(folder.Inside("folder" + end)));
+        for (const std::string& wrong : {end.substr(1), "a" + end + ".bak", end, ".hidden" + end}) {
+            WriteBytes(folder.File(wrong), FileOf(Document{}));
+            EXPECT_FALSE(LoadFile(folder.Inside(wrong))) << wrong;
+        }
+        ExpectSame(FileOf(InHand), FileOf(document));
+        EXPECT_TRUE(LoadFile(folder.Inside("C" + end))); // found in any case
     }
 
     const std::string name = std::is_same_v<Document, TrackDocument> ? "a.nltrack" : "a.nlelem";

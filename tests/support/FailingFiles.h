@@ -7,22 +7,19 @@
 
 namespace railwright::testing {
 
-/// The system's file operations with faults of the test's choice. While it lives it is in force. Only calls
-/// that can fail are counted. Nothing waits for the disk.
+/// The system's file operations with faults of the test's choice, in force while it lives. Counted are the
+/// calls that open, fill, close and replace. No write takes more than 100 bytes at once; nothing waits for
+/// the disk.
 class FailingFiles final : public FileOperations {
 public:
-    int FailAt = 0;                       // the number of the call that fails, counted from 1; 0 for none
-    bool WritesNothing = false;           // a write that fails gives no error, it only writes nothing
-    std::size_t LongestWrite = 1'000'000; // no write takes more bytes at once
-    std::errc OpenNewError = {};          // what OpenNew gives; no error for the system's own answer
-    int Calls = 0;                        // made so far
+    int FailAt = 0;              // the number of the call that fails, counted from 1; 0 for none
+    bool WritesNothing = false;  // a write that fails gives no error, it only writes nothing
+    std::errc OpenNewError = {}; // what OpenNew gives; no error for the system's own answer
 
     FileStatus Status(const std::string& path) override { return system.Status(path); }
     FileStatus ExactStatus(const std::string& path) override { return system.ExactStatus(path); }
     std::string BehindLinks(const std::string& path) override { return system.BehindLinks(path); }
-    std::string TemporaryNameBeside(const std::string& path) override {
-        return system.TemporaryNameBeside(path);
-    }
+    std::string TemporaryNameBeside(const std::string& a) override { return system.TemporaryNameBeside(a); }
     void FlushFolder(const std::string&) override {}
     std::unique_ptr<OpenFile> OpenToRead(const std::string& path, std::error_code& error) override {
         return Opened([&] { return system.OpenToRead(path, error); }, error);
@@ -36,8 +33,7 @@ public:
         return Opened([&] { return system.OpenToOverwrite(path, error); }, error);
     }
     void Replace(const std::string& from, const std::string& to, std::error_code& error) override {
-        if (!Fails(error))
-            system.Replace(from, to, error);
+        Fails(error) ? void() : system.Replace(from, to, error);
     }
     void Delete(const std::string& path, std::error_code& error) override { system.Delete(path, error); }
     void CreateFolder(const std::string& path, std::error_code& e) override { system.CreateFolder(path, e); }
@@ -50,14 +46,11 @@ private:
         }
         std::size_t Write(std::span<const std::uint8_t> bytes, std::error_code& error) override {
             if (!All.Fails(error))
-                return Real->Write(bytes.first(std::min(bytes.size(), All.LongestWrite)), error);
+                return Real->Write(bytes.first(std::min<std::size_t>(bytes.size(), 100)), error);
             error = All.WritesNothing ? std::error_code{} : error;
             return 0;
         }
-        void CutOff(std::error_code& error) override {
-            if (!All.Fails(error))
-                Real->CutOff(error);
-        }
+        void CutOff(std::error_code& e) override { All.Fails(e) ? void() : Real->CutOff(e); }
         void Flush(std::error_code& error) override { All.Fails(error); }
         void Close(std::error_code& error) override {
             Real->Close(error); // the system closes a file even when it reports that the last bytes were lost
@@ -69,10 +62,9 @@ private:
 
     /// Counts a call. @return whether it is the one to fail; then `error` is set.
     bool Fails(std::error_code& error) {
-        if (++Calls != FailAt)
-            return false;
-        error = std::make_error_code(std::errc::no_space_on_device);
-        return true;
+        const bool fails = ++calls == FailAt;
+        error = fails ? std::make_error_code(std::errc::no_space_on_device) : error;
+        return fails;
     }
     template <class Open>
     std::unique_ptr<OpenFile> Opened(Open&& open, std::error_code& error) {
@@ -80,6 +72,7 @@ private:
         return file ? std::make_unique<File>(*this, std::move(file)) : nullptr;
     }
 
+    int calls = 0;
     FileOperations& system = SystemFiles();
     ScopedFileOperations scope{*this};
 };

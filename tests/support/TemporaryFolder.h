@@ -14,20 +14,16 @@ namespace railwright::testing {
 
 using Bytes = std::vector<unsigned char>;
 
-/// A folder of its own for one test, gone with everything in it at the test's end.
+/// A folder of its own for one test, gone with everything in it at the test's end. Paths are as a user would
+/// type them, those Inside as the program uses them.
 class TemporaryFolder {
 public:
     TemporaryFolder() { std::filesystem::create_directories(folder); }
-    ~TemporaryFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(folder, ignored);
-    }
+    ~TemporaryFolder() { std::filesystem::remove_all(folder); }
     TemporaryFolder(TemporaryFolder&&) = delete;
 
     const std::filesystem::path& Path() const { return folder; }
-    /// The path of a file in the folder, as a user would type it.
     std::string File(const std::string& name) const { return (folder / name).string(); }
-    /// The same in the form that the program uses inside.
     std::string Inside(const std::string& name) const { return PathFromOutside(File(name)); }
     /// The names of all that lies in the folder, in order.
     std::vector<std::string> Names() const {
