@@ -8,17 +8,14 @@ namespace railwright::testing {
 
 TEST(NumberFormat, RoundsHalvesAwayFromZeroFromTheExactValue) {
     const double infinity = std::numeric_limits<double>::infinity();
-    const struct {
-        double Value;
-        const char* Pattern;
-        const char* Expected;
-    } cases[] = {{0, "###,##0", "0"},      {999, "###,##0", "999"},    {-1234567, "###,##0", "-1,234,567"},
-                 {0.125, "#0.00", "0.13"}, {-0.125, "#0.00", "-0.13"}, {999.995, "###,##0.00", "1,000.00"},
-                 {-0.004, "0.00", "0.00"}, {7, "000", "007"},          {1234, "000", "1234"},
-                 {5, "#0.00", "5.00"},     {infinity, "0.00", "inf"},  {infinity - infinity, "0.00", "nan"},
-                 {2.675, "0.00", "2.67"}}; // the nearest double of the last lies below
-    for (const auto& one : cases)
-        EXPECT_EQ(FormatNumber(one.Value, one.Pattern, {}), one.Expected) << one.Pattern;
+    const std::tuple<double, const char*, const char*> cases[] = {
+        {0, "###,##0", "0"},      {999, "###,##0", "999"},    {-1234567, "###,##0", "-1,234,567"},
+        {0.125, "#0.00", "0.13"}, {-0.125, "#0.00", "-0.13"}, {999.995, "###,##0.00", "1,000.00"},
+        {-0.004, "0.00", "0.00"}, {7, "000", "007"},          {1234, "000", "1234"},
+        {5, "#0.00", "5.00"},     {infinity, "0.00", "inf"},  {infinity - infinity, "0.00", "nan"},
+        {2.675, "0.00", "2.67"}}; // the nearest double of the last lies below
+    for (const auto& [value, pattern, expected] : cases)
+        EXPECT_EQ(FormatNumber(value, pattern, {}), expected) << pattern;
     EXPECT_EQ(FormatNumber(1234567.5, "#,##0.00", {"\u00A0", ","}), "1\u00A0234\u00A0567,50");
     EXPECT_EQ(FormatNumber(1234567.5, "#,##0.00", {"", "."}), "1234567.50");
 }

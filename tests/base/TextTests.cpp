@@ -20,8 +20,7 @@ TEST(Text, EveryByteStandsForItsOwnCharacter) {
 }
 
 TEST(Text, LowerCaseCoversAccentedLettersAndNothingElse) {
-    // A-Z and the 23 + 7 letters on both sides of the multiplication sign lie 0x20 below their small letters,
-    // three letters with a caron or a ligature 0x10 below, and the capital of 0xFF stands at 0x9F.
+    // First and last of a row of capitals, and how far behind them their small letters stand.
     text expected = EveryByte;
     const int ranges[][3] = {{0x41, 0x5A, 0x20}, {0xC0, 0xD6, 0x20}, {0xD8, 0xDE, 0x20}, {0x8A, 0x8A, 0x10},
                              {0x8C, 0x8C, 0x10}, {0x8E, 0x8E, 0x10}, {0x9F, 0x9F, 0x60}};

@@ -12,7 +12,6 @@ namespace railwright::testing {
 
 namespace fs = std::filesystem;
 using Names = std::vector<std::string>;
-
 const Bytes Old(180, 'o');
 const Bytes New(250, 'n');
 
@@ -89,13 +88,6 @@ TEST(WholeFile, RefusesFoldersAndReportsFullDevicesAndDisks) {
     umount(disk.c_str());
 }
 
-/// Saves New as a user to whom permissions apply, and ends the process: 0 if it was saved, 1 if not.
-[[noreturn]] static void SaveAsNobody(const std::string& path) {
-    if (geteuid() == 0 && setresuid(65534, 65534, 65534) != 0)
-        std::_Exit(2);
-    std::_Exit(WriteWholeFile(path, New) ? 0 : 1);
-}
-
 TEST(WholeFileDeathTest, HeedsPermissions) {
     const TemporaryFolder folder;
     for (const auto& [name, ofFolder, ofFile] : {std::tuple("open", 0777, 0444), {"closed", 0555, 0666}}) {
@@ -105,9 +97,13 @@ TEST(WholeFileDeathTest, HeedsPermissions) {
         fs::permissions(place / "a", static_cast<fs::perms>(ofFile));
         fs::permissions(place, static_cast<fs::perms>(ofFolder));
     }
-    EXPECT_EXIT(SaveAsNobody(folder.Inside("open\\a")), ::testing::ExitedWithCode(1), "");
-    EXPECT_EXIT(SaveAsNobody(folder.Inside("closed\\a")), ::testing::ExitedWithCode(0), "");
-    EXPECT_EXIT(SaveAsNobody(folder.Inside("closed\\b")), ::testing::ExitedWithCode(1), "");
+    const auto saveAsNobody = [&](const char* name) { // 0 if it was saved, 1 if not
+        if (geteuid() == 0 && setresuid(65534, 65534, 65534) != 0)
+            std::_Exit(2);
+        std::_Exit(WriteWholeFile(folder.Inside(name), New) ? 0 : 1);
+    };
+    for (const auto& [name, answer] : {std::pair("open\\a", 1), {"closed\\a", 0}, {"closed\\b", 1}})
+        EXPECT_EXIT(saveAsNobody(name), ::testing::ExitedWithCode(answer), "") << name;
     EXPECT_EQ(ReadBytes(folder.File("open/a")), Old);
     EXPECT_EQ(ReadBytes(folder.File("closed/a")), New);
     EXPECT_FALSE(fs::exists(folder.File("closed/b")));

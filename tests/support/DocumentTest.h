@@ -46,18 +46,10 @@ public:
     explicit Walk(unsigned seed) : random(seed) {}
     const Form Departs;
 
-    template <class... Fields>
-    void operator()(Fields&&... fields) {
-        (Visit(fields), ...);
-    }
-    void Choose(Flag& value) { value = random ? Next() % 2 == 1 : value; }
-    template <class Item>
-    void Fit(std::vector<Item>& items, std::size_t size) {
-        items.resize(random ? size : items.size());
-    }
+    void operator()(auto&&... fields) { (Visit(fields), ...); }
+    void Fit(auto& items, std::size_t size) { items.resize(random ? size : items.size()); }
     /// A count, what stands between it and the list, and as many items as it says.
-    template <class Item, class Each, class... Between>
-    void List(std::int32_t& count, std::vector<Item>& items, Each&& each, Between&&... between) {
+    void List(std::int32_t& count, auto& items, auto&& each, auto&&... between) {
         (*this)(Small{count, 0, 12}, between...);
         Fit(items, static_cast<std::size_t>(count) + Next() % 3);
         for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i)
@@ -69,8 +61,7 @@ public:
     }
     void Size(std::size_t size) { Put(static_cast<int>(size) + Departs.SizeError); }
     /// @return a chunk with its frame and sub-chunks, whose last own fields are `fields`.
-    template <class... Fields>
-    Bytes Chunk(const std::string& tag, std::vector<Bytes> below, Fields&&... fields) {
+    Bytes Chunk(const std::string& tag, std::vector<Bytes> below, auto&&... fields) {
         (*this)(fields...);
         const bool unknown = Departs.UnknownShortBy >= 0;
         if (Departs.Reversed)
@@ -91,9 +82,8 @@ public:
         return Taken();
     }
     /// A chunk of a list alone, each item of which takes `size` bytes; 0 where that varies.
-    template <class Item, class Each>
-    Bytes ListChunk(const char* tag, std::size_t size, std::int32_t& count, std::vector<Item>& items,
-                    Each&& each, std::vector<Bytes> below = {}) {
+    Bytes ListChunk(const char* tag, std::size_t size, std::int32_t& count, auto& items, auto&& each,
+                    std::vector<Bytes> below = {}) {
         (*this)(Gap{16});
         List(count, items, each);
         EXPECT_TRUE(size == 0 || bytes.size() == 20 + size * static_cast<std::size_t>(count)) << tag;
@@ -103,8 +93,7 @@ public:
     Bytes Taken() { return std::exchange(bytes, {}); }
 
 private:
-    template <class T>
-    void Visit(T& value) {
+    void Visit(auto& value) {
         if constexpr (requires { value.X; })
             (*this)(value.X, value.Y, value.Z);
         else if constexpr (requires { value.fill({}); })
@@ -126,9 +115,8 @@ private:
     void Value(std::uint8_t& value) { Byte(value = random ? static_cast<std::uint8_t>(Next()) : value); }
     void Value(Flag& value) { Byte((value = random ? Next() % 2 == 1 : value) ? Departs.True : 0); }
     void Value(float& value) {
-        constexpr std::uint32_t oddities[] = {0x7F800001, 0xFFC12345, 0x7F800000, 0x80000000, 1};
-        const std::uint32_t choice = Next() % 20;
-        value = random ? std::bit_cast<float>(choice < 5 ? oddities[choice] : Next()) : value;
+        const std::uint32_t bits = Next() % 4 == 0 ? (Next() & 0x803FFFFF) | 0x7F800000 : Next(); // a NaN
+        value = random ? std::bit_cast<float>(bits) : value;
         Put(std::bit_cast<std::uint32_t>(value));
     }
     void Value(text& value) {
@@ -224,7 +212,8 @@ inline Bytes WalkDocument(TrackDocument& t, Walk v) {
     for (float& height : r.Heights)
         v(height);
     const Bytes tera = v.Chunk("TERA", {}, Gap{16});
-    v.Choose(r.HasTerrain);
+    v(r.HasTerrain); // which stands nowhere in the file
+    v.Taken();
     auto& e = t.Environment;
     const Bytes envc = v.Chunk("ENVC", {}, Gap{16}, e.PreferredEnvironment, e.Text2, Gap{16});
     v.Append(v.Departs.Version);
@@ -255,8 +244,7 @@ Document Random(unsigned seed) {
 }
 
 /// @return the document's file. Documents with the same file are equal in all that a file keeps.
-template <class Document>
-Bytes FileOf(Document document, const Form& form = {}) {
+Bytes FileOf(auto document, const Form& form = {}) {
     return WalkDocument(document, Walk(form));
 }
 

@@ -52,10 +52,8 @@ private:
         }
         void CutOff(std::error_code& e) override { All.Fails(e) ? void() : Real->CutOff(e); }
         void Flush(std::error_code& error) override { All.Fails(error); }
-        void Close(std::error_code& error) override {
-            Real->Close(error); // the system closes a file even when it reports that the last bytes were lost
-            All.Fails(error);
-        }
+        // The system closes a file even when it reports that the last bytes were lost.
+        void Close(std::error_code& error) override { Real->Close(error), All.Fails(error); }
         FailingFiles& All;
         std::unique_ptr<OpenFile> Real;
     };
@@ -66,8 +64,7 @@ private:
         error = fails ? std::make_error_code(std::errc::no_space_on_device) : error;
         return fails;
     }
-    template <class Open>
-    std::unique_ptr<OpenFile> Opened(Open&& open, std::error_code& error) {
+    std::unique_ptr<OpenFile> Opened(auto&& open, std::error_code& error) {
         auto file = Fails(error) ? nullptr : open();
         return file ? std::make_unique<File>(*this, std::move(file)) : nullptr;
     }
