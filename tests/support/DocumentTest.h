@@ -24,8 +24,7 @@ struct Form {
     int Case = 0;            // added to every letter of a tag
     bool Reversed = false;   // every chunk's sub-chunks stand in reverse order
     int SizeError = 0;       // added to every ChunkSize and to the size of every parameter block
-    int UnknownShortBy = -1; // if not negative, a chunk that nobody knows stands before each sub-chunk, and
-                             // its size leaves out so many of its bytes
+    int UnknownShortBy = -1; // bytes left out of the size of an unknown chunk before each other; -1 for none
 };
 
 /// Bytes that mean nothing.
@@ -233,9 +232,8 @@ inline Bytes WalkDocument(ElementDocument& e, Walk v) {
     return v.Taken();
 }
 
-/// @return a document with every kind of record: segments of known and unknown types, texts of all bytes,
-/// floats of any bits, lists longer than their counts, terrain that is not stored, and counts that do not go
-/// together.
+/// @return a document with every kind of record: known and unknown segments, texts of all bytes, floats of
+/// any bits, lists longer than their counts, terrain that is not stored, and counts that do not go together.
 template <class Document>
 Document Random(unsigned seed) {
     Document document;

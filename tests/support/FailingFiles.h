@@ -8,8 +8,7 @@
 namespace railwright::testing {
 
 /// The system's file operations with faults of the test's choice, in force while it lives. Counted are the
-/// calls that open, fill, close and replace. No write takes more than 100 bytes at once; nothing waits for
-/// the disk.
+/// calls that open, fill, close and replace. No write takes more than 100 bytes; none waits for the disk.
 class FailingFiles final : public FileOperations {
 public:
     int FailAt = 0;              // the number of the call that fails, counted from 1; 0 for none

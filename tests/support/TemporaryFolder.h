@@ -20,8 +20,6 @@ class TemporaryFolder {
 public:
     TemporaryFolder() { std::filesystem::create_directories(folder); }
     ~TemporaryFolder() { std::filesystem::remove_all(folder); }
-    TemporaryFolder(TemporaryFolder&&) = delete;
-
     const std::filesystem::path& Path() const { return folder; }
     std::string File(const std::string& name) const { return (folder / name).string(); }
     std::string Inside(const std::string& name) const { return PathFromOutside(File(name)); }
