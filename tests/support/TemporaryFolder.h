@@ -1,35 +1,54 @@
 #pragma once
 
+#include "platform/Paths.h"
+
 #include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <set>
 #include <string>
 #include <vector>
 
 namespace railwright::testing {
 
-/// A folder of its own for one test, gone with everything in it at the test's end.
+using Bytes = std::vector<unsigned char>;
+
+/// A folder of its own for one test, gone with everything in it at the test's end. Paths are as a user would
+/// type them, those Inside as the program uses them.
 class TemporaryFolder {
 public:
-    TemporaryFolder();
-    ~TemporaryFolder();
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
+    TemporaryFolder() { std::filesystem::create_directories(folder); }
+    ~TemporaryFolder() { std::filesystem::remove_all(folder); }
     const std::filesystem::path& Path() const { return folder; }
-    /// The path of a file in the folder, as a user would type it.
     std::string File(const std::string& name) const { return (folder / name).string(); }
-    /// The same in the form that the program uses inside.
-    std::string Inside(const std::string& name) const;
+    std::string Inside(const std::string& name) const { return PathFromOutside(File(name)); }
     /// The names of all that lies in the folder, in order.
-    std::vector<std::string> Names() const;
+    std::vector<std::string> Names() const {
+        std::set<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(folder))
+            names.insert(entry.path().filename().string());
+        return {names.begin(), names.end()};
+    }
 
 private:
-    std::filesystem::path folder;
+    std::filesystem::path folder =
+        std::filesystem::temp_directory_path() / ("railwright-" + std::to_string(std::random_device{}()));
 };
 
-std::vector<unsigned char> ReadBytes(const std::filesystem::path& file);
-void WriteBytes(const std::filesystem::path& file, const std::vector<unsigned char>& bytes);
+inline Bytes ReadBytes(const std::filesystem::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+inline void WriteBytes(const std::filesystem::path& file, const Bytes& bytes) {
+    std::ofstream(file, std::ios::binary)
+        .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+}
 
 /// The path of one of the examples that come with the program, as a user would type it.
-std::string Example(const std::string& name);
+inline std::string Example(const std::string& name) {
+    return std::string(RAILWRIGHT_EXAMPLES) + '/' + name;
+}
 
 } // namespace railwright::testing
