@@ -7,8 +7,12 @@
 
 #include <filesystem>
 
+#ifdef _WIN32
+#include <windows.h>
+#else
 #include <sys/mount.h>
 #include <unistd.h>
+#endif
 
 namespace railwright {
 namespace {
@@ -78,6 +82,8 @@ TEST(WholeFile, OnlyAClosedFolderIsAnsweredByWritingInPlace) {
     EXPECT_EQ(folder.Names(), Names{"a.nltrack"});
 }
 
+#ifndef _WIN32 // links, devices, mounts and the rights of users are made by other means there, or need an
+               // administrator
 TEST(WholeFile, FollowsLinksAndKeepsPermissions) {
     const TemporaryFolder folder;
     fs::create_directory(folder.Path() / "kept");
@@ -156,14 +162,49 @@ TEST(WholeFileDeathTest, HeedsPermissions) {
     fs::permissions(closed, static_cast<fs::perms>(0755));
 }
 
-TEST(WholeFile, NamesAreFoundInAnyCaseAndMadeAsTheyAreGiven) {
+TEST(WholeFile, NewNamesAreMadeAsTheyAreGiven) {
     const TemporaryFolder folder;
     fs::create_directory(folder.File("Tracks"));
     WriteBytes(folder.File("Tracks/\u00C4ltere.NLTRACK"), Old);
+    EXPECT_TRUE(WriteWholeFile(folder.Inside("tracks\\\u00E4ltere.nltrack"), New));
+    EXPECT_EQ(ReadBytes(folder.File("Tracks/\u00C4ltere.NLTRACK")), Old);
+    EXPECT_EQ(ReadBytes(folder.File("Tracks/\u00E4ltere.nltrack")), New);
+}
+
+TEST(WholeFile, ADotHidesAFile) {
+    const TemporaryFolder folder;
     WriteBytes(folder.File(".hidden"), Old);
+    EXPECT_FALSE(FileExists(folder.Inside(".hidden")));
+}
+#else
+TEST(WholeFile, AttributesHideAndProtectAFile) {
+    struct Case {
+        DWORD Attribute;
+        bool Exists;
+        bool Written;
+    };
+    for (const auto& [attribute, exists, written] :
+         {Case{FILE_ATTRIBUTE_NORMAL, true, true}, Case{FILE_ATTRIBUTE_HIDDEN, false, true},
+          Case{FILE_ATTRIBUTE_SYSTEM, false, true}, Case{FILE_ATTRIBUTE_READONLY, true, false}}) {
+        const TemporaryFolder folder;
+        const std::string file = folder.File("a.nltrack");
+        WriteBytes(file, Old);
+        ASSERT_TRUE(SetFileAttributesA(file.c_str(), attribute));
+        EXPECT_EQ(FileExists(folder.Inside("a.nltrack")), exists) << attribute;
+        EXPECT_EQ(bool(WriteWholeFile(folder.Inside("a.nltrack"), New)), written) << attribute;
+        EXPECT_EQ(ReadBytes(file), written ? New : Old) << attribute;
+        EXPECT_EQ(folder.Names(), Names{"a.nltrack"});
+        SetFileAttributesA(file.c_str(), FILE_ATTRIBUTE_NORMAL);
+    }
+}
+#endif
+
+TEST(WholeFile, NamesAreFoundInAnyCase) {
+    const TemporaryFolder folder;
+    fs::create_directory(folder.File("Tracks"));
+    WriteBytes(folder.File("Tracks/\u00C4ltere.NLTRACK"), Old);
     EXPECT_TRUE(FileExists(folder.Inside("tracks\\\u00E4LTERE.nltrack")));
     EXPECT_FALSE(FileExists(folder.Inside("tracks\\altere.nltrack")));
-    EXPECT_FALSE(FileExists(folder.Inside(".hidden")));
     EXPECT_FALSE(FileExists(folder.Inside("Tracks")));
     EXPECT_EQ(FileLength(folder.Inside("TRACKS\\\u00C4ltere.nltrack")), 180);
 
@@ -174,10 +215,6 @@ TEST(WholeFile, NamesAreFoundInAnyCaseAndMadeAsTheyAreGiven) {
     EXPECT_EQ(read, withSpare);
     EXPECT_FALSE(ReadWholeFile(folder.Inside("none"), 1, read));
     EXPECT_EQ(read, Bytes{});
-
-    EXPECT_TRUE(WriteWholeFile(folder.Inside("tracks\\\u00E4ltere.nltrack"), New));
-    EXPECT_EQ(ReadBytes(folder.File("Tracks/\u00C4ltere.NLTRACK")), Old);
-    EXPECT_EQ(ReadBytes(folder.File("Tracks/\u00E4ltere.nltrack")), New);
 }
 
 TEST(WholeFile, MakesFoldersThatAreMissing) {
