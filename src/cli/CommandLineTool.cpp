@@ -158,6 +158,7 @@ bool ForEachFile(const std::vector<std::string>& files, Work&& work, Tell&& tell
 int RunCommandLineTool(std::vector<std::string> arguments, std::ostream& out, std::ostream& errors) {
     CLI::App app("Reports on, draws, checks and changes NoLimits tracks and elements.", "railwright-cli");
     app.require_subcommand(1);
+    app.allow_windows_style_options(false); // a path may begin with a slash everywhere
     std::vector<std::string> files;
     std::string file;
     std::vector<std::string> steps;

@@ -82,8 +82,7 @@ TEST(WholeFile, OnlyAClosedFolderIsAnsweredByWritingInPlace) {
     EXPECT_EQ(folder.Names(), Names{"a.nltrack"});
 }
 
-#ifndef _WIN32 // links, devices, mounts and the rights of users are made by other means there, or need an
-               // administrator
+#ifndef _WIN32 // there, links and rights of users need an administrator, and names have no case of their own
 TEST(WholeFile, FollowsLinksAndKeepsPermissions) {
     const TemporaryFolder folder;
     fs::create_directory(folder.Path() / "kept");
@@ -202,7 +201,7 @@ TEST(WholeFile, AttributesHideAndProtectAFile) {
 TEST(WholeFile, NamesAreFoundInAnyCase) {
     const TemporaryFolder folder;
     fs::create_directory(folder.File("Tracks"));
-    WriteBytes(folder.File("Tracks/\u00C4ltere.NLTRACK"), Old);
+    WriteBytes(folder.Path() / u8"Tracks" / u8"\u00C4ltere.NLTRACK", Old);
     EXPECT_TRUE(FileExists(folder.Inside("tracks\\\u00E4LTERE.nltrack")));
     EXPECT_FALSE(FileExists(folder.Inside("tracks\\altere.nltrack")));
     EXPECT_FALSE(FileExists(folder.Inside("Tracks")));
