@@ -16,7 +16,9 @@ public:
 
     const std::filesystem::path& Path() const { return folder; }
     /// The path of a file in the folder, as a user would type it.
-    std::string File(const std::string& name) const { return (folder / name).string(); }
+    std::string File(const std::string& name) const {
+        return folder.string() + static_cast<char>(std::filesystem::path::preferred_separator) + name;
+    }
     /// The same in the form that the program uses inside.
     std::string Inside(const std::string& name) const;
     /// The names of all that lies in the folder, in order.
