@@ -12,23 +12,23 @@ HKEY Native(Handle key) {
                                          : static_cast<std::intptr_t>(key));
 }
 
-std::int32_t Opened(LSTATUS status, HKEY opened, Handle* result) {
-    if (status == 0)
-        *result = reinterpret_cast<Handle>(opened);
-    return status;
-}
-
 } // namespace
 
 std::int32_t RegOpenKeyExA(Handle key, const char* subKey, std::uint32_t options, std::uint32_t access,
                            Handle* result) {
     HKEY opened = nullptr;
-    return Opened(::RegOpenKeyExA(Native(key), subKey, options, access, &opened), opened, result);
+    const LSTATUS status = ::RegOpenKeyExA(Native(key), subKey, options, access, &opened);
+    if (status == 0)
+        *result = reinterpret_cast<Handle>(opened);
+    return status;
 }
 
 std::int32_t RegCreateKeyA(Handle key, const char* subKey, Handle* result) {
     HKEY opened = nullptr;
-    return Opened(::RegCreateKeyA(Native(key), subKey, &opened), opened, result);
+    const LSTATUS status = ::RegCreateKeyA(Native(key), subKey, &opened);
+    if (status == 0)
+        *result = reinterpret_cast<Handle>(opened);
+    return status;
 }
 
 std::int32_t RegQueryValueExA(Handle key, const char* valueName, std::uint32_t* reserved, std::uint32_t* type,
