@@ -4,8 +4,8 @@
 
 namespace railwright {
 
-/// The user's style, fitted to this window's text: marks of check boxes and options are as high as a line, and
-/// the title of a group stands in its frame.
+/// The user's style, fitted to this window's text: marks of check boxes and options are as high as a line,
+/// and the title of a group stands in its frame.
 class ControlStyle final : public QProxyStyle {
 public:
     using QProxyStyle::QProxyStyle;

@@ -203,8 +203,9 @@ bool frmMain::Form_Unload() {
     const MessageAnswer answer =
         ShowMessageBox(Handle(), "There are unsaved changes to the file.\r\nSave changes?", "Unsaved Changes",
                        MessageButtons::YesNoCancel, MessageIcon::Question);
+    // With a save that failed the window stays, or the changes would be gone.
     if (answer == MessageAnswer::Yes)
-        mnuSaveAs_Click();
+        return SaveNoLimitsFile();
     return answer != MessageAnswer::Cancel;
 }
 

@@ -24,6 +24,7 @@ namespace Tabs {
 inline constexpr std::int16_t About = 0;
 inline constexpr std::int16_t Overview = 1;
 inline constexpr std::int16_t ShuttleMake = 8;
+inline constexpr std::int16_t EnvironmentOrganizer = 12;
 inline constexpr std::int16_t Renamer = 15;
 inline constexpr std::size_t Count = 16;
 } // namespace Tabs

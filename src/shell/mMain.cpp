@@ -178,21 +178,22 @@ bool OpenNoLimitsFile(std::string sFile) {
     return true;
 }
 
-void SaveNoLimitsFile() {
+bool SaveNoLimitsFile() {
     // What a failed open has left is not written over anything.
     const DocumentFlow* const flow = iDocumentKind == DocumentKinds::None ? nullptr : FlowOf(sDocumentFile);
     if (flow != nullptr) {
         const std::string chosen = AskForName(*flow);
         if (chosen.empty())
-            return;
+            return true;
         if (!flow->Save(chosen)) {
             ShowError(flow->SaveError);
-            return;
+            return false;
         }
         sDocumentFile = chosen;
     }
     bDocumentChanged = false;
     frmMain::Instance().ShowFileName();
+    return true;
 }
 
 void RefreshTrackTools() {

@@ -34,7 +34,8 @@ bool OpenNoLimitsFile(std::string sFile);
 
 /// Asks for a name and saves the document under it, in the format that the extension of sDocumentFile tells.
 /// With no document nothing is asked or written. A save that fails leaves everything as it was.
-void SaveNoLimitsFile();
+/// @return false only if a save was tried and failed.
+bool SaveNoLimitsFile();
 
 /// Brings all that shows Track up to date: polyline, previews, report, and the panels of Shuttle Make and of
 /// the 3DS Renamer. It marks no change.

@@ -44,6 +44,8 @@ private:
 bool FailingFiles::Fails(std::error_code& error) {
     if (++Calls != FailAt)
         return false;
+    if (EndsSuddenly)
+        throw SuddenEnd{};
     error = std::make_error_code(std::errc::no_space_on_device);
     return true;
 }
@@ -72,6 +74,15 @@ std::unique_ptr<OpenFile> FailingFiles::OpenToOverwrite(const std::string& path,
 void FailingFiles::Replace(const std::string& from, const std::string& to, std::error_code& error) {
     if (!Fails(error))
         SystemFiles().Replace(from, to, error);
+}
+
+void FailingFiles::Move(const std::string& from, const std::string& to, std::error_code& error) {
+    if (!Fails(error))
+        SystemFiles().Move(from, to, error);
+}
+
+std::vector<std::string> FailingFiles::List(const std::string& folder, std::error_code& error) {
+    return Fails(error) ? std::vector<std::string>{} : SystemFiles().List(folder, error);
 }
 
 void FailingFiles::Delete(const std::string& path, std::error_code& error) {

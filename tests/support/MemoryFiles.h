@@ -23,6 +23,10 @@ public:
     std::unique_ptr<OpenFile> OpenToOverwrite(const std::string& path, std::error_code& error) override;
     void Replace(const std::string& from, const std::string& to, std::error_code& error) override;
     void Delete(const std::string& path, std::error_code&) override { Content.erase(path); }
+    void Move(const std::string& from, const std::string& to, std::error_code& error) override {
+        Replace(from, to, error);
+    }
+    std::vector<std::string> List(const std::string&, std::error_code&) override { return {}; }
     void CreateFolder(const std::string&, std::error_code&) override {}
     void FlushFolder(const std::string&) override {}
     std::string TemporaryNameBeside(const std::string& path) override { return path + ".tmp"; }

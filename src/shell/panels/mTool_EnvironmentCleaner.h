@@ -6,7 +6,6 @@
 
 class QLabel;
 class QPushButton;
-class QWidget;
 
 namespace railwright {
 
@@ -17,10 +16,17 @@ class EnvironmentOrganizerPanel final : public ToolPanel {
 public:
     explicit EnvironmentOrganizerPanel(ucFrame& frame);
 
+    /// Counts the environments afresh.
+    void Prepare() override;
+
 private:
+    class Bar;
+
+    void btnNLEnvOrganize_Click();
+
     std::array<QLabel*, 2> lblNLEnvOrganize{};
     QPushButton* btnNLEnvOrganize;
-    QWidget* pbNLEnvOrganize;
+    Bar* pbNLEnvOrganize;
 };
 
 } // namespace railwright
