@@ -69,10 +69,9 @@ bool IsRoot(const RegistryName& path) {
 
 /// @return the path of an open key, empty if there is none of that handle.
 RegistryName PathOf(Handle key) {
-    for (const auto* const keys : {&Roots, const_cast<const std::map<Handle, RegistryName>*>(&OpenKeys())})
-        if (const auto found = keys->find(key); found != keys->end())
-            return found->second;
-    return {};
+    const auto& keys = Roots.contains(key) ? Roots : OpenKeys();
+    const auto found = keys.find(key);
+    return found == keys.end() ? RegistryName{} : found->second;
 }
 
 std::int32_t PathBelow(Handle key, const char* subKey, RegistryName& path) {
