@@ -44,7 +44,7 @@ protected:
     Tree Found() const {
         Tree tree;
         for (const auto& entry : fs::recursive_directory_iterator(folder.Path()))
-            if (entry.is_regular_file() && !entry.path().filename().string().starts_with(".railwright-")) {
+            if (entry.is_regular_file() && entry.path().filename().string().substr(1, 11) != "railwright-") {
                 const auto bytes = ReadBytes(entry.path());
                 tree[fs::relative(entry.path(), folder.Path()).generic_string()] = {bytes.begin(),
                                                                                     bytes.end()};
