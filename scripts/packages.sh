@@ -1,4 +1,5 @@
 # The Debian packages that the program needs, for the scripts to read.
 packages_to_build="g++ cmake ninja-build libcli11-dev nlohmann-json3-dev"
-packages_to_test="git libgtest-dev"
+packages_for_window="qt6-base-dev libgl1-mesa-dev fonts-liberation"
+packages_to_test="git libgtest-dev xvfb xdotool"
 packages_to_check="clang clang-format"

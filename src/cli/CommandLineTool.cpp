@@ -6,6 +6,8 @@
 #include "element/mNoLimits_ElementIO_1_3.h"
 #include "geometry/Preview.h"
 #include "geometry/mNoLimits_TrackTools.h"
+#include "install/mTool_EnvironmentCleaner.h"
+#include "platform/FileOperations.h"
 #include "platform/Paths.h"
 #include "platform/UserLocale.h"
 #include "platform/svg/SvgPictureBox.h"
@@ -15,7 +17,6 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <optional>
 #include <span>
 
 namespace railwright {
@@ -88,13 +89,25 @@ std::string WithPlainLineEnds(std::string lines) {
     return lines;
 }
 
-void PrintReport(const std::string& file, const NumberSeparators& separators, std::ostream& out) {
+/// What a command line says behind the command's name.
+struct Arguments {
+    std::vector<std::string> Files;
+    std::vector<std::string> Steps;
+    std::string Target;
+    NumberSeparators Separators = UserNumberSeparators();
+};
+
+void PrintReport(const std::string& file, const Arguments& arguments, std::ostream& out) {
     Load(TrackKind, file);
     AnalyzeTrack();
-    out << WithPlainLineEnds(BuildTrackOverview(PathFromOutside(file), separators));
+    out << WithPlainLineEnds(BuildTrackOverview(PathFromOutside(file), arguments.Separators));
 }
 
-void PrintPolyline(const std::string& file, std::ostream& out) {
+void PrintDump(const std::string& file, const Arguments&, std::ostream& out) {
+    out << LoadAny(file).Dump() << '\n';
+}
+
+void PrintPolyline(const std::string& file, const Arguments&, std::ostream& out) {
     const Kind& kind = LoadAny(file);
     kind.Analyze();
     const bool isTrack = &kind == &TrackKind;
@@ -114,115 +127,128 @@ void WriteText(const std::string& file, const std::string& characters) {
     Require(WriteWholeFile(PathFromOutside(file), std::span(bytes, characters.size())), file);
 }
 
-void WritePreview(const std::string& file, const std::string& folder) {
+void WritePreview(const std::string& file, const Arguments& arguments, std::ostream&) {
     const Kind& kind = LoadAny(file);
     kind.Analyze();
     SvgPictureBox plan;
     SvgPictureBox side;
     kind.Draw(plan, side);
-    Require(CreateFolders(PathFromOutside(folder)), folder);
-    WriteText(folder + "/plan.svg", plan.Document());
-    WriteText(folder + "/side.svg", side.Document());
+    Require(CreateFolders(PathFromOutside(arguments.Target)), arguments.Target);
+    WriteText(arguments.Target + "/plan.svg", plan.Document());
+    WriteText(arguments.Target + "/side.svg", side.Document());
 }
 
-void Apply(const std::string& file, const std::vector<std::string>& steps, const std::string& target) {
+void Apply(const std::string& file, const Arguments& arguments, std::ostream&) {
     const Kind& kind = LoadAny(file);
-    if (const StepResult applied = kind.Apply(steps); !applied.Done)
+    if (const StepResult applied = kind.Apply(arguments.Steps); !applied.Done)
         throw FileFailure{file, applied.Reason};
-    Require(kind.Save(PathFromOutside(target)), target);
+    Require(kind.Save(PathFromOutside(arguments.Target)), arguments.Target);
 }
 
-/// @throws FileFailure with the byte of the fault.
-void Check(const std::string& file) {
+void Check(const std::string& file, const Arguments&, std::ostream& out) {
     if (const FileResult loaded = KindOf(file).Load(PathFromOutside(file)); !loaded)
         throw FileFailure{file, WithByte(loaded)};
+    out << file << ": ok\n";
 }
 
-/// Runs `work` on each file, goes on after a failure, and tells whether all went well.
-template <class Work, class Tell>
-bool ForEachFile(const std::vector<std::string>& files, Work&& work, Tell&& tell) {
-    bool all = true;
-    for (const std::string& file : files) {
-        try {
-            work(file);
-        } catch (const FileFailure& failure) {
-            tell(failure);
-            all = false;
-        }
+/// Prints what the organizer does, line by line.
+class PrintedProgress final : public OrganizerProgress {
+public:
+    explicit PrintedProgress(std::ostream& stream) : out(stream) {}
+    void Clear() override {}
+    void ShowShare(int) override {}
+    void ShowDone() override {}
+    void RunPendingEvents() override {}
+    void Tell(const std::string& line) override { out << line << '\n'; }
+
+private:
+    std::ostream& out;
+};
+
+void Organize(const std::string& folder, const Arguments&, std::ostream& out) {
+    const std::string inside = PathFromOutside(folder);
+    if (Files().Status(inside + "\\Environments").What != FileStatus::Kind::Folder)
+        throw FileFailure{folder, "there is no folder Environments in it"};
+    PrintedProgress progress(out);
+    if (!OrganizeEnvironments(inside, progress))
+        throw FileFailure{folder, "something could not be read or written"};
+}
+
+struct Command {
+    const char* Name;
+    const char* Help;
+    /// What it works on, and whether it takes more than one.
+    const char* On;
+    bool OnMany;
+    /// What its option -o names; none if empty.
+    const char* Target;
+    bool HasSteps;
+    bool HasSeparators;
+    /// It tells what is wrong with a file as its result, on standard output.
+    bool TellsFailures;
+    /// Throws FileFailure.
+    void (*Work)(const std::string& file, const Arguments& arguments, std::ostream& out);
+};
+
+constexpr Command Commands[] = {
+    {"report", "print the overview of each track", "FILE", true, "", false, true, false, PrintReport},
+    {"dump", "print the whole document as JSON", "FILE", false, "", false, false, false, PrintDump},
+    {"polyline", "print the sampled curve as CSV", "FILE", false, "", false, false, false, PrintPolyline},
+    {"preview", "draw plan.svg and side.svg", "FILE", false, "folder for the drawings", false, false, false,
+     WritePreview},
+    {"apply", "run tools on a file and save the result", "FILE", false, "file to save to, which may be FILE",
+     true, false, false, Apply},
+    {"check", "tell for each file whether it can be read", "FILE", true, "", false, false, true, Check},
+    {"organize", "tidy the environments in the simulator's folder", "FOLDER", false, "", false, false, false,
+     Organize},
+};
+
+void AddCommand(CLI::App& app, const Command& command, Arguments& arguments, const Command*& chosen) {
+    CLI::App* const added = app.add_subcommand(command.Name, command.Help);
+    added->callback([&command, &chosen] { chosen = &command; });
+    if (command.OnMany)
+        added->add_option(command.On, arguments.Files)->required();
+    else
+        added
+            ->add_option_function<std::string>(
+                command.On, [&arguments](const std::string& file) { arguments.Files = {file}; })
+            ->required();
+    if (command.HasSteps)
+        added->add_option("STEP", arguments.Steps, "tool to run, as NAME or NAME=VALUE");
+    if (*command.Target != 0)
+        added->add_option("-o", arguments.Target, command.Target)->required();
+    if (command.HasSeparators) {
+        added->add_option("--group", arguments.Separators.Group, "what stands between the thousands");
+        added->add_option("--decimal", arguments.Separators.Decimal, "what stands before the decimals");
     }
-    return all;
 }
 
 } // namespace
 
-int RunCommandLineTool(std::vector<std::string> arguments, std::ostream& out, std::ostream& errors) {
+int RunCommandLineTool(std::vector<std::string> words, std::ostream& out, std::ostream& errors) {
     CLI::App app("Reports on, draws, checks and changes NoLimits tracks and elements.", "railwright-cli");
     app.require_subcommand(1);
-    std::vector<std::string> files;
-    std::string file;
-    std::vector<std::string> steps;
-    std::string target;
-    NumberSeparators separators = UserNumberSeparators();
-
-    const auto command = [&](const char* name, const char* help) { return app.add_subcommand(name, help); };
-    const auto onFiles = [&](CLI::App* added) {
-        added->add_option("FILE", files, "files to read")->required();
-    };
-    const auto onFile = [&](CLI::App* added) { added->add_option("FILE", file, "file to read")->required(); };
-
-    CLI::App* const report = command("report", "print the overview of each track");
-    onFiles(report);
-    report->add_option("--group", separators.Group, "what stands between the thousands");
-    report->add_option("--decimal", separators.Decimal, "what stands before the decimals");
-    CLI::App* const dump = command("dump", "print the whole document as JSON");
-    onFile(dump);
-    CLI::App* const polyline = command("polyline", "print the sampled curve as CSV");
-    onFile(polyline);
-    CLI::App* const preview = command("preview", "draw plan.svg and side.svg");
-    onFile(preview);
-    preview->add_option("-o", target, "folder for the drawings")->required();
-    CLI::App* const apply = command("apply", "run tools on a file and save the result");
-    onFile(apply);
-    apply->add_option("STEP", steps, "tool to run, as NAME or NAME=VALUE");
-    apply->add_option("-o", target, "file to save to, which may be FILE")->required();
-    CLI::App* const check = command("check", "tell for each file whether it can be read");
-    onFiles(check);
-
+    Arguments arguments;
+    const Command* chosen = nullptr;
+    for (const Command& command : Commands)
+        AddCommand(app, command, arguments, chosen);
     try {
-        std::reverse(arguments.begin(), arguments.end()); // as the parser wants them
-        app.parse(std::move(arguments));
+        std::reverse(words.begin(), words.end()); // as the parser wants them
+        app.parse(std::move(words));
     } catch (const CLI::ParseError& error) {
         return app.exit(error, out, errors) == 0 ? Done : Usage;
     }
-    if (files.empty()) // a command on one file
-        files.push_back(file);
 
-    const auto tell = [&](const FileFailure& failure) {
-        errors << "railwright-cli: " << failure.File << ": " << failure.Reason << '\n';
-    };
-    const auto work = [&](const std::string& name) {
-        if (report->parsed())
-            PrintReport(name, separators, out);
-        else if (dump->parsed())
-            out << LoadAny(name).Dump() << '\n';
-        else if (polyline->parsed())
-            PrintPolyline(name, out);
-        else if (preview->parsed())
-            WritePreview(name, target);
-        else
-            Apply(name, steps, target);
-    };
-    bool all = false;
-    if (check->parsed())
-        all = ForEachFile(
-            files,
-            [&](const std::string& name) {
-                Check(name);
-                out << name << ": ok\n";
-            },
-            [&](const FileFailure& failure) { out << failure.File << ": " << failure.Reason << '\n'; });
-    else
-        all = ForEachFile(files, work, tell);
+    bool all = true;
+    for (const std::string& file : arguments.Files) {
+        try {
+            chosen->Work(file, arguments, out);
+        } catch (const FileFailure& failure) {
+            (chosen->TellsFailures ? out : errors << "railwright-cli: ")
+                << failure.File << ": " << failure.Reason << '\n';
+            all = false;
+        }
+    }
     if (!out.flush()) {
         errors << "railwright-cli: standard output: cannot be written\n";
         return Failed;

@@ -57,9 +57,13 @@ public:
     virtual std::unique_ptr<OpenFile> OpenToOverwrite(const std::string& path, std::error_code& error) = 0;
     /// Renames `from` to `to`, taking the place of a file that stands there, in one step.
     virtual void Replace(const std::string& from, const std::string& to, std::error_code& error) = 0;
+    /// Renames a file or folder and fails if the new name is taken.
+    virtual void Move(const std::string& from, const std::string& to, std::error_code& error) = 0;
     virtual void Delete(const std::string& path, std::error_code& error) = 0;
     /// Makes one folder, whose parent exists.
     virtual void CreateFolder(const std::string& path, std::error_code& error) = 0;
+    /// @return the names of all that lies in a folder, in an order that stays the same.
+    virtual std::vector<std::string> List(const std::string& folder, std::error_code& error) = 0;
     /// Waits until the names in a folder are on the disk itself, where the surrounding can do so.
     virtual void FlushFolder(const std::string& folder) = 0;
     /// @return a name for a temporary file beside `path` that no other process uses.

@@ -5,8 +5,8 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <ostream>
+#include <span>
 #include <vector>
 
 namespace railwright {
@@ -22,17 +22,13 @@ inline void PrintTo(const Vector3& point, std::ostream* out) {
 namespace testing {
 
 inline void ExpectNear(const Vector3& actual, const Vector3& expected, float tolerance) {
-    const bool near = std::abs(actual.X - expected.X) <= tolerance &&
-                      std::abs(actual.Y - expected.Y) <= tolerance &&
-                      std::abs(actual.Z - expected.Z) <= tolerance;
-    EXPECT_TRUE(near) << ::testing::PrintToString(actual) << " instead of "
-                      << ::testing::PrintToString(expected);
+    for (float Vector3::*const axis : {&Vector3::X, &Vector3::Y, &Vector3::Z})
+        EXPECT_NEAR(actual.*axis, expected.*axis, tolerance);
 }
 
 /// A test that begins with both documents empty.
-class EmptyDocuments : public ::testing::Test {
-protected:
-    void SetUp() override {
+struct EmptyDocuments : ::testing::Test {
+    EmptyDocuments() {
         ClearTrackDocument();
         ClearElementDocument();
     }
@@ -48,33 +44,25 @@ inline void SetCurve(std::vector<BezierNode> nodes, bool closed) {
     Track.SegmentList.ClosedCircuit = closed;
 }
 
-inline Vector3 Between(const Vector3& a, const Vector3& b, float share) {
-    return {a.X + (b.X - a.X) * share, a.Y + (b.Y - a.Y) * share, a.Z + (b.Z - a.Z) * share};
-}
-
 /// Gives Track straight spans from point to point, along which a point moves evenly with T.
 inline void SetStraightCurve(const std::vector<Vector3>& points, bool closed) {
-    std::vector<BezierNode> nodes(points.size());
-    for (std::size_t i = 0; i < points.size(); ++i) {
-        const Vector3& before = points[i > 0 ? i - 1 : points.size() - 1];
-        const Vector3& after = points[i + 1 < points.size() ? i + 1 : 0];
-        nodes[i].Position = points[i];
-        nodes[i].ControlIn = Between(points[i], before, 1.0F / 3);
-        nodes[i].ControlOut = Between(points[i], after, 1.0F / 3);
-    }
+    const auto third = [](const Vector3& a, const Vector3& b) {
+        return Vector3{a.X + (b.X - a.X) / 3, a.Y + (b.Y - a.Y) / 3, a.Z + (b.Z - a.Z) / 3};
+    };
+    std::vector<BezierNode> nodes;
+    for (std::size_t i = 0; i < points.size(); ++i)
+        nodes.push_back({points[i], third(points[i], points[i > 0 ? i - 1 : points.size() - 1]),
+                         third(points[i], points[i + 1 < points.size() ? i + 1 : 0])});
     SetCurve(std::move(nodes), closed);
 }
 
-/// Gives Element straight spans from point to point, the first of which should be the origin.
+/// The same for Element, by way of Track. The first point should be the origin.
 inline void SetStraightElement(const std::vector<Vector3>& points) {
+    SetStraightCurve(points, false);
+    Element.Nodes.clear();
     Element.NodeCount = static_cast<std::int32_t>(points.size()) - 1;
-    Element.Nodes.assign(points.size(), {});
-    for (std::size_t i = 0; i < points.size(); ++i) {
-        Element.Nodes[i].Position = points[i];
-        Element.Nodes[i].ControlIn = i > 0 ? Between(points[i], points[i - 1], 1.0F / 3) : points[i];
-        Element.Nodes[i].ControlOut =
-            i + 1 < points.size() ? Between(points[i], points[i + 1], 1.0F / 3) : points[i];
-    }
+    for (const BezierNode& node : std::span(Track.BezierCurve.Nodes).first(points.size()))
+        Element.Nodes.push_back({node.Position, node.ControlOut, node.ControlIn});
 }
 
 } // namespace testing

@@ -4,6 +4,7 @@
 #include "platform/Paths.h"
 #include "platform/posix/NameLookup.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
@@ -123,12 +124,38 @@ public:
         Check(rename(NewName(from).c_str(), NewName(to).c_str()), error);
     }
 
+    void Move(const std::string& from, const std::string& to, std::error_code& error) override {
+        const std::string source = ExistingName(from);
+        const std::string target = NewName(to);
+        if (renameat2(AT_FDCWD, source.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE) == 0)
+            return;
+        if (errno != EINVAL && errno != ENOSYS) {
+            error = LastError();
+            return;
+        }
+        // On a file system without this call a file takes the new name first, which fails if there is one. A
+        // folder cannot have two names.
+        if (StatusOf(source).What == FileStatus::Kind::Folder && access(target.c_str(), F_OK) != 0) {
+            Check(rename(source.c_str(), target.c_str()), error);
+            return;
+        }
+        Check(link(source.c_str(), target.c_str()), error);
+        if (!error)
+            Check(unlink(source.c_str()), error);
+    }
+
     void Delete(const std::string& path, std::error_code& error) override {
         Check(unlink(ExistingName(path).c_str()), error);
     }
 
     void CreateFolder(const std::string& path, std::error_code& error) override {
         Check(mkdir(NewName(path).c_str(), 0777), error);
+    }
+
+    std::vector<std::string> List(const std::string& folder, std::error_code& error) override {
+        std::vector<std::string> names = NamesIn(ExistingName(folder), error);
+        std::sort(names.begin(), names.end());
+        return names;
     }
 
     void FlushFolder(const std::string& folder) override {

@@ -4,6 +4,7 @@
 #include "platform/Paths.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <memory>
 
 #include <dirent.h>
@@ -26,21 +27,32 @@ std::string Folded(const std::string& name) {
 
 /// The name in `folder` that equals `wanted` but for case, the first in order if there are several.
 std::string SimilarName(const std::string& folder, const std::string& wanted) {
-    struct Closer {
-        void operator()(DIR* open) const { closedir(open); }
-    };
-    const std::unique_ptr<DIR, Closer> names(opendir(folder.empty() ? "." : folder.c_str()));
+    std::error_code ignored;
     const std::string folded = Folded(wanted);
     std::string best;
-    while (const dirent* entry = names ? readdir(names.get()) : nullptr) {
-        const std::string name = static_cast<const char*>(entry->d_name);
+    for (const std::string& name : NamesIn(folder.empty() ? "." : folder, ignored))
         if (Folded(name) == folded && (best.empty() || name < best))
             best = name;
-    }
     return best.empty() ? wanted : best;
 }
 
 } // namespace
+
+std::vector<std::string> NamesIn(const std::string& nativeFolder, std::error_code& error) {
+    struct Closer {
+        void operator()(DIR* open) const { closedir(open); }
+    };
+    const std::unique_ptr<DIR, Closer> folder(opendir(nativeFolder.c_str()));
+    if (!folder)
+        error = {errno, std::system_category()};
+    std::vector<std::string> names;
+    while (const dirent* entry = folder ? readdir(folder.get()) : nullptr) {
+        const std::string name = static_cast<const char*>(entry->d_name);
+        if (name != "." && name != "..")
+            names.push_back(name);
+    }
+    return names;
+}
 
 std::string ExistingName(const std::string& path) {
     const std::string native = PathForOutside(path);

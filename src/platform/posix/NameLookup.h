@@ -1,6 +1,8 @@
 #pragma once
 
 #include <string>
+#include <system_error>
+#include <vector>
 
 namespace railwright {
 
@@ -11,5 +13,8 @@ std::string ExistingName(const std::string& path);
 /// @return the native form of a path whose last component is taken as it stands, its folder as in
 /// ExistingName.
 std::string NewName(const std::string& path);
+
+/// @return the names in a folder, given in native form, in no order.
+std::vector<std::string> NamesIn(const std::string& nativeFolder, std::error_code& error);
 
 } // namespace railwright

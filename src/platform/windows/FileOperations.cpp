@@ -139,12 +139,34 @@ public:
               error);
     }
 
+    void Move(const std::string& from, const std::string& to, std::error_code& error) override {
+        Check(MoveFileExW(ToWide(from).c_str(), ToWide(to).c_str(), MOVEFILE_WRITE_THROUGH), error);
+    }
+
     void Delete(const std::string& path, std::error_code& error) override {
         Check(DeleteFileW(ToWide(path).c_str()), error);
     }
 
     void CreateFolder(const std::string& path, std::error_code& error) override {
         Check(CreateDirectoryW(ToWide(path).c_str(), nullptr), error);
+    }
+
+    std::vector<std::string> List(const std::string& folder, std::error_code& error) override {
+        std::vector<std::string> names;
+        WIN32_FIND_DATAW found{};
+        const std::string inFolder = folder.empty() || folder.ends_with('\\') ? folder : folder + '\\';
+        HANDLE search = FindFirstFileW(ToWide(inFolder + '*').c_str(), &found);
+        if (search == INVALID_HANDLE_VALUE) {
+            error = LastError();
+            return names;
+        }
+        do {
+            if (std::string name = FromWide(&found.cFileName[0]); name != "." && name != "..")
+                names.push_back(std::move(name));
+        } while (FindNextFileW(search, &found) != FALSE);
+        FindClose(search);
+        std::sort(names.begin(), names.end());
+        return names;
     }
 
     void FlushFolder(const std::string&) override {} // the file system keeps a log of its names

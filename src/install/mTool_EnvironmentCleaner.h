@@ -1,0 +1,63 @@
+#pragma once
+
+#include "base/Types.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace railwright {
+
+/// One environment file of the simulator.
+struct EnvironmentEntry {
+    /// Path of the .env file.
+    std::string FilePath;
+    /// The file's name without any ".env".
+    std::string Name;
+    /// It has a subfolder of its name, or no texture.
+    bool Organized = false;
+};
+
+/// What the Environment Organizer finds in the simulator's folder.
+struct EnvironmentScan {
+    /// All environment files, in the order of their names.
+    std::vector<EnvironmentEntry> EnvironmentList;
+    /// How many of them are not organized.
+    std::int32_t Unorganized = 0;
+    /// The folder could be read, or there is none.
+    bool Complete = true;
+};
+
+/// What a run of the organizer shows while it works.
+class OrganizerProgress {
+public:
+    virtual ~OrganizerProgress() = default;
+    /// Clears the bar.
+    virtual void Clear() = 0;
+    /// Shows the share that is done as a red bar. @param percent 0 to 99.
+    virtual void ShowShare(int percent) = 0;
+    /// Shows a green bar of full length.
+    virtual void ShowDone() = 0;
+    /// Lets pending events of the window run.
+    virtual void RunPendingEvents() = 0;
+    /// Tells one thing that was done or could not be done, in one line of UTF-8.
+    virtual void Tell(const std::string& line) = 0;
+};
+
+/// Looks at the environment files below the simulator's folder and changes nothing.
+/// @param sNoLimitsPath the simulator's folder, UTF-8 in Windows form.
+EnvironmentScan ScanEnvironments(const std::string& sNoLimitsPath);
+
+/// Tidies the environments below the simulator's folder: each gets a subfolder with copies of its textures
+/// and its .env file is made to name these, and what then lies loose and is no .env file is moved to
+/// "__Unused Files__". A run that is cut off at any moment can be run again. A call in the middle of a run
+/// does nothing.
+/// @return whether all went well; where something could not be read or written, loose files stay where they
+/// are, because an environment may still name them.
+bool OrganizeEnvironments(const std::string& sNoLimitsPath, OrganizerProgress& pbProgress);
+
+/// @return the values of all texture settings in the text of an .env file, in its order. A last one without a
+/// CR LF behind it does not count.
+std::vector<text> ParseTexturePaths(const text& sText);
+
+} // namespace railwright

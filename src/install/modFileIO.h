@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/WholeFile.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace railwright {
+
+/// A whole file on its way from one place to another.
+using FileBuffer = std::vector<std::uint8_t>;
+
+/// Reads a whole file.
+/// @return why not, if no file is named, it does not exist or cannot be read; `buffer` is then empty.
+FileResult ReadFileBuffer(const std::string& sFile, FileBuffer& buffer);
+
+/// Writes a whole file in place of what stood under the name. On failure the old file is as it was.
+FileResult WriteFileBuffer(const std::string& sFile, const FileBuffer& buffer);
+
+} // namespace railwright

@@ -1,0 +1,77 @@
+#include "platform/Desktop.h"
+
+#include "platform/Paths.h"
+
+#include <cstdlib>
+
+#include <QCoreApplication>
+#include <QDesktopServices>
+#include <QMessageBox>
+#include <QUrl>
+
+namespace railwright {
+namespace {
+
+QMessageBox::StandardButtons ButtonsOf(MessageButtons buttons) {
+    switch (buttons) {
+    case MessageButtons::YesNo:
+        return QMessageBox::Yes | QMessageBox::No;
+    case MessageButtons::YesNoCancel:
+        return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case MessageButtons::Ok:
+        break;
+    }
+    return QMessageBox::Ok;
+}
+
+QMessageBox::Icon IconOf(MessageIcon icon) {
+    switch (icon) {
+    case MessageIcon::Question:
+        return QMessageBox::Question;
+    case MessageIcon::Information:
+        return QMessageBox::Information;
+    case MessageIcon::Exclamation:
+        break;
+    }
+    return QMessageBox::Warning;
+}
+
+} // namespace
+
+MessageAnswer ShowMessageBox(WindowHandle owner, const std::string& text, const std::string& title,
+                             MessageButtons buttons, MessageIcon icon) {
+    QMessageBox box(QWidget::find(static_cast<WId>(owner)));
+    box.setWindowTitle(QString::fromStdString(title));
+    box.setTextFormat(Qt::PlainText);
+    box.setText(QString::fromStdString(text).remove('\r'));
+    box.setStandardButtons(ButtonsOf(buttons));
+    box.setIcon(IconOf(icon));
+    switch (box.exec()) {
+    case QMessageBox::Yes:
+        return MessageAnswer::Yes;
+    case QMessageBox::No:
+        return MessageAnswer::No;
+    case QMessageBox::Cancel:
+        return MessageAnswer::Cancel;
+    default:
+        return MessageAnswer::Ok;
+    }
+}
+
+void OpenWebPage(const std::string& address) {
+    QDesktopServices::openUrl(QUrl(QString::fromStdString(address)));
+}
+
+std::string ProgramFolder() {
+    return PathFromOutside(QCoreApplication::applicationDirPath().toStdString());
+}
+
+void RunPendingEvents() {
+    QCoreApplication::processEvents();
+}
+
+void EndProcess() {
+    std::_Exit(EXIT_SUCCESS);
+}
+
+} // namespace railwright

@@ -1,0 +1,188 @@
+#include "shell/Controls.h"
+
+#include <QCheckBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPainter>
+#include <QRadioButton>
+#include <QStyle>
+#include <QStyleOption>
+
+namespace railwright {
+namespace {
+
+constexpr double PixelsPerPoint = 96.0 / 72.0;
+
+QFont FontOf(const QStringList& families, double points) {
+    QFont font;
+    font.setFamilies(families);
+    font.setPixelSize(qRound(points * PixelsPerPoint));
+    return font;
+}
+
+bool IsEnter(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
+
+void DrawFocus(QWidget& control) {
+    if (!control.hasFocus())
+        return;
+    QStyleOptionFocusRect option;
+    option.initFrom(&control);
+    option.backgroundColor = control.palette().color(QPalette::Window);
+    QPainter painter(&control);
+    control.style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, &control);
+}
+
+} // namespace
+
+QRect InPixels(const Place& place) {
+    return {InPixels(place.Left), InPixels(place.Top), InPixels(place.Width), InPixels(place.Height)};
+}
+
+QFont ControlFont(double points, bool bold, bool italic) {
+    QFont font = FontOf({"Arial", "Liberation Sans", "Arimo"}, points);
+    font.setBold(bold);
+    font.setItalic(italic);
+    return font;
+}
+
+QFont ReportFont() {
+    QFont font = FontOf({"Courier New", "Liberation Mono", "Cousine"}, 8.25);
+    font.setStyleHint(QFont::Monospace);
+    return font;
+}
+
+QString Indexed(const char* name, int index) {
+    return QString("%1(%2)").arg(name).arg(index);
+}
+
+QLabel* AddLabel(QWidget& container, const QString& name, const QString& caption, const Place& place,
+                 const QFont& font) {
+    auto* const label = Placed(new QLabel(caption, &container), name, place);
+    label->setTextFormat(Qt::PlainText);
+    label->setFont(font);
+    return label;
+}
+
+QLabel* AddHelpText(QWidget& container, const QString& name, const QString& text, const Place& place) {
+    QLabel* const label = AddLabel(container, name, text, place);
+    label->setWordWrap(true);
+    label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    return label;
+}
+
+QPushButton* AddButton(QWidget& container, const QString& name, const QString& caption, const Place& place) {
+    return Placed(new QPushButton(caption, &container), name, place);
+}
+
+QCheckBox* AddCheckBox(QWidget& container, const QString& name, const QString& caption, const Place& place,
+                       bool ticked) {
+    auto* const box = Placed(new QCheckBox(caption, &container), name, place);
+    box->setChecked(ticked);
+    return box;
+}
+
+QRadioButton* AddOption(QWidget& container, const QString& name, const QString& caption, const Place& place,
+                        bool selected) {
+    auto* const option = Placed(new QRadioButton(caption, &container), name, place);
+    option->setChecked(selected);
+    return option;
+}
+
+ScrollBar::ScrollBar(QWidget& container, const QString& name, const QString& purpose, const Place& place,
+                     const Values& values)
+    : QScrollBar(Qt::Horizontal, &container) {
+    Placed(this, name, place);
+    setAccessibleName(purpose);
+    setFocusPolicy(Qt::StrongFocus);
+    setRange(values.Min, values.Max);
+    setPageStep(values.LargeChange);
+    setSingleStep(values.SmallChange);
+    setValue(values.Start);
+}
+
+void ScrollBar::paintEvent(QPaintEvent* event) {
+    QScrollBar::paintEvent(event);
+    DrawFocus(*this);
+}
+
+void ScrollBar::keyPressEvent(QKeyEvent* event) {
+    // The toolkit turns all keys round, so that Down and Page Down lead on; Left and Right it should not.
+    const bool isSideways = event->key() == Qt::Key_Left || event->key() == Qt::Key_Right;
+    setInvertedControls(!isSideways);
+    QScrollBar::keyPressEvent(event);
+    setInvertedControls(true);
+}
+
+LinkLabel::LinkLabel(QWidget& container, const QString& name, const QString& caption, const Place& place)
+    : QPushButton(caption, &container) {
+    Placed(this, name, place);
+    setFont(ControlFont());
+    setCursor(Qt::PointingHandCursor);
+}
+
+void LinkLabel::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    QFont shown = font();
+    shown.setUnderline(isEnabled() && underMouse());
+    painter.setFont(shown);
+    style()->drawItemText(&painter, rect(), Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(), text(),
+                          QPalette::WindowText);
+    painter.end();
+    DrawFocus(*this);
+}
+
+void LinkLabel::keyPressEvent(QKeyEvent* event) {
+    if (IsEnter(*event))
+        click();
+    else
+        QPushButton::keyPressEvent(event);
+}
+
+PictureButton::PictureButton(QWidget& container, const QString& name, const QString& purpose,
+                             const QIcon& picture, const Place& place)
+    : QPushButton(&container) {
+    Placed(this, name, place);
+    setAccessibleName(purpose);
+    setToolTip(purpose);
+    setIcon(picture);
+    setCursor(Qt::PointingHandCursor);
+}
+
+void PictureButton::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    icon().paint(&painter, rect());
+    painter.end();
+    DrawFocus(*this);
+}
+
+void PictureButton::keyPressEvent(QKeyEvent* event) {
+    if (IsEnter(*event))
+        click();
+    else
+        QPushButton::keyPressEvent(event);
+}
+
+Picture::Picture(QWidget& container, const QString& name, const Place& place, QSize pictureSize)
+    : QWidget(&container), size(pictureSize) {
+    Placed(this, name, place);
+}
+
+void Picture::Load(const QIcon& picture) {
+    icon = picture;
+    update();
+}
+
+void Picture::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    QRect inside(QPoint(), size);
+    inside.moveCenter(rect().center());
+    icon.paint(&painter, inside);
+}
+
+QIcon Artwork(const QString& name) {
+    return QIcon(":/artwork/" + name + ".png");
+}
+
+} // namespace railwright

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "shell/Controls.h"
+#include "shell/ToolPanel.h"
+#include "shell/frmMain.h"
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <span>
+
+#include <QLatin1String>
+
+namespace railwright {
+
+class ucFrame;
+
+/// A panel: its place in the table is its number.
+struct PanelRow {
+    const char* Title;
+    bool HasPreviews;
+    std::unique_ptr<ToolPanel> (*Make)(ucFrame& frame);
+};
+extern const std::array<PanelRow, Tabs::Count> PanelRows;
+
+/// A heading of the list of tools.
+struct HeadingRow {
+    const char* Name;
+    const char* Caption;
+    Place Where;
+};
+extern const std::span<const HeadingRow> HeadingRows;
+
+/// A label of the list of tools, which shows a panel.
+struct ToolLabelRow {
+    /// Control array and index.
+    const char* Array;
+    int Index;
+    const char* Caption;
+    int Top;
+    int Width;
+    std::int16_t Tab;
+};
+extern const std::span<const ToolLabelRow> ToolLabelRows;
+
+inline constexpr QLatin1String Separator("-");
+
+/// A menu, an entry, or a line between two.
+struct MenuRow {
+    const char* Name;
+    QLatin1String Caption;
+    /// Name of the menu that it stands in; none for a menu of the bar.
+    const char* Above;
+    /// What it does; a menu and a line do nothing.
+    void (*Click)();
+};
+extern const std::span<const MenuRow> MenuRows;
+
+} // namespace railwright

@@ -1,0 +1,216 @@
+#include "shell/frmMain.h"
+
+#include "base/FileName.h"
+#include "platform/Paths.h"
+#include "shell/Controls.h"
+#include "shell/WindowTables.h"
+#include "shell/mMain.h"
+#include "shell/ucFrame.h"
+
+#include <algorithm>
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QLayout>
+#include <QMenu>
+#include <QMenuBar>
+#include <QScreen>
+#include <QStyle>
+
+// The pictures stand in a library, so they are not found without a word from its user.
+static void ReadyArtwork() {
+    Q_INIT_RESOURCE(artwork);
+}
+
+namespace railwright {
+namespace {
+
+frmMain* theWindow = nullptr;
+
+constexpr Place Client = {0, 0, 9495, 6675};
+constexpr Place TitleStrip = {1860, 60, 7575, 375};
+constexpr Place ToolList = {60, 60, 1755, 6555};
+constexpr Place PanelArea = {1860, 480, 7575, 6135};
+constexpr std::array Views = {Place{1920, 540, 3360, 3360}, Place{6000, 540, 3360, 3360}};
+constexpr std::array ViewNames = {"Preview from above", "Preview from the side"};
+
+/// A title that the toolkit shows as it is.
+QString Literally(const std::string& title) {
+    return QString::fromStdString(title).replace("[*]", "[*][*]");
+}
+
+} // namespace
+
+frmMain::frmMain() {
+    ReadyArtwork();
+    theWindow = this;
+    setObjectName("frmMain");
+    // Its size is fixed, so there is nothing to maximize.
+    setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                   Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint);
+    setWindowTitle("Railwright");
+    setWindowIcon(Artwork("window"));
+    setFont(ControlFont());
+
+    auto* const window = new QWidget(this);
+    window->setFixedSize(InPixels(Client).size());
+    BuildMenu();
+    BuildTitleStrip(*window);
+    BuildToolList(*window);
+    BuildPanels(*window);
+    setCentralWidget(window);
+    layout()->setSizeConstraint(QLayout::SetFixedSize);
+    adjustSize();
+    setGeometry(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, size(), screen()->availableGeometry()));
+}
+
+frmMain::~frmMain() {
+    theWindow = nullptr;
+}
+
+frmMain& frmMain::Instance() {
+    return *theWindow;
+}
+
+void frmMain::BuildTitleStrip(QWidget& window) {
+    auto* const strip = Placed(new ucFrame(&window), "ucFrame2", TitleStrip);
+    auto* const open =
+        new PictureButton(*strip, "imgToolBar(0)", "Open...", Artwork("open"), {60, 60, 240, 240});
+    auto* const save =
+        new PictureButton(*strip, "imgToolBar(1)", "Save As...", Artwork("save"), {420, 60, 240, 240});
+    connect(open, &QPushButton::clicked, this, [] { mnuOpen_Click(); });
+    connect(save, &QPushButton::clicked, this, [] { mnuSaveAs_Click(); });
+    lblTitle = AddLabel(*strip, "lblTitle", "Railwright", {3540, 90, 3975, 195}, ControlFont(8.25, true));
+    lblTitle->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+}
+
+void frmMain::BuildToolList(QWidget& window) {
+    auto* const list = Placed(new ucFrame(&window), "ucFrame1", ToolList);
+    const QFont bold = ControlFont(8.25, true);
+    for (const HeadingRow& row : HeadingRows)
+        AddLabel(*list, row.Name, row.Caption, row.Where, bold);
+    for (const ToolLabelRow& row : ToolLabelRows) {
+        auto* const label =
+            new LinkLabel(*list, Indexed(row.Array, row.Index), row.Caption, {180, row.Top, row.Width, 195});
+        connect(label, &QPushButton::clicked, this, [this, tab = row.Tab] { ShowTab(tab); });
+        toolLabels.push_back(label);
+    }
+    lblIndicator = AddLabel(*list, "lblIndicator", ">", {60, 600, 90, 210}, bold);
+}
+
+void frmMain::BuildPanels(QWidget& window) {
+    for (std::size_t tab = 0; tab < Tabs::Count; ++tab) {
+        ucFTab[tab] = Placed(new ucFrame(&window), Indexed("ucFTab", static_cast<int>(tab)), PanelArea);
+        panels[tab] = PanelRows[tab].Make(*ucFTab[tab]);
+    }
+    for (std::size_t index = 0; index < pbView.size(); ++index) {
+        pbView[index] =
+            Placed(new QtPictureBox(&window), Indexed("pbView", static_cast<int>(index)), Views[index]);
+        pbView[index]->setAccessibleName(ViewNames[index]);
+    }
+}
+
+void frmMain::BuildMenu() {
+    for (const MenuRow& row : MenuRows) {
+        auto* const above = row.Above == nullptr ? nullptr : menuBar()->findChild<QMenu*>(row.Above);
+        if (row.Click == nullptr && row.Caption != Separator) {
+            QMenu* const menu =
+                above == nullptr ? menuBar()->addMenu(row.Caption) : above->addMenu(row.Caption);
+            menu->setObjectName(row.Name);
+            continue;
+        }
+        QAction* const entry =
+            row.Caption == Separator ? above->addSeparator() : above->addAction(row.Caption);
+        entry->setObjectName(row.Name);
+        // No system moves an entry into a menu of its own.
+        entry->setMenuRole(QAction::NoRole);
+        if (row.Click != nullptr)
+            connect(entry, &QAction::triggered, this, [click = row.Click] { click(); });
+    }
+}
+
+void frmMain::Form_Load(std::string commandLine) {
+    ShowTab(Tabs::About);
+    UpdateMenus();
+    if (!LocateNoLimitsPath()) {
+        for (LinkLabel* const label : toolLabels)
+            if (label->objectName().startsWith("lblNolimitsTools"))
+                label->setEnabled(false);
+        for (const char* const name : {"mnuNLEnvOrganizer", "mnuNLFileAssoc"})
+            menuBar()->findChild<QAction*>(name)->setEnabled(false);
+    }
+    if (commandLine.empty())
+        return;
+    std::erase(commandLine, '"');
+    OpenNoLimitsFile(PathFromOutside(commandLine));
+}
+
+void frmMain::ShowTab(std::int16_t iTab) {
+    const auto tab = static_cast<std::size_t>(iTab);
+    for (ucFrame* const frame : ucFTab)
+        frame->setVisible(frame == ucFTab[tab]);
+    const PanelRow& row = PanelRows[tab];
+    lblTitle->setText(row.Title);
+    panels[tab]->Prepare();
+    for (QtPictureBox* const view : pbView)
+        view->setVisible(row.HasPreviews);
+    const auto label = std::find_if(ToolLabelRows.begin(), ToolLabelRows.end(),
+                                    [&](const ToolLabelRow& each) { return each.Tab == iTab; });
+    if (label != ToolLabelRows.end())
+        lblIndicator->move(lblIndicator->x(), InPixels(label->Top));
+    lblIndicator->setVisible(label != ToolLabelRows.end());
+}
+
+void frmMain::UpdateMenus() {
+    const bool isTrack = iDocumentKind == DocumentKinds::Track;
+    const bool isElement = iDocumentKind == DocumentKinds::Element;
+    menuBar()->findChild<QMenu*>("mnuT")->setEnabled(isTrack);
+    menuBar()->findChild<QMenu*>("mnuE")->setEnabled(isElement);
+    menuBar()->findChild<QAction*>("mnuSaveAs")->setEnabled(isTrack || isElement);
+    for (LinkLabel* const label : toolLabels) {
+        if (label->objectName().startsWith("lblTrackTools"))
+            label->setEnabled(isTrack);
+        else if (label->objectName().startsWith("lblElementTools"))
+            label->setEnabled(isElement);
+    }
+}
+
+void frmMain::HasChanged() {
+    bDocumentChanged = true;
+    setWindowTitle(Literally("Railwright: " + BaseName(sDocumentFile) + "*"));
+}
+
+void frmMain::ShowFileName() {
+    setWindowTitle(Literally("Railwright: " + BaseName(sDocumentFile)));
+}
+
+void frmMain::mnuOpen_Click() {
+    OpenNoLimitsFile("");
+}
+
+void frmMain::mnuSaveAs_Click() {
+    SaveNoLimitsFile();
+}
+
+void frmMain::mnuExit_Click() {
+    EndProcess();
+}
+
+bool frmMain::Form_Unload() {
+    if (!bDocumentChanged)
+        return true;
+    const MessageAnswer answer =
+        ShowMessageBox(Handle(), "There are unsaved changes to the file.\r\nSave changes?", "Unsaved Changes",
+                       MessageButtons::YesNoCancel, MessageIcon::Question);
+    // With a save that failed the window stays, or the changes would be gone.
+    if (answer == MessageAnswer::Yes)
+        return SaveNoLimitsFile();
+    return answer != MessageAnswer::Cancel;
+}
+
+void frmMain::closeEvent(QCloseEvent* event) {
+    event->setAccepted(Form_Unload());
+}
+
+} // namespace railwright

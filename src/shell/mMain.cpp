@@ -1,0 +1,223 @@
+#include "shell/mMain.h"
+
+#include "base/FileName.h"
+#include "element/mNoLimits_ElementIO_1_3.h"
+#include "geometry/Preview.h"
+#include "geometry/mNoLimits_TrackTools.h"
+#include "install/mWinRegistry.h"
+#include "platform/Desktop.h"
+#include "platform/UserLocale.h"
+#include "platform/WholeFile.h"
+#include "shell/frmMain.h"
+#include "shell/mFileDialog.h"
+#include "shell/panels/mNLT_3DSRenamer.h"
+#include "shell/panels/mNLT_Overview.h"
+#include "shell/panels/mNLT_ShuttleMake.h"
+#include "tools/mNLT_Overview.h"
+#include "track/mNoLimits_TrackIO_1_3.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+namespace railwright {
+
+std::string sNoLimitsPath;
+std::int16_t iDocumentKind = DocumentKinds::None;
+std::string sDocumentFile;
+bool bDocumentChanged = false;
+
+namespace {
+
+constexpr const char* SimulatorProgram = "NoLimitsSimulator.exe";
+
+/// A kind of document, and how the window deals with its files.
+struct DocumentFlow {
+    std::int16_t Kind;
+    std::string_view Extension;
+    FileResult (*Load)(const std::string&);
+    FileResult (*Save)(const std::string&);
+    void (*Refresh)();
+    const char* SaveTitle;
+    const char* SaveFilter;
+    const char* LoadError;
+    const char* SaveError;
+};
+
+const std::array DocumentFlows = {
+    DocumentFlow{DocumentKinds::Track, TrackExtension, LoadTrackFile, SaveTrackFile, RefreshTrackTools,
+                 "Save NoLimits Track File...", "NoLimits Tracks (*.nltrack)|*.nltrack",
+                 "Error Loading Track File!", "Error Saving Track File!"},
+    DocumentFlow{DocumentKinds::Element, ElementExtension, LoadElementFile, SaveElementFile,
+                 RefreshElementTools, "Save NoLimits Element File...",
+                 "NoLimits Elements (*.nlelem)|*.nlelem", "Error Loading Element File!",
+                 "Error Saving Element File!"},
+};
+
+const DocumentFlow* FlowOf(const std::string& file) {
+    const auto found =
+        std::find_if(DocumentFlows.begin(), DocumentFlows.end(),
+                     [&](const DocumentFlow& flow) { return HasExtension(file, flow.Extension); });
+    return found == DocumentFlows.end() ? nullptr : &*found;
+}
+
+std::string WithBackslash(std::string folder) {
+    if (!folder.ends_with('\\'))
+        folder += '\\';
+    return folder;
+}
+
+/// Asks for a file that exists.
+/// @return its path, empty on Cancel.
+std::string AskForFile(const std::string& title, std::string filter, const std::string& extension,
+                       const std::string& folder) {
+    std::string file;
+    std::string fileTitle;
+    bool readOnly = false;
+    std::int32_t filterIndex = 1;
+    std::int32_t flags = 0;
+    ShowOpenFileDialog(file, fileTitle, true, readOnly, true, filter, filterIndex, folder, title, extension,
+                       frmMain::Instance().Handle(), flags);
+    return file;
+}
+
+void ShowError(const char* text) {
+    ShowMessageBox(frmMain::Instance().Handle(), text, "Error", MessageButtons::Ok, MessageIcon::Exclamation);
+}
+
+/// The folder beside the program, of the registry, or of the user's choice.
+std::optional<std::string> SimulatorFolder() {
+    const std::string beside = WithBackslash(ProgramFolder());
+    if (FileExists(beside + SimulatorProgram))
+        return beside;
+    std::string registered;
+    if (ReadRegistryValue(HKEY_CURRENT_USER, "Software\\NoLimits Coasters", "InstPath", registered))
+        return registered;
+
+    const WindowHandle owner = frmMain::Instance().Handle();
+    if (ShowMessageBox(owner,
+                       "Unable to locate your NoLimits Installation Path.\r\n"
+                       "This path is required to use some of the Tools featured in this Railwright.\r\n"
+                       "Locate this path yourself?",
+                       "Unknown NoLimits Path", MessageButtons::YesNo,
+                       MessageIcon::Question) != MessageAnswer::Yes)
+        return std::nullopt;
+    const std::string chosen = AskForFile("Locate NoLimits Simulator...",
+                                          std::string("NoLimits Simulator|") + SimulatorProgram, "exe", "");
+    if (chosen.empty())
+        return std::nullopt;
+    ShowMessageBox(owner, "To prevent this message in the future, run Railwright from your NoLimits Folder.",
+                   "Note", MessageButtons::Ok, MessageIcon::Information);
+    return FolderOf(chosen);
+}
+
+/// Opens a file whose extension tells what it is.
+bool OpenDocument(const std::string& file, const DocumentFlow& flow) {
+    if (!flow.Load(file)) {
+        ShowError(flow.LoadError);
+        return false;
+    }
+    sDocumentFile = file;
+    iDocumentKind = flow.Kind;
+    flow.Refresh();
+    return true;
+}
+
+/// @return the name chosen to save under, empty on Cancel.
+std::string AskForName(const DocumentFlow& flow) {
+    std::string file = sDocumentFile;
+    std::string fileTitle;
+    std::string filter = flow.SaveFilter;
+    std::int32_t filterIndex = 1;
+    std::int32_t flags = 0;
+    ShowSaveFileDialog(file, fileTitle, true, filter, filterIndex, sNoLimitsPath, flow.SaveTitle,
+                       std::string(flow.Extension.substr(1)), frmMain::Instance().Handle(), flags);
+    return file;
+}
+
+void ApplyTool(std::int16_t kind, const std::function<void()>& change, void (*refresh)()) {
+    // After a failed open the controls of the document before are still there, but not its data.
+    if (iDocumentKind != kind)
+        return;
+    change();
+    refresh();
+    frmMain::Instance().HasChanged();
+}
+
+} // namespace
+
+bool LocateNoLimitsPath() {
+    const std::optional<std::string> folder = SimulatorFolder();
+    if (folder)
+        sNoLimitsPath = WithBackslash(*folder);
+    return folder.has_value();
+}
+
+bool OpenNoLimitsFile(std::string sFile) {
+    if (sFile.empty())
+        sFile = AskForFile("Open NoLimits File...",
+                           "NoLimits Files (*.nltrack;*.nlelem)|*.nltrack;*.nlelem|"
+                           "NoLimits Tracks (*.nltrack)|*.nltrack|NoLimits Elements (*.nlelem)|*.nlelem",
+                           "nltrack", sNoLimitsPath);
+    if (sFile.empty())
+        return false;
+    bDocumentChanged = false;
+    const DocumentFlow* const flow = FlowOf(sFile);
+    if (flow == nullptr) {
+        ShowError("Unknown File Type!");
+        sDocumentFile.clear();
+    }
+    if (flow == nullptr || !OpenDocument(sFile, *flow)) {
+        iDocumentKind = DocumentKinds::None;
+        return false;
+    }
+    frmMain& window = frmMain::Instance();
+    window.ShowTab(0);
+    window.UpdateMenus();
+    window.ShowFileName();
+    return true;
+}
+
+bool SaveNoLimitsFile() {
+    // What a failed open has left is not written over anything.
+    const DocumentFlow* const flow = iDocumentKind == DocumentKinds::None ? nullptr : FlowOf(sDocumentFile);
+    if (flow != nullptr) {
+        const std::string chosen = AskForName(*flow);
+        if (chosen.empty())
+            return true;
+        if (!flow->Save(chosen)) {
+            ShowError(flow->SaveError);
+            return false;
+        }
+        sDocumentFile = chosen;
+    }
+    bDocumentChanged = false;
+    frmMain::Instance().ShowFileName();
+    return true;
+}
+
+void RefreshTrackTools() {
+    frmMain& window = frmMain::Instance();
+    AnalyzeTrack();
+    DrawTrackPreview(window.Plan(), window.Side());
+    window.Panel<OverviewPanel>(Tabs::Overview)
+        .ShowReport(BuildTrackOverview(sDocumentFile, UserNumberSeparators()));
+    window.Panel<ShuttleMakePanel>(Tabs::ShuttleMake).UpdateShuttleButton();
+    window.Panel<RenamerPanel>(Tabs::Renamer).Refresh3DSRenamer();
+}
+
+void RefreshElementTools() {
+    frmMain& window = frmMain::Instance();
+    AnalyzeElement();
+    DrawElementPreview(window.Plan(), window.Side());
+}
+
+void ApplyTrackTool(const std::function<void()>& change) {
+    ApplyTool(DocumentKinds::Track, change, RefreshTrackTools);
+}
+
+void ApplyElementTool(const std::function<void()>& change) {
+    ApplyTool(DocumentKinds::Element, change, RefreshElementTools);
+}
+
+} // namespace railwright

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+namespace railwright {
+
+/// Values of iDocumentKind.
+namespace DocumentKinds {
+inline constexpr std::int16_t None = 0;
+inline constexpr std::int16_t Track = 1;
+inline constexpr std::int16_t Element = 2;
+} // namespace DocumentKinds
+
+/// The simulator's folder, with a backslash at its end; empty if it was not found.
+extern std::string sNoLimitsPath;
+/// Which of the two documents is the one in hand, one of DocumentKinds.
+extern std::int16_t iDocumentKind;
+/// Path of the document's file, as the user or the command line gave it, in Windows form.
+extern std::string sDocumentFile;
+/// Whether the document differs from its file.
+extern bool bDocumentChanged;
+
+/// Looks for the simulator's folder: beside the program, in the registry, and then by asking the user.
+/// @return whether sNoLimitsPath was set.
+bool LocateNoLimitsPath();
+
+/// Opens a document in the place of the one in hand, whose changes are lost without a question. A file that
+/// cannot be opened leaves no document.
+/// @param sFile empty asks the user.
+/// @return whether a document was opened.
+bool OpenNoLimitsFile(std::string sFile);
+
+/// Asks for a name and saves the document under it, in the format that the extension of sDocumentFile tells.
+/// With no document nothing is asked or written. A save that fails leaves everything as it was.
+/// @return false only if a save was tried and failed.
+bool SaveNoLimitsFile();
+
+/// Brings all that shows Track up to date: polyline, previews, report, and the panels of Shuttle Make and of
+/// the 3DS Renamer. It marks no change.
+void RefreshTrackTools();
+/// The same for Element.
+void RefreshElementTools();
+
+/// What the button of a track tool does: changes Track, refreshes, marks the change. Nothing happens while
+/// the document in hand is no track.
+void ApplyTrackTool(const std::function<void()>& change);
+/// The same for a tool of elements.
+void ApplyElementTool(const std::function<void()>& change);
+
+} // namespace railwright

@@ -1,0 +1,23 @@
+#include "platform/CommandLine.h"
+#include "shell/ControlStyle.h"
+#include "shell/frmMain.h"
+
+#include <QApplication>
+
+int main(int argc, char** argv) {
+    std::string commandLine;
+    for (const std::string& argument : railwright::StartCommandLine(argc, argv))
+        commandLine += (commandLine.empty() ? "" : " ") + argument;
+
+    // The toolkit sees the program's name only: the rest is the name of a file, whatever it looks like.
+    int count = 1;
+    QApplication application(count, argv);
+    QApplication::setStyle(new railwright::ControlStyle);
+    // A question at the start is no last window.
+    QApplication::setQuitOnLastWindowClosed(false);
+    railwright::frmMain window;
+    window.Form_Load(commandLine);
+    window.show();
+    QApplication::setQuitOnLastWindowClosed(true);
+    return QApplication::exec();
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "shell/ToolPanel.h"
+
+#include <QString>
+
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+namespace railwright {
+
+class ucFrame;
+
+/// Renames the 3D objects of the open track.
+class RenamerPanel final : public ToolPanel {
+public:
+    explicit RenamerPanel(ucFrame& frame);
+
+    /// Fills the list with the objects of the track and chooses the first.
+    void Refresh3DSRenamer();
+
+private:
+    void cmbTDSRenamer_Click();
+    void btnTDSRenamer_Click();
+    /// The name of the chosen object; nothing if the track has no such object.
+    QString ChosenName() const;
+
+    QComboBox* cmbTDSRenamer;
+    QLabel* lblTDSRenamer;
+    QLineEdit* txtTDSRenamer;
+    QCheckBox* chkTDSRenamer;
+    QPushButton* btnTDSRenamer;
+};
+
+} // namespace railwright

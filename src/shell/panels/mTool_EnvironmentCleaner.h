@@ -1,0 +1,32 @@
+#pragma once
+
+#include "shell/ToolPanel.h"
+
+#include <array>
+
+class QLabel;
+class QPushButton;
+
+namespace railwright {
+
+class ucFrame;
+
+/// Tidies the folder of the simulator's environments.
+class EnvironmentOrganizerPanel final : public ToolPanel {
+public:
+    explicit EnvironmentOrganizerPanel(ucFrame& frame);
+
+    /// Counts the environments afresh.
+    void Prepare() override;
+
+private:
+    class Bar;
+
+    void btnNLEnvOrganize_Click();
+
+    std::array<QLabel*, 2> lblNLEnvOrganize{};
+    QPushButton* btnNLEnvOrganize;
+    Bar* pbNLEnvOrganize;
+};
+
+} // namespace railwright

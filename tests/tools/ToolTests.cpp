@@ -1,0 +1,276 @@
+#include "cli/Steps.h"
+#include "geometry/mNoLimits_TrackTools.h"
+#include "platform/Paths.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/support/Tracks.h"
+#include "tools/mNLE_Rotate.h"
+#include "tools/mNLT_Overview.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace railwright {
+namespace {
+
+using testing::ExpectNear;
+
+void RunStep(const std::string& step) {
+    const bool ofElement = step == "reverse" || step.starts_with("rotate-");
+    EXPECT_TRUE((ofElement ? ApplyElementSteps : ApplyTrackSteps)({&step, 1}).Done) << step;
+}
+
+using Tools = testing::EmptyDocuments;
+using Report = testing::EmptyDocuments;
+
+TEST_F(Tools, ChangeEveryPointOfTheCurveAndAtWillTheNodesOfTheSupports) {
+    const Vector3 point = {1, 2, 3};
+    const std::pair<std::string, Vector3> steps[] = {
+        {"move=0,1,-10", {1, 3, -7}}, {"scale=0.5", {0.5F, 1, 1.5F}},   {"mirror=north-south", {1, 2, -3}},
+        {"rotate=90", {3, 2, -1}},    {"mirror=east-west", {-1, 2, 3}}, {"rotate-x=90", {1, -3, 2}},
+        {"rotate-y=90", {3, 2, -1}},  {"rotate-z=90", {-2, 1, 3}}};
+    for (const auto& [step, changed] : steps)
+        for (const bool supports : {false, true}) {
+            testing::SetCurve({{point, point, point, 30}, {point, point, point}}, true);
+            Element.Nodes = {{point, point, point, 30}, {point, point, point}};
+            Track.FreeNodes = {{}, 1, {{point}, {point}}}; // the second lies beyond the count
+            Track.FundamentalNodes = {{}, 1, {{point}}};
+            const bool ofElement = step.starts_with("rotate-");
+            RunStep(step + (supports || ofElement ? "" : ",track-only"));
+            RotateElement(3, 90); // no axis
+            for (std::size_t i = 0; i < 2; ++i) {
+                const BezierNode& t = Track.BezierCurve.Nodes[i];
+                const ElementNode& e = Element.Nodes[i];
+                ExpectNear(ofElement ? e.Position : t.Position, changed, 1e-5F);
+                ExpectNear(ofElement ? e.ControlIn : t.ControlIn, changed, 1e-5F);
+                ExpectNear(ofElement ? e.ControlOut : t.ControlOut, changed, 1e-5F);
+            }
+            const Vector3& ofSupports = supports && !ofElement ? changed : point;
+            ExpectNear(Track.FundamentalNodes.Items[0].Position, ofSupports, 1e-5F);
+            ExpectNear(Track.FreeNodes.Items[0].Position, ofSupports, 1e-5F);
+            EXPECT_EQ(Track.FreeNodes.Items[1].Position, point);
+            EXPECT_EQ(Track.BezierCurve.Nodes[0].Roll + Element.Nodes[0].Roll, 60);
+        }
+}
+
+// The element leads from the origin to (20, 5, 30) and ends there in the direction of each row. The origin,
+// which becomes its end, lies at (-20, -5, -30) from there; it is turned, and so is the first control point.
+TEST_F(Tools, ReverseAnElementFromItsEndByAnAngleOfItsDirection) {
+    const std::tuple<float, float, Vector3, Vector3> cases[] = {
+        {0, -4, {20, -5, 30}, {0, 0, -4}},                         // north: half a turn
+        {0, 0, {20, -5, 30}, {0, 0, 0}},                           // no direction: the same
+        {4, 0, {30, -5, -20}, {0, 0, -4}},                         // east: a quarter turn back
+        {-4, 0, {30, -5, -20}, {0, 0, 4}},                         // west: the same
+        {4, -4, {7.071068F, -5, -35.35534F}, {-5.656854F, 0, 0}}}; // an eighth back
+    for (const auto& [x, z, newEnd, newOut] : cases) {
+        Element.Nodes = {{{}, {0, 0, -1}, {0, 0, 1}, 10, true, false},
+                         {{20, 5, 30}, {21, 5, 31}, {20 - x, 5, 30 - z}, 30, false, false}};
+        RunStep("reverse");
+        const ElementNode &first = Element.Nodes[0], &last = Element.Nodes[1];
+        ExpectNear(first.Position, {}, 1e-5F);
+        ExpectNear(first.ControlOut, newOut, 1e-5F);
+        ExpectNear(last.Position, newEnd, 1e-5F);
+        EXPECT_TRUE(first.Roll == -30 && last.Roll == -10 && last.FlagA);
+    }
+}
+
+void FillClasses() {
+    testing::SetStraightCurve({{0, 1, 0}, {10, 1, 0}, {20, 1, 0}}, false);
+    TrackSegment full;
+    full.Tunnel = full.CustomColors = true;
+    Track.SegmentList = {{}, false, 4, {full, full, full, full, {}}}; // one more than the curve has nodes
+    Track.FreeNodes.Count = Track.FundamentalNodes.Count = Track.SupportBeams.Count = 2;
+    Track.WoodCatwalks.Count = Track.Scenery.TreeCount = Track.SceneryObjects.Count = 2;
+    Track.PreFabSupports = {{}, 2, {{1, 0}, {1, 1}}, {{}, {}}}; // one fewer
+    Track.TrackInfo.AuthorComments = Track.Environment.PreferredEnvironment = "text";
+    Track.Terrain.HasTerrain = true;
+}
+
+/// A 1 for each class of data that is still there, in their order.
+std::string ClassesLeft() {
+    const auto& segments = Track.SegmentList.Segments;
+    const auto& prefab = Track.PreFabSupports.Nodes;
+    std::string left;
+    for (const int count :
+         {Track.BezierCurve.NodeCount, segments[0].Tunnel + segments[2].Tunnel,
+          segments[0].CustomColors + segments[2].CustomColors, Track.FreeNodes.Count,
+          Track.FundamentalNodes.Count, prefab[0].SupportCount + prefab[1].SupportCount,
+          Track.SupportBeams.Count, Track.WoodCatwalks.Count, int(Track.Terrain.HasTerrain),
+          Track.Scenery.TreeCount, Track.SceneryObjects.Count, int(!Track.TrackInfo.AuthorComments.empty()),
+          int(!Track.Environment.PreferredEnvironment.empty())})
+        left += count > 0 ? '1' : '0';
+    return left;
+}
+
+TEST_F(Tools, SetTunnelsAndRemoveTheChosenClassAndNoOther) {
+    for (const std::string mode : {"toggle 0100", "all 1110", "none 0000"}) {
+        Track.SegmentList = {{}, false, 3, std::vector<TrackSegment>(4)}; // the last is beyond the count
+        Track.SegmentList.Segments[0].Tunnel = Track.SegmentList.Segments[2].Tunnel = true;
+        RunStep("tunnels=" + mode.substr(0, mode.find(' ')));
+        std::string flags;
+        for (const TrackSegment& segment : Track.SegmentList.Segments)
+            flags += segment.Tunnel ? '1' : '0';
+        EXPECT_EQ(flags, mode.substr(mode.size() - 4));
+    }
+    std::istringstream names("track tunnels custom-colors free-nodes fundamental-nodes prefab-supports "
+                             "support-beams catwalks terrain trees objects comments environment");
+    std::string name, all = "remove=track";
+    for (std::size_t i = 0; names >> name; ++i, all += "," + name) {
+        FillClasses();
+        RunStep("remove=" + name);
+        EXPECT_EQ(ClassesLeft(), std::string(i, '1') + '0' + std::string(12 - i, '1'));
+        // What lies beyond the curve's nodes stays.
+        EXPECT_TRUE(Track.SegmentList.Segments[3].Tunnel && Track.SegmentList.Segments[3].CustomColors);
+    }
+    FillClasses();
+    RunStep(all);
+    EXPECT_EQ(ClassesLeft(), "0110000000000"); // behind the track it stops
+}
+
+/// Three nodes, and as many segments as asked for.
+void SetOpenTrack(std::int32_t segments) {
+    testing::SetCurve({{{10, 1, 1}, {11, 1, 1}, {12, 1, 1}, 30, true, false, false},
+                       {{20, 1, 1}, {21, 1, 1}, {22, 1, 1}, 1, false, true, false},
+                       {{30, 1, 1}, {31, 1, 1}, {32, 1, 1}, -5, false, false, true}},
+                      false);
+    Track.SegmentList = {{}, false, segments, {}};
+    for (std::int32_t i = 0; i <= segments; ++i)
+        Track.SegmentList.Segments.emplace_back().Color[0] = i < segments ? ColorValue(i + 1) : 0;
+}
+
+/// @return the X of the points of each node, its roll, which flag it has, and the colour of its segment.
+std::string NodesAndSegments() {
+    std::ostringstream all;
+    for (std::size_t i = 0; i < static_cast<std::size_t>(Track.BezierCurve.NodeCount); ++i) {
+        const BezierNode& n = Track.BezierCurve.Nodes[i];
+        all << n.Position.X << ' ' << n.ControlIn.X << ' ' << n.ControlOut.X << ' ' << n.Roll
+            << " ABC"[n.FlagA + 2 * n.FlagB + 3 * n.FlagC] << Track.SegmentList.Segments[i].Color[0] << "; ";
+    }
+    return all.str();
+}
+
+TEST_F(Tools, LayATrackBackOverItselfAndRunItBackwards) {
+    for (const std::int32_t count : {1, 3, 10}) { // a file may hold more or fewer segments than nodes
+        SetOpenTrack(count);
+        RunStep("shuttle");
+        const std::string there = count == 1 ? "10 11 12 30A1; 20 21 22 1B0; 30 31 32 -5C0; "
+                                             : "10 11 12 30A1; 20 21 22 1B2; 30 31 32 -5C3; ";
+        EXPECT_EQ(NodesAndSegments(), there + "30 32 31 5C0; 20 22 21 -1B0; 10 12 11 -30A0; ");
+        EXPECT_TRUE(Track.SegmentList.SegmentCount == 6 && Track.SegmentList.ClosedCircuit);
+    }
+    SetOpenTrack(3);
+    Track.TrackHeader.NumTrains = 3;
+    Track.PreFabSupports = {{}, 3, {{1, 0}, {0, 1}, {2, 1}}, {{}, {}, {}}};
+    RunStep("backwards");
+    EXPECT_EQ(NodesAndSegments(), "30 32 31 5C2; 20 22 21 -1B1; 10 12 11 -30A3; "); // the last segment stays
+    const auto& prefab = Track.PreFabSupports.Nodes;
+    EXPECT_TRUE(prefab[0].SupportCount + prefab[2].SupportCount == 0 && Track.TrackHeader.NumTrains == 1);
+    using S = TrackSegment;
+    float S::*const numbers[] = {&S::StationValue4,   &S::StationValue5,   &S::StationValue6,
+                                 &S::LiftValue0,      &S::LiftValue1,      &S::LiftValue2,
+                                 &S::TransportValue0, &S::TransportValue1, &S::TransportValue2,
+                                 &S::BrakeValue2,     &S::BrakeValue3,     &S::BrakeValue4};
+    const float turned[] = {7.5F, -0.5F, -10, -17, -78.5332F, -19.6333F, -3, -5, 10, 10, -1, -1};
+    TrackSegment tens;
+    for (float S::*const number : numbers)
+        tens.*number = 10;
+    for (; tens.SegmentType < 6; ++tens.SegmentType) {
+        Track.SegmentList = {{}, false, 2, {tens, tens}};
+        RunStep("backwards");
+        for (std::size_t i = 0; i < 12; ++i) {
+            const bool own = static_cast<std::int32_t>(i / 3) + 1 == tens.SegmentType;
+            EXPECT_FLOAT_EQ(Track.SegmentList.Segments[0].*numbers[i], own ? turned[i] : 10) << i;
+            EXPECT_EQ(Track.SegmentList.Segments[1].*numbers[i], 10); // the last one stays
+        }
+    }
+}
+
+/// @return the report, with LF for its ends of lines.
+std::string Overview(const std::string& file = "gone.nltrack", const NumberSeparators& separators = {}) {
+    AnalyzeTrack();
+    std::string report = BuildTrackOverview(file, separators);
+    for (std::size_t end = 0; (end = report.find("\r\n", end)) != std::string::npos;)
+        report.replace(end, 2, "\n");
+    return report;
+}
+
+void ExpectLines(const std::string& lines) {
+    EXPECT_NE(Overview().find(lines), std::string::npos) << lines << "is not in\n" << Overview();
+}
+
+/// Fills a list with one record for each of `types`.
+template <class Record>
+void Fill(std::vector<Record>& list, std::int32_t Record::*type, const std::vector<std::int32_t>& types) {
+    for (const std::int32_t one : types)
+        list.emplace_back().*type = one;
+}
+
+TEST_F(Report, TellsEverythingLineByLine) {
+    testing::SetStraightCurve({{-1000, 10.004F, 0}, {2000, 10.004F, 0}, {2000, 70, -80}}, false);
+    Track.FileHeader.Version = {1, 3, 0, 7}, Track.Environment.PreferredEnvironment = "Alps";
+    Track.TrackHeader.TrackType = 9, Track.TrackHeader.NumTrains = 1234, Track.TrackHeader.CarsPerTrain = 5;
+    Track.TrackInfo.AuthorComments = "Built in M\xFCnchen,\r\nfor fun.";
+    auto& segments = Track.SegmentList.Segments = {};
+    Track.SegmentList.SegmentCount = 12; // one fewer than there are
+    Fill(segments, &TrackSegment::SegmentType, {0, 1, 2, 2, 3, 4, 4, 4, 5, 256, 257, -1, 0});
+    for (const std::size_t tunnel : {0U, 1U, 5U, 11U, 12U})
+        segments[tunnel].Tunnel = true;
+    Track.FreeNodes.Count = 1001, Track.FundamentalNodes.Count = 2, Track.WoodCatwalks.Count = 3;
+    Track.SupportBeams.Count = 19, Track.Scenery.TreeCount = 8;
+    Fill(Track.SupportBeams.Items, &SupportBeam::BeamType,
+         {0, 1, 1, 2, 2, 2, 3, 4, 4, 5, 6, 6, 7, 8, 9, 9, 9, 9, 10});
+    Track.PreFabSupports = {{}, 3, {{2, 0}, {0, 2}, {8, 2}, {}}, {}};
+    Fill(Track.PreFabSupports.Supports, &PreFabSupport::SupportType, {0, 1, 2, 3, 4, 5, 6, 7, 7, -9});
+    Fill(Track.Scenery.Trees, &Tree::TreeType, {0, 1, 2, 2, 3, 3, 3, 4});
+    Track.SceneryObjects = {{}, 2, std::vector<SceneryObject>(3)};
+    Track.SceneryObjects.Items[0].FileName = "caf\xE9.3ds";
+    Track.SceneryObjects.Items[1].FileName = "sub\\gate.3ds";
+    Track.Terrain.HasTerrain = true, Track.Terrain.GridSizeX = 3, Track.Terrain.GridSizeZ = 1;
+    Track.Terrain.Heights = {12.5F, 1234, 13};
+    const testing::TemporaryFolder folder;
+    testing::WriteBytes(folder.File("My.NLTRACK run.nltrack"), std::vector<unsigned char>(12345));
+    EXPECT_EQ(
+        Overview(folder.Inside("My.NLTRACK run.nltrack"), {".", ","}),
+        "File Name...: My run\nFile Size...: 12.345 bytes.\nFile Version: 1.3.7.0\n\n"
+        "Track Type..........: Wooden Coaster (Trailored 2 Seat)\nTrack Length........: 3.100,00 meters.\n"
+        "Complete Circut.....: No\nNumber of Trains....: 1234\nCars per Train......: 5\n"
+        "Lowest Track Height.: 10,00 meters.\nHighest Track Height: 70,00 meters.\n"
+        "Area Track Requires.: 3.000,00 x 80,00 x 60,00 cubic meters.\n\nTotal Segments...: 12\n"
+        "   Normal...: 1\n   Station..: 1\n   Lift.....: 2\n   Transport: 1\n   Brake....: 3\n"
+        "Tunneled Segments: 4\nActual Tunnels...: 3\n\nTotal Free Nodes.......: 1.001\n"
+        "Total Fundamental Nodes: 2\n\nTotal Support Beams: 19\n   Small...: 3\n   Medium..: 1\n"
+        "   Large...: 2\n   X Large.: 1\n   XX Large: 2\n   'L' Beam: 1\n   'H' Beam: 2\n   Wood 4x4: 1\n"
+        "   Wood 2x2: 4\n   Wood 1x4: 1\n\nTotal Wood Catwalks: 3\n\nTotal Pre-Fabricated Supports: 10\n"
+        "   Track Nodes...: 1\n   Single........: 1\n   Complex.......: 1\n   Inverted......: 1\n"
+        "   90 Degree Bank: 1\n   Small Inverted: 1\n   'A' Shape.....: 2\n\nTotal Trees: 8\n   Type A: 1\n"
+        "   Type B: 2\n   Type C: 3\n\nTotal Objects: 2\n   Object 001: caf\u00E9.3ds\n"
+        "   Object 002: sub\\gate.3ds\n\nHas Terrain...........: Yes\nTerrain Grid Size.....: 3 x 1\n"
+        "Lowest Terrain Height.: 12,5 meters.\nHighest Terrain Height: 1234 meters.\n\n"
+        "Prefered Environment: Alps\n\nAuthor's Comments: 27 character(s) long.\nBuilt in M\u00FCnchen,\n"
+        "for fun.\n");
+    ClearTrackDocument();
+    ExpectLines(
+        "gone\nFile Size...: 0 bytes.\nFile Version: 0.0.0.0\n\nTrack Type..........: Steel Looping\n");
+    ExpectLines("Has Terrain...........: No\n\nPrefered Environment: -none-\n\nAuthor's");
+    EXPECT_EQ(TrackTypeName(4) + TrackTypeName(-1) + TrackTypeName(13), "Inverted (4 Seat)");
+    Track.SegmentList = {{}, true, 6, std::vector<TrackSegment>(7)};
+    for (const std::size_t i : {0U, 1U, 3U, 5U})
+        Track.SegmentList.Segments[i].Tunnel = true;
+    ExpectLines("Tunneled Segments: 4\nActual Tunnels...: 3\n");
+    for (const auto& [height, printed] : {std::pair(0.125F, "0.12"), {-0.004F, "0.00"}, {-3.5F, "-3.50"}}) {
+        testing::SetStraightCurve({{0, height, 0}, {100, height, 0}}, false);
+        ExpectLines(std::string("Lowest Track Height.: ") + printed + " meters.\n");
+    }
+    const std::tuple<std::vector<float>, std::string, std::string> cases[] = {
+        {{7, 1234567}, "7", "1234567"},     {{0.125F, 100}, "0.13", "100"},
+        {{-0.125F, -0.004F}, "-0.13", "0"}, {{-1200.5F, 0.1F}, "-1200.5", "0.1"},
+        {{1000, 2000}, "999", "2000"},      {{}, "999", "-999"}};
+    Track.Terrain.HasTerrain = true;
+    for (const auto& [heights, lowest, highest] : cases) {
+        Track.Terrain.Heights = heights;
+        ExpectLines(": " + lowest + " meters.\nHighest Terrain Height: " + highest + " meters.\n");
+    }
+}
+
+} // namespace
+} // namespace railwright
