@@ -29,9 +29,7 @@ public:
     std::string BehindLinks(Name path) override { return real.BehindLinks(path); }
     std::string TemporaryNameBeside(Name path) override { return real.TemporaryNameBeside(path); }
     void FlushFolder(Name) override {}
-    Opened OpenToRead(Name path, Error e) override {
-        return Fails(e) ? nullptr : Wrap(real.OpenToRead(path, e));
-    }
+    Opened OpenToRead(Name a, Error e) override { return Fails(e) ? nullptr : Wrap(real.OpenToRead(a, e)); }
     Opened OpenNew(Name path, Name like, Error e) override {
         e = OpenNewError == std::errc{} ? e : std::make_error_code(OpenNewError);
         return e || Fails(e) ? nullptr : Wrap(real.OpenNew(path, like, e));
