@@ -228,6 +228,7 @@ void AddCommand(CLI::App& app, const Command& command, Arguments& arguments, con
 int RunCommandLineTool(std::vector<std::string> words, std::ostream& out, std::ostream& errors) {
     CLI::App app("Reports on, draws, checks and changes NoLimits tracks and elements.", "railwright-cli");
     app.require_subcommand(1);
+    app.allow_windows_style_options(false); // a path may begin with a slash everywhere
     Arguments arguments;
     const Command* chosen = nullptr;
     for (const Command& command : Commands)

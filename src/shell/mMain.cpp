@@ -5,6 +5,7 @@
 #include "geometry/Preview.h"
 #include "geometry/mNoLimits_TrackTools.h"
 #include "install/mWinRegistry.h"
+#include "platform/CodePage.h"
 #include "platform/Desktop.h"
 #include "platform/UserLocale.h"
 #include "platform/WholeFile.h"
@@ -92,7 +93,7 @@ std::optional<std::string> SimulatorFolder() {
         return beside;
     std::string registered;
     if (ReadRegistryValue(HKEY_CURRENT_USER, "Software\\NoLimits Coasters", "InstPath", registered))
-        return registered;
+        return ToUtf8(registered, SystemCodePage());
 
     const WindowHandle owner = frmMain::Instance().Handle();
     if (ShowMessageBox(owner,

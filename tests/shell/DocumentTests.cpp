@@ -1,24 +1,72 @@
-#include "platform/Paths.h"
 #include "shell/mFileDialog.h"
-#include "shell/mMain.h"
-#include "tests/shell/WindowHarness.h"
+#include "shell/ucFrame.h"
 #include "tests/shell/WindowTests.h"
-#include "track/TrackDocument.h"
 
-#include <filesystem>
-
-#include <QAction>
-#include <QTest>
-
-#ifdef Q_OS_UNIX
-#include <sys/wait.h>
-#include <unistd.h>
-#endif
+#include <QApplication>
 
 namespace railwright::testing {
 namespace {
 
-constexpr const char* OpenTitle = "Open NoLimits File...";
+/// Every panel: how it is reached, and what it looks like.
+constexpr struct PanelCase {
+    const char* Label;
+    const char* Entry;
+    int Tab;
+    bool Previews;
+    const char* Title;
+} Cases[] = {
+    {nullptr, "mnuHAbout", 0, false, "About Railwright..."},
+    {"lblTrackTools(0)", "mnuTOverview", 1, false, "Track Tool: Overview"},
+    {"lblTrackTools(1)", "mnuTRemove", 2, false, "Track Tool: Remove Data"},
+    {"lblTrackTools(2)", "mnuTMove", 3, true, "Track Tool: Move"},
+    {"lblTrackTools(3)", "mnuTScale", 4, true, "Track Tool: Scale"},
+    {"lblTrackTools(4)", "mnuTRotate", 5, true, "Track Tool: Rotate"},
+    {"lblTrackTools(5)", "mnuTMirror", 6, true, "Track Tool: Mirror"},
+    {"lblTrackTools(6)", "mnuTTunnel", 7, false, "Track Tool: Tunnel Test"},
+    {"lblTrackTools(7)", "mnuTShuttle", 8, false, "Track Tool: Shuttle Make"},
+    {"lblTrackTools(8)", "mnuTBackwards", 9, false, "Track Tool: Backwards Rebuild"},
+    {"lblElementTools(0)", "mnuEReverse", 10, true, "Element Tool: Reverse"},
+    {"lblElementTools(1)", "mnuERotate", 11, true, "Element Tool: Rotate"},
+    {"lblNolimitsTools(0)", "mnuNLEnvOrganizer", 12, false, "NoLimits Tool: Environment Organizer"},
+    {"lblNolimitsTools(1)", "mnuNLFileAssoc", 13, false, "NoLimits Tool: File Association"},
+    {"lblTrackTools(9)", "mnuTSmoother", 14, false, "Track Tool: Node Smoother"},
+    {"lblTrackTools(10)", "mnuT3dsRenamer", 15, false, "Track Tool: 3DS Renamer"},
+};
+
+/// The panel in front, its title, previews, and the label with the mark beside it, in one line.
+QString Shown(Program& program) {
+    QStringList shown;
+    for (int tab = 0; tab < 16; ++tab)
+        if (program.Find(Indexed("ucFTab", tab)).isVisible())
+            shown += QString::number(tab);
+    shown += program.Find<QLabel>("lblTitle").text();
+    for (const char* const view : {"pbView(0)", "pbView(1)"})
+        shown += program.Find(view).isVisible() ? "picture" : "none";
+    const QWidget& mark = program.Find("lblIndicator");
+    for (const PanelCase& each : Cases)
+        if (mark.isVisible() && each.Label != nullptr && program.Find(each.Label).y() == mark.y())
+            shown += each.Label;
+    return shown.join('|') + (mark.isVisible() ? ">" : "");
+}
+
+QString Expected(const PanelCase& panel) {
+    const QString view = panel.Previews ? "|picture|picture" : "|none|none";
+    const QString mark = panel.Label == nullptr ? QString() : QString("|%1>").arg(panel.Label);
+    return QString("%1|%2").arg(panel.Tab).arg(panel.Title) + view + mark;
+}
+
+/// Which of the controls that follow the document are enabled, one letter each.
+QString Enabled(Program& program) {
+    QString enabled;
+    for (const char* const name :
+         {"mnuT", "mnuE", "mnuNL", "mnuOpen", "mnuSaveAs", "mnuExit", "imgToolBar(1)"})
+        enabled += program.IsEnabled(name) ? 'X' : '-';
+    for (const PanelCase& each : Cases)
+        if (each.Label != nullptr)
+            enabled += program.IsEnabled(each.Label) && program.IsEnabled(each.Entry) ? 'X' : '-';
+    return enabled;
+}
+
 constexpr const char* SaveTrackTitle = "Save NoLimits Track File...";
 
 /// Makes an unsaved change and tells the first node's place on X.
@@ -29,290 +77,204 @@ float Change(Program& program) {
 
 } // namespace
 
-void DocumentTests::OpensTheFileOfTheCommandLine() {
-    TemporaryFolder folder;
-    const std::string file = folder.File("two words.NLTrack");
-    WriteBytes(file, ReadBytes(Example("harbor-comet.nltrack")));
-    Program program('"' + file + '"');
-    QCOMPARE(program.Title(), QString("Railwright: two words.NLTrack"));
-    QCOMPARE(iDocumentKind, DocumentKinds::Track);
-    QCOMPARE(sDocumentFile, PathFromOutside(file));
-    QVERIFY(program.Report().startsWith("File Name...: two words\n"));
-    QVERIFY(program.Report().contains("Total Segments"));
-    QVERIFY(!bDocumentChanged);
+void WindowTests::ReachesEveryPanel() {
+    constexpr Qt::Key keys[] = {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter};
+    for (const PanelCase& panel : Cases) {
+        Program program(QString(panel.Title).startsWith("Element") ? Loop : Comet);
+        program.Choose(panel.Entry);
+        QCOMPARE(Shown(program), Expected(panel));
+        program.Choose("mnuHAbout");
+        QCOMPARE(Shown(program), Expected(Cases[0]));
+        if (panel.Label == nullptr)
+            continue;
+        program.Click(panel.Label);
+        QCOMPARE(Shown(program), Expected(panel));
+        program.Choose("mnuHAbout");
+        QTest::keyClick(&program.Find(panel.Label), keys[panel.Tab % 3]);
+        QCOMPARE(Shown(program), Expected(panel));
+    }
 }
 
-void DocumentTests::AsksForTheSimulator() {
-    const std::string comet = Example("harbor-comet.nltrack");
-    const QString note =
-        "Note|To prevent this message in the future, run Railwright from your NoLimits Folder."
-        "|Information|OK";
-    const auto areToolsEnabled = [](Program& program) {
-        QStringList enabled;
-        for (const char* const label : {"lblNolimitsTools(0)", "lblNolimitsTools(1)"})
-            enabled += program.Find(label).isEnabled() ? "X" : "-";
-        for (const char* const entry : {"mnuNLEnvOrganizer", "mnuNLFileAssoc"})
-            enabled += program.Find<QAction>(entry).isEnabled() ? "X" : "-";
-        return enabled.join("");
-    };
-    {
-        // The question comes first, and the file of the command line is opened whatever the answer.
-        Program program(comet, false, [](Answers& answers) { answers.Box(FolderQuestion, "No"); });
-        QCOMPARE(areToolsEnabled(program), QString("----"));
-        QCOMPARE(sNoLimitsPath, std::string());
-        QCOMPARE(program.Title(), QString("Railwright: harbor-comet.nltrack"));
-        program.Questions().File(OpenTitle, Example("loop.nlelem"));
+void WindowTests::EnablesByTheDocument() {
+    // Menus, entries, a picture; labels: tracks 0 to 8, elements, simulator, tracks 9 and 10.
+    const QString track = "X-XXXXXXXXXXXXXX--XXXX";
+    const QString element = "-XXXXXX---------XXXX--";
+    Program program;
+    QCOMPARE(program.Title(), QString("Railwright"));
+    QCOMPARE(Shown(program), Expected(Cases[0]));
+    // Save answers with no document too: nothing is asked and the title shows the empty name.
+    program.Click("imgToolBar(1)");
+    QCOMPARE(program.Title(), QString("Railwright: "));
+    QCOMPARE(Enabled(program), QString("--XX-XX-----------XX--"));
+    for (const std::string& file : {Comet, Loop, Comet, Comet, Loop}) {
+        // Unsaved changes go without a question, but not with Escape.
+        program.Choose("mnuTMove");
+        program.Click("btnTTunnel(0)");
+        const QString before = program.Title();
+        program.File("Open NoLimits File...", "").File("Open NoLimits File...", file);
         program.Choose("mnuOpen");
-        QCOMPARE(areToolsEnabled(program), QString("----"));
+        QCOMPARE(program.Title(), before);
+        program.Click("imgToolBar(0)");
+        QCOMPARE(program.Title(), "Railwright: " + QString::fromStdString(file).section('/', -1));
+        QVERIFY(!bDocumentChanged && program.Find("ucFTab(0)").isVisible());
+        QCOMPARE(Enabled(program), file == Comet ? track : element);
     }
-    {
-        Program program("", false, [](Answers& answers) {
-            answers.Box(FolderQuestion, "Yes").File("Locate NoLimits Simulator...", "");
-        });
-        QCOMPARE(areToolsEnabled(program), QString("----"));
+    // A label that is disabled does nothing.
+    program.Click("lblTrackTools(2)");
+    QCOMPARE(Shown(program), Expected(Cases[0]));
+}
+
+void WindowTests::DrawsFrameAndPreviewsSharp() {
+    QWidget window;
+    ucFrame frame(&window);
+    const QRgb light = frame.palette().color(QPalette::Light).rgb();
+    const QRgb dark = frame.palette().color(QPalette::Shadow).rgb();
+    for (const QSize size : {QSize(40, 30), QSize(50, 60)}) {
+        frame.resize(size);
+        const QImage image = frame.grab().toImage();
+        QVERIFY(image.pixel(20, 0) == light && image.pixel(0, 15) == light);
+        QVERIFY(image.pixel(size.width() - 1, 0) == dark && image.pixel(0, size.height() - 1) == dark);
     }
+    QtPictureBox box(&window);
+    // The pen keeps its width over a Cls.
+    box.DrawWidth(3);
+    box.Cls();
+    box.Line(-1e30F, 200, 1e30F, 200, {255, 0, 0});
+    const QImage drawn = box.Drawn(2).toImage();
+    for (int row = 390; row < 410; ++row)
+        QCOMPARE(drawn.pixelColor(220, row) == QColor(255, 0, 0), row >= 398 && row < 404);
+}
+
+void WindowTests::StartsWithFileAndSimulator() {
+    const QString question = "Unknown NoLimits Path|Unable to locate your NoLimits Installation Path.\n"
+                             "This path is required to use some of the Tools featured in this Railwright.\n"
+                             "Locate this path yourself?|Question|Yes,No";
+    const QString note = "Note|To prevent this message in the future, run Railwright from your NoLimits "
+                         "Folder.|Information|OK";
     TemporaryFolder simulator;
-    WriteBytes(simulator.File("NoLimitsSimulator.exe"), {});
-    {
-        Program program("", false, [&](Answers& answers) {
-            answers.Box(FolderQuestion, "Yes")
-                .File("Locate NoLimits Simulator...", simulator.File("NoLimitsSimulator.exe"))
-                .Box(note, "OK");
+    const std::string there = simulator.File("NoLimitsSimulator.exe");
+    WriteBytes(there, {});
+    for (const auto& [answer, chosen] :
+         {std::pair("No", std::string()), std::pair("Yes", std::string()), std::pair("Yes", there)}) {
+        // The question comes first, and the file of the command line is opened whatever the answer.
+        Program program(Comet, false, [&, reply = QString(answer), name = chosen](Program& asked) {
+            asked.Box(question, reply);
+            if (reply == "Yes")
+                asked.File("Locate NoLimits Simulator...", name);
+            if (!name.empty())
+                asked.Box(note, "OK");
         });
-        QCOMPARE(sNoLimitsPath, simulator.Inside(""));
-        QCOMPARE(areToolsEnabled(program), QString("XXXX"));
+        QCOMPARE(program.Title(), QString("Railwright: harbor-comet.nltrack"));
+        QCOMPARE(sNoLimitsPath, chosen.empty() ? "" : simulator.Inside(""));
+        QVERIFY(Open(Loop));
+        for (const char* const name :
+             {"lblNolimitsTools(0)", "lblNolimitsTools(1)", "mnuNLEnvOrganizer", "mnuNLFileAssoc"})
+            QCOMPARE(program.IsEnabled(name), !chosen.empty());
     }
-    const Program program;
+    const std::string file = simulator.File("two [*] words.NLTrack");
+    WriteBytes(file, ReadBytes(Comet));
+    Program program('"' + file + '"');
+    // The toolkit shows a doubled mark as one.
+    QCOMPARE(program.Title(), QString("Railwright: two [*][*] words.NLTrack"));
+    QVERIFY(program.Report().startsWith("File Name...: two [*] words\n") && !bDocumentChanged);
     QCOMPARE(sNoLimitsPath, PathFromOutside(QCoreApplication::applicationDirPath().toStdString()) + '\\');
 }
 
-void DocumentTests::OpensOverUnsavedChanges() {
-    Program program(Example("harbor-comet.nltrack"));
-    program.Choose("mnuTMove");
-    Change(program);
-    program.Questions().File(OpenTitle, "");
-    program.Click("imgToolBar(0)");
-    QVERIFY(bDocumentChanged);
-    QCOMPARE(program.Title(), QString("Railwright: harbor-comet.nltrack*"));
-
-    program.Questions().File(OpenTitle, Example("timber-fox.nltrack"));
-    program.Click("imgToolBar(0)");
-    QVERIFY(!bDocumentChanged);
-    QCOMPARE(program.Title(), QString("Railwright: timber-fox.nltrack"));
-    QVERIFY(program.Find("ucFTab(0)").isVisible());
-    QVERIFY(!program.Find("pbView(0)").isVisible());
+void WindowTests::FailsToOpen() {
+    const QString track = "Error Loading Track File!", unknown = "Unknown File Type!";
+    for (const auto& [name, content, message] : std::vector<std::tuple<std::string, std::string, QString>>{
+             {"wrong-tag.nltrack", "NLEL----", track},
+             {"CUT-OFF.NLTRACK", "NLIM", track},
+             {"broken.nlelem", "NLIM----", "Error Loading Element File!"},
+             {"other.txt", "NLIM", unknown},
+             {"nltrack", "NLIM", unknown}}) {
+        Program program(Example("switchback-spur.nltrack"));
+        const std::string left = message == unknown ? "" : sDocumentFile;
+        program.Choose("mnuTMirror");
+        Change(program);
+        WriteBytes(program.Path(name), {content.begin(), content.end()});
+        program.Box("Error|" + message + "|Warning|OK", "OK");
+        QVERIFY2(!Open(program.Path(name)), name.c_str());
+        QCOMPARE(program.Title(), QString("Railwright: switchback-spur.nltrack*"));
+        QVERIFY(program.Find("ucFTab(6)").isVisible() && program.Find("lblTrackTools(0)").isEnabled());
+        // Nothing works on what is left: no tool changes it, and it is not saved over anything.
+        const QString report = program.Report();
+        const std::int32_t nodes = Track.BezierCurve.NodeCount;
+        for (const char* const button : {"btnTMove(0)", "btnTScale", "btnTRotate", "btnTMirror(0)",
+                                         "btnTTunnel(0)", "btnTShuttle", "btnRemove(2)", "btnTBackwards",
+                                         "btnTSmoother", "btnTDSRenamer", "btnEReverse", "btnERotate(0)"})
+            program.Click(button);
+        QVERIFY(program.Report() == report && Track.BezierCurve.NodeCount == nodes && !bDocumentChanged);
+        program.Choose("mnuSaveAs");
+        QVERIFY2(iDocumentKind == DocumentKinds::None && sDocumentFile == left, name.c_str());
+    }
 }
 
-void DocumentTests::FailsToOpen_data() {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("content");
-    QTest::addColumn<QString>("message");
-    QTest::addColumn<bool>("keepsName");
-    QTest::newRow("wrong tag") << "a.nltrack"
-                               << "NLEL----"
-                               << "Error Loading Track File!" << true;
-    QTest::newRow("cut off") << "A.NLTRACK"
-                             << "NLIM"
-                             << "Error Loading Track File!" << true;
-    QTest::newRow("broken element") << "a.nlelem"
-                                    << "NLIM----"
-                                    << "Error Loading Element File!" << true;
-    QTest::newRow("other extension") << "a.txt"
-                                     << "NLIM"
-                                     << "Unknown File Type!" << false;
-    QTest::newRow("short name") << "nltrack"
-                                << "NLIM"
-                                << "Unknown File Type!" << false;
-}
-
-void DocumentTests::FailsToOpen() {
-    QFETCH(QString, name);
-    QFETCH(QString, content);
-    QFETCH(QString, message);
-    QFETCH(bool, keepsName);
-    Program program(Example("switchback-spur.nltrack"));
-    const std::string before = sDocumentFile;
-    program.Choose("mnuTMirror");
-    Change(program);
-    const std::string file = program.Path(name.toStdString());
-    const QByteArray bytes = content.toLatin1();
-    WriteBytes(file, {bytes.begin(), bytes.end()});
-
-    program.Questions().Box(ErrorBox(message), "OK");
-    QVERIFY(!OpenNoLimitsFile(PathFromOutside(file)));
-    QCOMPARE(iDocumentKind, DocumentKinds::None);
-    QVERIFY(!bDocumentChanged);
-    QCOMPARE(sDocumentFile, keepsName ? before : "");
-    QCOMPARE(program.Title(), QString("Railwright: switchback-spur.nltrack*"));
-    QVERIFY(program.Find("ucFTab(6)").isVisible());
-    QVERIFY(program.Find("lblTrackTools(0)").isEnabled());
-
-    // Nothing works on what is left: no tool changes it, and it is not saved over anything.
-    const QString report = program.Report();
-    const std::int32_t nodes = Track.BezierCurve.NodeCount;
-    for (const char* const button :
-         {"btnTMove(0)", "btnTScale", "btnTRotate", "btnTMirror(0)", "btnTTunnel(0)", "btnTShuttle",
-          "btnRemove(2)", "btnTBackwards", "btnTSmoother", "btnTDSRenamer", "btnEReverse", "btnERotate(0)"})
-        program.Click(button);
-    QCOMPARE(program.Report(), report);
-    QCOMPARE(Track.BezierCurve.NodeCount, nodes);
-    QVERIFY(!bDocumentChanged);
-    program.Choose("mnuSaveAs");
-    QCOMPARE(iDocumentKind, DocumentKinds::None);
-    QCOMPARE(sDocumentFile, keepsName ? before : "");
-}
-
-void DocumentTests::Saves() {
-    Program program(Example("harbor-comet.nltrack"));
+void WindowTests::Saves() {
+    Program program(Comet);
+    // A folder of the very name that the writer would use stands in its way.
+    std::filesystem::create_directory(program.Path("taken.dat.nltrack"));
     const float x = Change(program);
-    const std::string chosen = program.Path("saved");
     QString offered;
-    program.Questions().File(SaveTrackTitle, "", &offered).File(SaveTrackTitle, chosen);
+    program.File(SaveTrackTitle, "", &offered)
+        .File(SaveTrackTitle, program.Path("taken.dat"))
+        .Box("Error|Error Saving Track File!|Warning|OK", "OK")
+        .File(SaveTrackTitle, program.Path("saved"));
+    for (int failure = 0; failure < 2; ++failure) {
+        program.Choose("mnuSaveAs");
+        QCOMPARE(offered, QString("harbor-comet.nltrack"));
+        QVERIFY(bDocumentChanged && program.Title().endsWith('*') && sDocumentFile == PathFromOutside(Comet));
+    }
     program.Choose("mnuSaveAs");
-    QCOMPARE(offered, QString("harbor-comet.nltrack"));
-    QVERIFY(bDocumentChanged);
-    QCOMPARE(program.Title(), QString("Railwright: harbor-comet.nltrack*"));
-    program.Choose("mnuSaveAs");
-    QVERIFY(!bDocumentChanged);
-    QCOMPARE(program.Title(), QString("Railwright: saved.nltrack"));
-
-    QVERIFY(OpenNoLimitsFile(PathFromOutside(chosen + ".nltrack")));
+    QVERIFY(!bDocumentChanged && program.Title() == "Railwright: saved.nltrack");
+    QVERIFY(Open(program.Path("saved.nltrack")));
     QCOMPARE(Track.BezierCurve.Nodes[0].Position.X, x);
-
-    // The name of a file that exists is asked about; with No the dialog stays.
-    const QString overwrite = SaveTrackTitle +
-                              QString("|saved.nltrack already exists.\nDo you want to replace it?") +
-                              "|Warning|Yes,No";
-    program.Questions()
-        .File(SaveTrackTitle, chosen + ".nltrack")
-        .Box(overwrite, "Yes")
+    // The name of a file that exists is asked about. Another extension is left alone by the dialog, and the
+    // writer adds its own behind it. From then on the name tells no format: nothing is asked or written.
+    const QString replace = "|saved.nltrack already exists.\nDo you want to replace it?|Warning|Yes,No";
+    program.File(SaveTrackTitle, program.Path("saved.nltrack"))
+        .Box(SaveTrackTitle + replace, "Yes")
         .File(SaveTrackTitle, program.Path("other.dat"));
     const float back = Change(program);
     program.Choose("mnuSaveAs");
-    QVERIFY(!bDocumentChanged);
-
-    // Another extension is left alone by the dialog, and the writer adds its own behind it. From then on
-    // the name tells no format, so that nothing is asked or written.
     program.Choose("mnuSaveAs");
     QCOMPARE(program.Title(), QString("Railwright: other.dat"));
-    QVERIFY(std::filesystem::exists(program.Path("other.dat.nltrack")));
-    QVERIFY(!std::filesystem::exists(program.Path("other.dat")));
     Change(program);
     program.Choose("mnuSaveAs");
-    QVERIFY(!bDocumentChanged);
-    QVERIFY(OpenNoLimitsFile(PathFromOutside(program.Path("other.dat.nltrack"))));
+    QVERIFY(!bDocumentChanged && Open(program.Path("other.dat.nltrack")));
     QCOMPARE(Track.BezierCurve.Nodes[0].Position.X, back);
-
-    QVERIFY(OpenNoLimitsFile(PathFromOutside(Example("loop.nlelem"))));
-    program.Click("btnEReverse");
-    program.Questions().File("Save NoLimits Element File...", program.Path("turned"));
+    QVERIFY(Open(Loop));
+    program.File("Save NoLimits Element File...", program.Path("turned"));
     program.Choose("mnuSaveAs");
     QCOMPARE(program.Title(), QString("Railwright: turned.nlelem"));
-    QVERIFY(std::filesystem::exists(program.Path("turned.nlelem")));
+    QVERIFY(Open(program.Path("turned.nlelem")));
 }
 
-void DocumentTests::FailsToSave() {
-    Program program(Example("harbor-comet.nltrack"));
-    Change(program);
-    // A folder of the very name that the writer would use stands in its way.
-    std::filesystem::create_directory(program.Path("taken.dat.nltrack"));
-    program.Questions()
-        .File(SaveTrackTitle, program.Path("taken.dat"))
-        .Box(ErrorBox("Error Saving Track File!"), "OK");
-    const std::string before = sDocumentFile;
-    program.Choose("mnuSaveAs");
-    QVERIFY(bDocumentChanged);
-    QCOMPARE(sDocumentFile, before);
-    QCOMPARE(program.Title(), QString("Railwright: harbor-comet.nltrack*"));
-}
-
-void DocumentTests::PassesNamesThroughTheDialogs() {
-    Program program;
-    const std::string file = program.CopyOf("loop.nlelem");
-    const auto ask = [&](std::string& name, std::string& title, bool& readOnly, std::string& filter,
-                         std::int32_t& index, std::int32_t& flags) {
-        return ShowOpenFileDialog(name, title, true, readOnly, true, filter, index,
-                                  PathFromOutside(program.Path("")), "Pick", "nlelem",
-                                  program.Window().Handle(), flags);
-    };
-    std::string name;
-    std::string title = "title";
-    std::string filter = "Tracks (*.nltrack)|*.nltrack:Elements (*.nlelem)|*.nlelem";
-    bool readOnly = false;
-    std::int32_t index = 2;
-    std::int32_t flags = 32 | 64 | 8;
-    program.Questions().File("Pick", "loop");
-    QVERIFY(ask(name, title, readOnly, filter, index, flags));
-    QCOMPARE(name, PathFromOutside(file));
-    QCOMPARE(title, std::string("loop.nlelem"));
-    QCOMPARE(index, 2);
-    QCOMPARE(flags, 4096 | 4 | 8);
-    QVERIFY(!readOnly);
-    using namespace std::string_literals;
-    QCOMPARE(filter, "Tracks (*.nltrack)\0*.nltrack\0Elements (*.nlelem)\0*.nlelem\0\0"s);
-
-    filter = "Elements (*.nlelem)|*.nlelem";
-    flags = 0;
-    program.Questions().File("Pick", "");
-    QVERIFY(!ask(name, title, readOnly, filter, index, flags));
-    QCOMPARE(name + title, std::string());
-    QCOMPARE(index, -1);
-    QCOMPARE(flags, 0);
-
+void WindowTests::PassesNamesThroughTheDialogs() {
     // A name that has no room is not offered; the dialog comes all the same.
-    name.assign(260, 'n');
-    filter = "Elements (*.nlelem)|*.nlelem";
+    Program program;
+    std::string name(260, 'n'), title = "title", filter = "Any|*:All|*";
+    std::int32_t index = 2, flags = 8;
     QString offered = "something";
-    program.Questions().File("Pick", "", &offered);
+    program.File("Pick", "", &offered);
     QVERIFY(!ShowSaveFileDialog(name, title, true, filter, index, "", "Pick", "nlelem", NoWindow, flags));
-    QCOMPARE(offered, QString());
-    QCOMPARE(index, 0);
+    QVERIFY(offered.isEmpty() && (name + title).empty() && index == 0 && flags == 0);
+    QCOMPARE(filter, std::string("Any\0*\0All\0*\0\0", 13));
 }
 
-void DocumentTests::ClosesAsAnswered() {
-    const std::string comet = Example("harbor-comet.nltrack");
-    {
-        Program program(comet);
-        QVERIFY(program.Window().close());
+void WindowTests::ClosesAsAnswered() {
+    const QString question = "Unsaved Changes|There are unsaved changes to the file.\nSave changes?|Question|"
+                             "Yes,No,Cancel";
+    for (const QString answer : {"", "Cancel", "No", "Yes, and no name", "Yes"}) {
+        Program program(Comet);
+        if (!answer.isEmpty() && Change(program) != 0)
+            program.Box(question, answer.section(',', 0, 0));
+        const std::string name = answer == "Yes" ? program.Path("closed.nltrack") : "";
+        if (answer.startsWith("Yes"))
+            program.File(SaveTrackTitle, name);
+        QCOMPARE(program.Window().close(), answer != "Cancel");
+        QCOMPARE(std::filesystem::exists(program.Path("closed.nltrack")), answer == "Yes");
     }
-    {
-        Program program(comet);
-        Change(program);
-        program.Questions().Box(UnsavedQuestion, "Cancel").Box(UnsavedQuestion, "No");
-        QVERIFY(!program.Window().close());
-        QVERIFY(program.Window().isVisible());
-        QVERIFY(program.Window().close());
-    }
-    {
-        Program program(comet);
-        Change(program);
-        program.Questions().Box(UnsavedQuestion, "Yes").File(SaveTrackTitle, program.Path("closed.nltrack"));
-        QVERIFY(program.Window().close());
-        QVERIFY(std::filesystem::exists(program.Path("closed.nltrack")));
-    }
-    Program program(comet);
-    Change(program);
-    program.Questions().Box(UnsavedQuestion, "Yes").File(SaveTrackTitle, "");
-    QVERIFY(program.Window().close());
-}
-
-void DocumentTests::ExitsAtOnce() {
-#ifdef Q_OS_UNIX
-    Program program(Example("harbor-comet.nltrack"));
-    Change(program);
-    // In a process of its own, which ends by no other way with this code.
-    const pid_t child = fork();
-    if (child == 0) {
-        program.Choose("mnuExit");
-        _exit(77);
-    }
-    int status = -1;
-    QCOMPARE(waitpid(child, &status, 0), child);
-    QVERIFY(WIFEXITED(status));
-    QCOMPARE(WEXITSTATUS(status), 0);
-#else
-    QSKIP("a process cannot be split in two here");
-#endif
 }
 
 } // namespace railwright::testing

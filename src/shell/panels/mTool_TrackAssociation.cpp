@@ -1,15 +1,19 @@
 #include "shell/panels/mTool_TrackAssociation.h"
 
+#include "install/mTool_TrackAssociation.h"
 #include "platform/Paths.h"
 #include "shell/Controls.h"
 #include "shell/frmMain.h"
 #include "shell/mFileDialog.h"
+#include "shell/mMain.h"
 #include "shell/ucFrame.h"
 
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QRadioButton>
+
+#include <algorithm>
 
 namespace railwright {
 namespace {
@@ -59,6 +63,7 @@ FileAssociationPanel::FileAssociationPanel(ucFrame& frame) {
     }
     AddIcon(frame);
     btnNLAssoc = AddButton(frame, "btnNLAssoc", "Set File Association", {2340, 3060, 1995, 315});
+    QObject::connect(btnNLAssoc, &QPushButton::clicked, btnNLAssoc, [this] { btnNLAssoc_Click(); });
     AddHelpText(frame, "Label14", HelpText, {60, 5220, 7455, 855});
 }
 
@@ -110,7 +115,21 @@ void FileAssociationPanel::AddIcon(ucFrame& frame) {
 }
 
 void FileAssociationPanel::Prepare() {
+    PrepareFileAssociation(sNoLimitsPath);
     btnNLAssoc->setEnabled(true);
+}
+
+void FileAssociationPanel::btnNLAssoc_Click() {
+    const auto selected = [](const auto& options) {
+        const auto found = std::find_if(options.begin(), options.end(),
+                                        [](const QRadioButton* option) { return option->isChecked(); });
+        return static_cast<std::int16_t>(found - options.begin());
+    };
+    const std::int16_t iDoubleClick = selected(optNLAssocDblClk);
+    chkNLAssocRtClk[static_cast<std::size_t>(iDoubleClick)]->setChecked(true);
+    SetTrackAssociation(iDoubleClick, chkNLAssocRtClk[0]->isChecked(), chkNLAssocRtClk[1]->isChecked(),
+                        chkNLAssocRtClk[2]->isChecked(), chkNLAssocRtClk[3]->isChecked(),
+                        selected(optNLAssocIcon), PathFromOutside(txtNLAssoc->text().toStdString()));
 }
 
 void FileAssociationPanel::optNLAssocDblClk_Click(std::size_t Index) {

@@ -30,6 +30,7 @@ private:
     void optNLAssocDblClk_Click(std::size_t Index);
     void optNLAssocIcon_Click(std::size_t Index);
     void btnNLAssocBrowse_Click();
+    void btnNLAssoc_Click();
 
     std::array<QRadioButton*, 3> optNLAssocDblClk{};
     std::array<QCheckBox*, 4> chkNLAssocRtClk{};

@@ -1,0 +1,2 @@
+include(HeaderOnlyPackage)
+header_only_package(nlohmann_json nlohmann nlohmann_json::nlohmann_json)

@@ -1,0 +1,15 @@
+# Gives a library of headers in /usr/include to the cross compiler as an imported target. Its folder alone is linked
+# into the build: the rest of /usr/include belongs to the machine that builds.
+function(header_only_package package folder target)
+    set(include ${CMAKE_BINARY_DIR}/include/${package})
+    if(NOT EXISTS /usr/include/${folder})
+        message(FATAL_ERROR "/usr/include/${folder} is missing")
+    endif()
+    file(MAKE_DIRECTORY ${include})
+    file(CREATE_LINK /usr/include/${folder} ${include}/${folder} SYMBOLIC)
+    if(NOT TARGET ${target})
+        add_library(${target} INTERFACE IMPORTED GLOBAL)
+        target_include_directories(${target} INTERFACE ${include})
+    endif()
+    set(${package}_FOUND TRUE PARENT_SCOPE)
+endfunction()

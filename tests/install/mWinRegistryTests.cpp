@@ -1,0 +1,133 @@
+#include "install/mWinRegistry.h"
+
+#include "tests/support/TestRegistry.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace railwright {
+namespace {
+
+/// Runs on the file and, where the program runs on Windows, on the registry itself.
+class WinRegistry : public ::testing::Test {
+protected:
+    static constexpr const char* Key = "Software\\NoLimits Coasters";
+    testing::TestRegistry own;
+
+    /// Stores bytes as they are, without a NUL behind them.
+    static void Store(const char* name, std::uint32_t type, std::string bytes) {
+        registry::Handle key = 0;
+        ASSERT_EQ(registry::RegCreateKeyA(HKEY_CURRENT_USER, Key, &key), 0);
+        const auto size = static_cast<std::uint32_t>(bytes.size());
+        bytes += 'X';
+        ASSERT_EQ(registry::RegSetValueExA(key, name, 0, type,
+                                           reinterpret_cast<const std::uint8_t*>(bytes.data()), size),
+                  0);
+        EXPECT_EQ(registry::RegCloseKey(key), 0);
+    }
+
+    /// @return what reading leaves in a text that was "before"; "failed" in front if there was no value.
+    static std::string Read(const std::string& name, const std::string& key = Key) {
+        std::string result = "before";
+        return ReadRegistryValue(HKEY_CURRENT_USER, key, name, result) ? result : "failed, " + result;
+    }
+
+    static bool Write(std::uint32_t type, const std::string& name, RegistryInput value) {
+        return WriteRegistryValue(HKEY_CURRENT_USER, Key, type, name, value);
+    }
+};
+
+TEST_F(WinRegistry, ReadsWhatTheRegistryHolds) {
+    struct Case {
+        std::uint32_t Type;
+        std::string Stored;
+        std::string Expected;
+    };
+    const std::string text1023(1023, 'a');
+    const Case cases[] = {
+        {REG_SZ, std::string("C:\\NoLimits\0", 12), "C:\\NoLimits"},
+        {REG_SZ, "no NUL at its end", "no NUL at its end"},
+        {REG_SZ, "two at its end" + std::string(2, 0), "two at its end" + std::string(1, 0)},
+        {REG_SZ, "", ""},
+        {REG_SZ,
+         "Stra\xDF"
+         "e \x80",
+         "Stra\xDF"
+         "e \x80"},
+        {REG_SZ, "a\r\nb \"c\"", "a\r\nb \"c\""},
+        {REG_SZ, text1023 + '\0', text1023},
+        {REG_SZ, text1023 + 'b', text1023 + 'b'},
+        {REG_SZ, text1023 + 'b' + '\0', "failed, before"},
+        {REG_BINARY, std::string(1024, 'b'), "before"},
+        {REG_BINARY, std::string(1025, 'b'), "failed, before"},
+        {REG_DWORD, std::string("\x1E\x0A\x00\x90", 4), "&hbefore90000A1E"},
+        {11, "12345678", "before"},
+    };
+    for (const char* name : {"", "InstPath", "a \"quoted\\name"})
+        for (const auto& [type, stored, expected] : cases) {
+            Store(name, type, stored);
+            EXPECT_EQ(Read(name), expected) << type << ' ' << stored.size();
+        }
+    EXPECT_EQ(Read("INSTPATH", "software\\NOLIMITS coasters"), "before") << "in any case of letters";
+    EXPECT_EQ(Read("Other"), "failed, before");
+    EXPECT_EQ(Read("", "Software\\NoLimits"), "failed, before");
+}
+
+TEST_F(WinRegistry, WritesEachTypeAndMakesTheKey) {
+    EXPECT_EQ(Read("t"), "failed, before");
+    EXPECT_TRUE(Write(REG_SZ, "t", "C:\\x"));
+    EXPECT_TRUE(Write(REG_SZ, "from number", -7));
+    EXPECT_TRUE(Write(REG_DWORD, "d", 258));
+    EXPECT_TRUE(Write(REG_DWORD, "from text", "-2"));
+    EXPECT_TRUE(Write(REG_BINARY, "b", "abc"));
+    EXPECT_TRUE(Write(11, "none", "abc")) << "stores nothing";
+    const std::pair<const char*, const char*> expected[] = {{"t", "C:\\x"},
+                                                            {"from number", "-7"},
+                                                            {"d", "&hbefore00000102"},
+                                                            {"from text", "&hbeforeFFFFFFFE"},
+                                                            {"b", "before"},
+                                                            {"none", "failed, before"}};
+    for (const auto& [name, read] : expected)
+        EXPECT_EQ(Read(name), read) << name;
+
+    // A text counts without its NUL and is stored with it, bytes are stored as they are.
+    registry::Handle key = 0;
+    ASSERT_EQ(registry::RegOpenKeyExA(HKEY_CURRENT_USER, Key, 0, 0x2003F, &key), 0);
+    for (const auto& [name, size] : {std::pair("t", 5U), std::pair("b", 3U), std::pair("d", 4U)}) {
+        std::uint32_t found = 0;
+        EXPECT_EQ(registry::RegQueryValueExA(key, name, nullptr, nullptr, nullptr, &found), 0);
+        EXPECT_EQ(found, size) << name;
+    }
+    std::uint8_t byte = 0;
+    std::uint32_t room = 1;
+    EXPECT_EQ(registry::RegQueryValueExA(key, "t", nullptr, nullptr, &byte, &room),
+              registry::ERROR_MORE_DATA);
+    registry::RegCloseKey(key);
+
+    RegistryInput noNumber = "12 m";
+    EXPECT_FALSE(WriteRegistryValue(HKEY_CURRENT_USER, Key, REG_DWORD, "d", noNumber));
+    EXPECT_EQ(noNumber, RegistryInput(""));
+    EXPECT_EQ(Read("d"), "&hbefore00000102");
+    RegistryInput lost = 3;
+    EXPECT_FALSE(WriteRegistryValue(12345, Key, REG_SZ, "", lost)) << "no such root";
+    EXPECT_EQ(lost, RegistryInput(""));
+}
+
+TEST_F(WinRegistry, DeletesOnlyKeysWithoutSubkeys) {
+    EXPECT_FALSE(DeleteRegistryKey(HKEY_CURRENT_USER, "Software\\NoLimits Coasters"));
+    EXPECT_TRUE(Write(REG_SZ, "", "x"));
+    EXPECT_FALSE(DeleteRegistryKey(HKEY_CURRENT_USER, "Software")) << "has a subkey";
+    EXPECT_FALSE(DeleteRegistryKey(HKEY_CURRENT_USER, "Software\\NoLimits"));
+    EXPECT_EQ(Read(""), "x");
+    EXPECT_TRUE(DeleteRegistryKey(HKEY_CURRENT_USER, "SOFTWARE\\nolimits coasters"));
+    EXPECT_EQ(Read(""), "failed, before");
+    EXPECT_TRUE(DeleteRegistryKey(HKEY_CURRENT_USER, "Software"));
+    EXPECT_FALSE(DeleteRegistryKey(HKEY_CURRENT_USER, "Software"));
+    registry::Handle key = 0;
+    EXPECT_EQ(registry::RegOpenKeyExA(HKEY_CURRENT_USER, Key, 0, 0x2003F, &key),
+              registry::ERROR_FILE_NOT_FOUND);
+}
+
+} // namespace
+} // namespace railwright

@@ -1,0 +1,20 @@
+// Sets the association of track files once, for the checks with the system's own registry tools.
+
+#include "install/mTool_TrackAssociation.h"
+#include "platform/CommandLine.h"
+
+#include <iostream>
+
+int main(int argc, char** argv) {
+    const std::vector<std::string> arguments = railwright::StartCommandLine(argc, argv);
+    if (arguments.size() != 5 || arguments[2].size() != 4) {
+        std::cerr << "usage: set_association FOLDER DOUBLECLICK VERBS ICON ICONFILE\n"
+                     "VERBS is 1 or 0 for ride, edit, terraform and Railwright, 1101 for example.\n";
+        return 2;
+    }
+    const auto offers = [&](std::size_t verb) { return arguments[2][verb] == '1'; };
+    railwright::PrepareFileAssociation(arguments[0]);
+    railwright::SetTrackAssociation(static_cast<std::int16_t>(std::stoi(arguments[1])), offers(0), offers(1),
+                                    offers(2), offers(3), static_cast<std::int16_t>(std::stoi(arguments[3])),
+                                    arguments[4]);
+}

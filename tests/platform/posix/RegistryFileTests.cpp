@@ -1,0 +1,201 @@
+#include "install/mWinRegistry.h"
+#include "platform/posix/RegistryText.h"
+#include "tests/support/FailingFiles.h"
+#include "tests/support/TestRegistry.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+
+namespace railwright {
+namespace {
+
+using testing::ReadBytes;
+using testing::TemporaryFolder;
+using testing::TestRegistry;
+using testing::WriteBytes;
+using Bytes = std::vector<unsigned char>;
+
+/// Plain characters as the editor stores them.
+Bytes Wide(std::string_view characters) {
+    Bytes bytes = {0xFF, 0xFE};
+    for (const char character : characters)
+        bytes.insert(bytes.end(), {static_cast<unsigned char>(character), 0});
+    return bytes;
+}
+
+/// Puts a file of that content in the registry's place.
+void Put(const TestRegistry& own, const Bytes& bytes) {
+    std::filesystem::create_directories(std::filesystem::path(own.File()).parent_path());
+    WriteBytes(own.File(), bytes);
+}
+
+bool Write(std::uint32_t type, const char* name, RegistryInput value) {
+    return WriteRegistryValue(HKEY_CLASSES_ROOT, "a\\B", type, name, value);
+}
+
+std::string Read(const std::string& key, const std::string& name) {
+    std::string result;
+    return ReadRegistryValue(HKEY_CLASSES_ROOT, key, name, result) ? result : "none";
+}
+
+const std::string Head = "Windows Registry Editor Version 5.00\r\n\r\n";
+
+TEST(RegistryFile, IsWrittenAsTheEditorWritesIt) {
+    const TestRegistry own;
+    EXPECT_TRUE(Write(REG_BINARY, "z", std::string(30, '\x01')));
+    EXPECT_TRUE(Write(REG_DWORD, "d", 0x1A2B));
+    EXPECT_TRUE(Write(REG_SZ, "", "C:\\x \"%1\""));
+    EXPECT_TRUE(Write(REG_SZ, "q\"\\", "a\nb"));
+    EXPECT_TRUE(Write(REG_BINARY, "empty", ""));
+    RegistryInput other = "x";
+    EXPECT_TRUE(WriteRegistryValue(HKEY_CLASSES_ROOT, ".nltrack", REG_SZ, "", other));
+    // A line takes 80 characters at most: 8 before the bytes and 23 times 3 are 77, and with the backslash
+    // 78; one byte more would need 81. The other 7 follow.
+    std::string first;
+    for (int i = 0; i < 23; ++i)
+        first += "01,";
+    EXPECT_EQ(ReadBytes(own.File()), Wide(Head +
+                                          "[HKEY_CLASSES_ROOT]\r\n\r\n"
+                                          "[HKEY_CLASSES_ROOT\\.nltrack]\r\n"
+                                          "@=\"x\"\r\n\r\n"
+                                          "[HKEY_CLASSES_ROOT\\a]\r\n\r\n"
+                                          "[HKEY_CLASSES_ROOT\\a\\B]\r\n"
+                                          "@=\"C:\\\\x \\\"%1\\\"\"\r\n"
+                                          "\"d\"=dword:00001a2b\r\n"
+                                          "\"empty\"=hex:\r\n"
+                                          "\"q\\\"\\\\\"=hex(1):61,00,0a,00,62,00,00,00\r\n"
+                                          "\"z\"=hex:" +
+                                          first +
+                                          "\\\r\n"
+                                          "  01,01,01,01,01,01,01\r\n\r\n"));
+    EXPECT_EQ(Read("A\\b", ""), "C:\\x \"%1\"");
+    EXPECT_EQ(Read("A\\b", "q\"\\"), "a\nb");
+}
+
+TEST(RegistryFile, IsReadAsTheEditorExportsIt) {
+    const std::string lines = "; a comment\r\n"
+                              "[HKEY_CLASSES_ROOT\\Some [key]]\r\n"
+                              "@=\"first\"\r\n"
+                              "; @=\"not this\"\r\n"
+                              "  \"two\" = \"over\r\nlines\"\r\n"
+                              "\"Bytes\"=hex:01,\\\r\n  02,\\\r\n  0a\r\n"
+                              "\"number\"=dword:0000000A\r\n"
+                              "\"gone\"=\"x\"\r\n"
+                              "no line of the editor\r\n"
+                              "\"broken\"=what:1\r\n\r\n\r\n"
+                              "[hkey_classes_root\\SOME [KEY]]\r\n"
+                              "\"gone\"=-\r\n"
+                              "@=\"second\"\r\n\r\n"
+                              "[HKEY_CLASSES_ROOT\\old\\inner]\r\n@=\"x\"\r\n"
+                              "[HKEY_CLASSES_ROOT\\older]\r\n@=\"kept\"\r\n"
+                              "[-HKEY_CLASSES_ROOT\\OLD]\r\n"
+                              "@=\"of no key\"\r\n"
+                              "[HKEY_LOCAL_MACHINE\\Software]\r\n\"e\"=hex(2):%\r\n"
+                              "[HKEY_CLASSES_ROOT\\end]\r\n@=\"no line end";
+    std::string older = "REGEDIT4\n\n";
+    for (const char character : lines) // the older version and other systems' line ends
+        older += character == '\r' ? "" : std::string(1, character);
+    for (const Bytes& file : {Wide(Head + lines), Bytes(older.begin(), older.end())}) {
+        const TestRegistry own;
+        Put(own, file);
+        const std::string between = file[0] == 0xFF ? "\r\n" : "\n";
+        const std::pair<std::pair<const char*, const char*>, std::string> cases[] = {
+            {{"some [KEY]", ""}, "second"},
+            {{"Some [key]", "TWO"}, "over" + between + "lines"},
+            {{"Some [key]", "number"}, "&h0000000A"},
+            {{"Some [key]", "bytes"}, ""},
+            {{"Some [key]", "gone"}, "none"},
+            {{"Some [key]", "broken"}, "none"},
+            {{"old", ""}, "none"},
+            {{"old\\inner", ""}, "none"},
+            {{"older", ""}, "kept"},
+            {{"end", ""}, "no line end"}};
+        for (const auto& [where, expected] : cases)
+            EXPECT_EQ(Read(where.first, where.second), expected) << where.first << ' ' << where.second;
+
+        // What the program does not know is still there after it has changed the file.
+        EXPECT_TRUE(Write(REG_SZ, "", "new"));
+        auto tree = ParseRegistry(ReadBytes(own.File()));
+        ASSERT_TRUE(tree);
+        EXPECT_NE(tree->Find(u"HKEY_LOCAL_MACHINE\\Software"), nullptr);
+        const RegistryKey* const key = tree->Find(u"HKEY_CLASSES_ROOT\\Some [key]");
+        ASSERT_NE(key, nullptr);
+        EXPECT_EQ(RegistryTree::FindValue(*key, u"Bytes")->Data, (Bytes{1, 2, 10}));
+    }
+}
+
+TEST(RegistryFile, TextsInHexAreWideInTheNewVersionOnly) {
+    const std::pair<Bytes, const char*> cases[] = {
+        {Wide(Head + "[HKEY_CLASSES_ROOT\\k]\r\n@=hex(1):43,00,e9,00,00,4e,00,00\r\n"), "C\xE9?"},
+        {Wide(Head + "[HKEY_CLASSES_ROOT\\k]\r\n@=hex(1):43,00,44,00\r\n"), "CD"},
+        {Wide(Head + "[HKEY_CLASSES_ROOT\\k]\r\n@=hex(1):\r\n"), ""}};
+    for (const auto& [file, expected] : cases) {
+        const TestRegistry own;
+        Put(own, file);
+        EXPECT_EQ(Read("k", ""), expected);
+        EXPECT_TRUE(Write(REG_SZ, "", "new"));
+        EXPECT_EQ(Read("k", ""), expected) << "also when the file is written again";
+    }
+    const std::string older = "REGEDIT4\r\n[HKEY_CLASSES_ROOT\\k]\r\n@=hex(1):43,e9,00\r\n";
+    const TestRegistry own;
+    Put(own, Bytes(older.begin(), older.end()));
+    EXPECT_EQ(Read("k", ""), "C\xE9");
+}
+
+TEST(RegistryFile, StaysWholeWhateverFails) {
+    for (int failing = 1;; ++failing) {
+        const TestRegistry own;
+        EXPECT_TRUE(Write(REG_SZ, "", "old"));
+        const Bytes before = ReadBytes(own.File());
+        bool written = false;
+        int calls = 0;
+        {
+            testing::FailingFiles files;
+            files.FailAt = failing;
+            written = Write(REG_SZ, "", "new");
+            calls = files.Calls;
+        }
+        if (calls < failing)
+            break;
+        EXPECT_EQ(Read("a\\b", ""), written ? "new" : "old") << failing;
+        EXPECT_TRUE(written || ReadBytes(own.File()) == before) << failing;
+    }
+}
+
+TEST(RegistryFile, IsNeverOverwrittenIfItIsNone) {
+    for (const std::string content : {"", "a letter", "REGEDIT"}) {
+        const TestRegistry own;
+        const Bytes bytes(content.begin(), content.end());
+        Put(own, bytes);
+        EXPECT_EQ(Read("a", ""), "none");
+        EXPECT_FALSE(Write(REG_SZ, "", "x"));
+        EXPECT_FALSE(DeleteRegistryKey(HKEY_CLASSES_ROOT, "a"));
+        EXPECT_EQ(ReadBytes(own.File()), bytes);
+    }
+}
+
+TEST(RegistryFile, LiesInTheUsersDataFolder) {
+    const TemporaryFolder folder;
+    const char* const oldHome = std::getenv("HOME");
+    const std::string home = oldHome == nullptr ? "" : oldHome;
+    setenv("HOME", folder.File("home").c_str(), 1);
+    const std::pair<std::string, const char*> cases[] = {
+        {folder.File("data"), "data/railwright/registry.reg"},
+        {"", "home/.local/share/railwright/registry.reg"},
+        {"relative", "home/.local/share/railwright/registry.reg"}};
+    for (const auto& [data, expected] : cases) {
+        setenv("XDG_DATA_HOME", data.c_str(), 1);
+        EXPECT_TRUE(Write(REG_SZ, "", "x"));
+        EXPECT_TRUE(std::filesystem::remove(folder.File(expected))) << expected;
+    }
+    unsetenv("XDG_DATA_HOME");
+    unsetenv("HOME");
+    EXPECT_EQ(Read("a\\B", ""), "none");
+    EXPECT_FALSE(Write(REG_SZ, "", "x")) << "no folder of the user's";
+    setenv("HOME", home.c_str(), 1);
+}
+
+} // namespace
+} // namespace railwright
