@@ -4,14 +4,11 @@
 
 namespace railwright::testing {
 
-TEST(FileName, ExtensionIsTheLastCharactersInAnyCase) {
+TEST(FileName, EndsInAnExtensionAndSplitsBehindTheLastBackslash) {
     for (const char* name : {"a.nltrack", "C:\\b\\a.NlTRACK", ".nltrack"})
         EXPECT_TRUE(HasExtension(name, TrackExtension)) << name;
     for (const char* name : {"", "nltrack", "a.nltrac", "a.nltrack ", "a.nltrack\\b", "a.nlelem"})
         EXPECT_FALSE(HasExtension(name, TrackExtension)) << name;
-}
-
-TEST(FileName, SplitsBehindTheLastBackslashAndRemovesInOnePass) {
     for (const std::string folder : {"", "C:\\a\\"})
         for (const std::string name : {"", "b.txt"}) {
             EXPECT_EQ(FolderOf(folder + name), folder);

@@ -133,7 +133,7 @@ TEST_F(TrackFile, BrokenFilesAreRefusedWithTheFaultAndItsByte) {
 }
 
 TEST_F(TrackFile, NoByteThatIsMissingOrWrongBringsALoadDown) {
-    const Bytes good = FileOf(Random<TrackDocument>(5));
+    const Bytes good = FileOf(Random<TrackDocument>(14));
     const Bytes empty = FileOf(TrackDocument{});
     WriteBytes(folder.File(name), good);
     std::fstream file(folder.File(name), std::ios::binary | std::ios::in | std::ios::out);
