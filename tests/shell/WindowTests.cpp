@@ -1,126 +1,280 @@
+#include "shell/mFileDialog.h"
+#include "shell/ucFrame.h"
 #include "tests/shell/WindowTests.h"
 
-#include "element/ElementDocument.h"
-#include "shell/ControlStyle.h"
-
 #include <QApplication>
-#include <QCheckBox>
-#include <QDialogButtonBox>
-#include <QMessageBox>
 
 namespace railwright::testing {
 namespace {
 
-QString PlainCaption(const QAbstractButton& button) {
-    return button.text().remove('&');
+/// Every panel: how it is reached, and what it looks like.
+constexpr struct PanelCase {
+    const char* Label;
+    const char* Entry;
+    int Tab;
+    bool Previews;
+    const char* Title;
+} Cases[] = {
+    {nullptr, "mnuHAbout", 0, false, "About Railwright..."},
+    {"lblTrackTools(0)", "mnuTOverview", 1, false, "Track Tool: Overview"},
+    {"lblTrackTools(1)", "mnuTRemove", 2, false, "Track Tool: Remove Data"},
+    {"lblTrackTools(2)", "mnuTMove", 3, true, "Track Tool: Move"},
+    {"lblTrackTools(3)", "mnuTScale", 4, true, "Track Tool: Scale"},
+    {"lblTrackTools(4)", "mnuTRotate", 5, true, "Track Tool: Rotate"},
+    {"lblTrackTools(5)", "mnuTMirror", 6, true, "Track Tool: Mirror"},
+    {"lblTrackTools(6)", "mnuTTunnel", 7, false, "Track Tool: Tunnel Test"},
+    {"lblTrackTools(7)", "mnuTShuttle", 8, false, "Track Tool: Shuttle Make"},
+    {"lblTrackTools(8)", "mnuTBackwards", 9, false, "Track Tool: Backwards Rebuild"},
+    {"lblElementTools(0)", "mnuEReverse", 10, true, "Element Tool: Reverse"},
+    {"lblElementTools(1)", "mnuERotate", 11, true, "Element Tool: Rotate"},
+    {"lblNolimitsTools(0)", "mnuNLEnvOrganizer", 12, false, "NoLimits Tool: Environment Organizer"},
+    {"lblNolimitsTools(1)", "mnuNLFileAssoc", 13, false, "NoLimits Tool: File Association"},
+    {"lblTrackTools(9)", "mnuTSmoother", 14, false, "Track Tool: Node Smoother"},
+    {"lblTrackTools(10)", "mnuT3dsRenamer", 15, false, "Track Tool: 3DS Renamer"},
+};
+
+/// The panel in front, its title, previews, and the label with the mark beside it, in one line.
+QString Shown(Program& program) {
+    QStringList shown;
+    for (int tab = 0; tab < 16; ++tab)
+        if (program.Find(Indexed("ucFTab", tab)).isVisible())
+            shown += QString::number(tab);
+    shown += program.Find<QLabel>("lblTitle").text();
+    for (const char* const view : {"pbView(0)", "pbView(1)"})
+        shown += program.Find(view).isVisible() ? "picture" : "none";
+    const QWidget& mark = program.Find("lblIndicator");
+    for (const PanelCase& each : Cases)
+        if (mark.isVisible() && each.Label != nullptr && program.Find(each.Label).y() == mark.y())
+            shown += each.Label;
+    return shown.join('|') + (mark.isVisible() ? ">" : "");
 }
 
-QString Seen(const QWidget& widget) {
-    const auto* const box = qobject_cast<const QMessageBox*>(&widget);
-    if (box == nullptr)
-        return widget.windowTitle();
-    static const QStringList icons = {"None", "Information", "Warning", "Critical", "Question"};
-    QStringList buttons;
-    for (const auto button : {QMessageBox::Ok, QMessageBox::Yes, QMessageBox::No, QMessageBox::Cancel})
-        if (const QAbstractButton* const there = box->button(button))
-            buttons += PlainCaption(*there);
-    return QStringList{box->windowTitle(), box->text(), icons[box->icon()], buttons.join(',')}.join('|');
+QString Expected(const PanelCase& panel) {
+    const QString view = panel.Previews ? "|picture|picture" : "|none|none";
+    const QString mark = panel.Label == nullptr ? QString() : QString("|%1>").arg(panel.Label);
+    return QString("%1|%2").arg(panel.Tab).arg(panel.Title) + view + mark;
+}
+
+/// Which of the controls that follow the document are enabled, one letter each.
+QString Enabled(Program& program) {
+    QString enabled;
+    for (const char* const name :
+         {"mnuT", "mnuE", "mnuNL", "mnuOpen", "mnuSaveAs", "mnuExit", "imgToolBar(1)"})
+        enabled += program.IsEnabled(name) ? 'X' : '-';
+    for (const PanelCase& each : Cases)
+        if (each.Label != nullptr)
+            enabled += program.IsEnabled(each.Label) && program.IsEnabled(each.Entry) ? 'X' : '-';
+    return enabled;
+}
+
+constexpr const char* SaveTrackTitle = "Save NoLimits Track File...";
+
+/// Makes an unsaved change and tells the first node's place on X.
+float Change(Program& program) {
+    program.Click("btnTMirror(1)");
+    return Track.BezierCurve.Nodes[0].Position.X;
 }
 
 } // namespace
 
-Program& Program::Box(const QString& shown, const QString& button) {
-    expected.push_back({shown, [button](QWidget& box) {
-                            for (QAbstractButton* const each : box.findChildren<QAbstractButton*>())
-                                if (PlainCaption(*each) == button)
-                                    QTest::mouseClick(each, Qt::LeftButton);
-                        }});
-    return *this;
-}
-
-Program& Program::File(const QString& title, const std::string& name, QString* fieldBefore) {
-    expected.push_back({title, [name, fieldBefore](QWidget& dialog) {
-                            auto* const field = dialog.findChild<QLineEdit*>("fileNameEdit");
-                            if (fieldBefore != nullptr)
-                                *fieldBefore = field->text();
-                            // Keys would bring up the list of completions, which takes the next of them.
-                            field->setText(QString::fromStdString(name));
-                            for (auto* const button : dialog.findChild<QDialogButtonBox*>()->buttons())
-                                if ((PlainCaption(*button) == "Cancel") == name.empty())
-                                    QTest::mouseClick(button, Qt::LeftButton);
-                        }});
-    return *this;
-}
-
-void Program::Look() {
-    QWidget* const shown = QApplication::activeModalWidget();
-    if (shown == nullptr)
-        return;
-    constexpr const char* looks = "looks";
-    constexpr int patience = 300;
-    const int seenBefore = shown->property(looks).toInt();
-    shown->setProperty(looks, seenBefore + 1);
-    const QString seen = Seen(*shown);
-    if (seenBefore == 0 && next < expected.size() && expected[next].first == seen) {
-        // The answer may bring up the next box before it returns, and a timer does not run within itself.
-        QTimer::singleShot(0, shown, [shown, answer = expected[next++].second] { answer(*shown); });
-    } else if (seenBefore == 0 || seenBefore == patience) {
-        faults += (seenBefore == 0 ? "not expected: " : "does not go: ") + seen;
-        qobject_cast<QDialog*>(shown)->reject();
+void WindowTests::ReachesEveryPanel() {
+    constexpr Qt::Key keys[] = {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter};
+    for (const PanelCase& panel : Cases) {
+        Program program(QString(panel.Title).startsWith("Element") ? Loop : Comet);
+        program.Choose(panel.Entry);
+        QCOMPARE(Shown(program), Expected(panel));
+        program.Choose("mnuHAbout");
+        QCOMPARE(Shown(program), Expected(Cases[0]));
+        if (panel.Label == nullptr)
+            continue;
+        program.Click(panel.Label);
+        QCOMPARE(Shown(program), Expected(panel));
+        program.Choose("mnuHAbout");
+        QTest::keyClick(&program.Find(panel.Label), keys[panel.Tab % 3]);
+        QCOMPARE(Shown(program), Expected(panel));
     }
 }
 
-Program::Program(const std::string& commandLine, bool simulator,
-                 const std::function<void(Program&)>& foretell) {
-    sNoLimitsPath.clear();
-    sDocumentFile.clear();
-    iDocumentKind = DocumentKinds::None;
-    bDocumentChanged = false;
-    ClearTrackDocument();
-    ClearElementDocument();
-    const auto program = std::filesystem::path(QCoreApplication::applicationDirPath().toStdString());
-    if (simulator)
-        WriteBytes(program / "NoLimitsSimulator.exe", {});
-    if (foretell)
-        foretell(*this);
-    QObject::connect(&timer, &QTimer::timeout, &timer, [this] { Look(); });
-    timer.start(5);
-    window = std::make_unique<frmMain>();
-    window->Form_Load(commandLine);
-    window->show();
-    std::filesystem::remove(program / "NoLimitsSimulator.exe");
-    if (!QTest::qWaitForWindowExposed(window.get()))
-        qFatal("the window does not show");
-}
-
-Program::~Program() {
-    for (; next < expected.size(); ++next)
-        faults += "did not come: " + expected[next].first;
-    if (!faults.empty())
-        QTest::qFail(qPrintable(faults.join("; ")), __FILE__, __LINE__);
-}
-
-void Program::Click(const QString& button) {
-    QWidget& control = Find(button);
-    // A check box answers on its mark and its text, not on the empty room beside them.
-    QTest::mouseClick(&control, Qt::LeftButton, {}, QPoint(6, control.height() / 2));
-}
-
-QString Program::Marks(const char* name, int count) {
-    QString marks;
-    for (int index = 0; index < count; ++index) {
-        const auto& box = Find<QCheckBox>(Indexed(name, index));
-        marks += QString(box.isEnabled() ? "-X" : ".x")[box.isChecked() ? 1 : 0];
+void WindowTests::EnablesByTheDocument() {
+    // Menus, entries, a picture; labels: tracks 0 to 8, elements, simulator, tracks 9 and 10.
+    const QString track = "X-XXXXXXXXXXXXXX--XXXX";
+    const QString element = "-XXXXXX---------XXXX--";
+    Program program;
+    QCOMPARE(program.Title(), QString("Railwright"));
+    QCOMPARE(Shown(program), Expected(Cases[0]));
+    // Save answers with no document too: nothing is asked and the title shows the empty name.
+    program.Click("imgToolBar(1)");
+    QCOMPARE(program.Title(), QString("Railwright: "));
+    QCOMPARE(Enabled(program), QString("--XX-XX-----------XX--"));
+    for (const std::string& file : {Comet, Loop, Comet, Comet, Loop}) {
+        // Unsaved changes go without a question, but not with Escape.
+        program.Choose("mnuTMove");
+        program.Click("btnTTunnel(0)");
+        const QString before = program.Title();
+        program.File("Open NoLimits File...", "").File("Open NoLimits File...", file);
+        program.Choose("mnuOpen");
+        QCOMPARE(program.Title(), before);
+        program.Click("imgToolBar(0)");
+        QCOMPARE(program.Title(), "Railwright: " + QString::fromStdString(file).section('/', -1));
+        QVERIFY(!bDocumentChanged && program.Find("ucFTab(0)").isVisible());
+        QCOMPARE(Enabled(program), file == Comet ? track : element);
     }
-    return marks;
+    // A label that is disabled does nothing.
+    program.Click("lblTrackTools(2)");
+    QCOMPARE(Shown(program), Expected(Cases[0]));
+}
+
+void WindowTests::DrawsFrameAndPreviewsSharp() {
+    QWidget window;
+    ucFrame frame(&window);
+    const QRgb light = frame.palette().color(QPalette::Light).rgb();
+    const QRgb dark = frame.palette().color(QPalette::Shadow).rgb();
+    for (const QSize size : {QSize(40, 30), QSize(50, 60)}) {
+        frame.resize(size);
+        const QImage image = frame.grab().toImage();
+        QVERIFY(image.pixel(20, 0) == light && image.pixel(0, 15) == light);
+        QVERIFY(image.pixel(size.width() - 1, 0) == dark && image.pixel(0, size.height() - 1) == dark);
+    }
+    QtPictureBox box(&window);
+    // The pen keeps its width over a Cls.
+    box.DrawWidth(3);
+    box.Cls();
+    box.Line(-1e30F, 200, 1e30F, 200, {255, 0, 0});
+    const QImage drawn = box.Drawn(2).toImage();
+    for (int row = 390; row < 410; ++row)
+        QCOMPARE(drawn.pixelColor(220, row) == QColor(255, 0, 0), row >= 398 && row < 404);
+}
+
+void WindowTests::StartsWithFileAndSimulator() {
+    const QString question = "Unknown NoLimits Path|Unable to locate your NoLimits Installation Path.\n"
+                             "This path is required to use some of the Tools featured in this Railwright.\n"
+                             "Locate this path yourself?|Question|Yes,No";
+    const QString note = "Note|To prevent this message in the future, run Railwright from your NoLimits "
+                         "Folder.|Information|OK";
+    TemporaryFolder simulator;
+    const std::string there = simulator.File("NoLimitsSimulator.exe");
+    WriteBytes(there, {});
+    for (const auto& [answer, chosen] :
+         {std::pair("No", std::string()), std::pair("Yes", std::string()), std::pair("Yes", there)}) {
+        // The question comes first, and the file of the command line is opened whatever the answer.
+        Program program(Comet, false, [&, reply = QString(answer), name = chosen](Program& asked) {
+            asked.Box(question, reply);
+            if (reply == "Yes")
+                asked.File("Locate NoLimits Simulator...", name);
+            if (!name.empty())
+                asked.Box(note, "OK");
+        });
+        QCOMPARE(program.Title(), QString("Railwright: harbor-comet.nltrack"));
+        QCOMPARE(sNoLimitsPath, chosen.empty() ? "" : simulator.Inside(""));
+        QVERIFY(Open(Loop));
+        for (const char* const name :
+             {"lblNolimitsTools(0)", "lblNolimitsTools(1)", "mnuNLEnvOrganizer", "mnuNLFileAssoc"})
+            QCOMPARE(program.IsEnabled(name), !chosen.empty());
+    }
+    const std::string file = simulator.File("two [*] words.NLTrack");
+    WriteBytes(file, ReadBytes(Comet));
+    Program program('"' + file + '"');
+    // The toolkit shows a doubled mark as one.
+    QCOMPARE(program.Title(), QString("Railwright: two [*][*] words.NLTrack"));
+    QVERIFY(program.Report().startsWith("File Name...: two [*] words\n") && !bDocumentChanged);
+    QCOMPARE(sNoLimitsPath, PathFromOutside(QCoreApplication::applicationDirPath().toStdString()) + '\\');
+}
+
+void WindowTests::FailsToOpen() {
+    const QString track = "Error Loading Track File!", unknown = "Unknown File Type!";
+    for (const auto& [name, content, message] : std::vector<std::tuple<std::string, std::string, QString>>{
+             {"wrong-tag.nltrack", "NLEL----", track},
+             {"CUT-OFF.NLTRACK", "NLIM", track},
+             {"broken.nlelem", "NLIM----", "Error Loading Element File!"},
+             {"other.txt", "NLIM", unknown},
+             {"nltrack", "NLIM", unknown}}) {
+        Program program(Example("switchback-spur.nltrack"));
+        const std::string left = message == unknown ? "" : sDocumentFile;
+        program.Choose("mnuTMirror");
+        Change(program);
+        WriteBytes(program.Path(name), {content.begin(), content.end()});
+        program.Box("Error|" + message + "|Warning|OK", "OK");
+        QVERIFY2(!Open(program.Path(name)), name.c_str());
+        QCOMPARE(program.Title(), QString("Railwright: switchback-spur.nltrack*"));
+        QVERIFY(program.Find("ucFTab(6)").isVisible() && program.Find("lblTrackTools(0)").isEnabled());
+        // Nothing works on what is left: no tool changes it, and it is not saved over anything.
+        const QString report = program.Report();
+        const std::int32_t nodes = Track.BezierCurve.NodeCount;
+        for (const char* const button : {"btnTMove(0)", "btnTScale", "btnTRotate", "btnTMirror(0)",
+                                         "btnTTunnel(0)", "btnTShuttle", "btnRemove(2)", "btnTBackwards",
+                                         "btnTSmoother", "btnTDSRenamer", "btnEReverse", "btnERotate(0)"})
+            program.Click(button);
+        QVERIFY(program.Report() == report && Track.BezierCurve.NodeCount == nodes && !bDocumentChanged);
+        program.Choose("mnuSaveAs");
+        QVERIFY2(iDocumentKind == DocumentKinds::None && sDocumentFile == left, name.c_str());
+    }
+}
+
+void WindowTests::Saves() {
+    Program program(Comet);
+    // A folder of the very name that the writer would use stands in its way.
+    std::filesystem::create_directory(program.Path("taken.dat.nltrack"));
+    const float x = Change(program);
+    QString offered;
+    program.File(SaveTrackTitle, "", &offered)
+        .File(SaveTrackTitle, program.Path("taken.dat"))
+        .Box("Error|Error Saving Track File!|Warning|OK", "OK")
+        .File(SaveTrackTitle, program.Path("saved"));
+    for (int failure = 0; failure < 2; ++failure) {
+        program.Choose("mnuSaveAs");
+        QCOMPARE(offered, QString("harbor-comet.nltrack"));
+        QVERIFY(bDocumentChanged && program.Title().endsWith('*') && sDocumentFile == PathFromOutside(Comet));
+    }
+    program.Choose("mnuSaveAs");
+    QVERIFY(!bDocumentChanged && program.Title() == "Railwright: saved.nltrack");
+    QVERIFY(Open(program.Path("saved.nltrack")));
+    QCOMPARE(Track.BezierCurve.Nodes[0].Position.X, x);
+    // The name of a file that exists is asked about. Another extension is left alone by the dialog, and the
+    // writer adds its own behind it. From then on the name tells no format: nothing is asked or written.
+    const QString replace = "|saved.nltrack already exists.\nDo you want to replace it?|Warning|Yes,No";
+    program.File(SaveTrackTitle, program.Path("saved.nltrack"))
+        .Box(SaveTrackTitle + replace, "Yes")
+        .File(SaveTrackTitle, program.Path("other.dat"));
+    const float back = Change(program);
+    program.Choose("mnuSaveAs");
+    program.Choose("mnuSaveAs");
+    QCOMPARE(program.Title(), QString("Railwright: other.dat"));
+    Change(program);
+    program.Choose("mnuSaveAs");
+    QVERIFY(!bDocumentChanged && Open(program.Path("other.dat.nltrack")));
+    QCOMPARE(Track.BezierCurve.Nodes[0].Position.X, back);
+    QVERIFY(Open(Loop));
+    program.File("Save NoLimits Element File...", program.Path("turned"));
+    program.Choose("mnuSaveAs");
+    QCOMPARE(program.Title(), QString("Railwright: turned.nlelem"));
+    QVERIFY(Open(program.Path("turned.nlelem")));
+}
+
+void WindowTests::PassesNamesThroughTheDialogs() {
+    // A name that has no room is not offered; the dialog comes all the same.
+    Program program;
+    std::string name(260, 'n'), title = "title", filter = "Any|*:All|*";
+    std::int32_t index = 2, flags = 8;
+    QString offered = "something";
+    program.File("Pick", "", &offered);
+    QVERIFY(!ShowSaveFileDialog(name, title, true, filter, index, "", "Pick", "nlelem", NoWindow, flags));
+    QVERIFY(offered.isEmpty() && (name + title).empty() && index == 0 && flags == 0);
+    QCOMPARE(filter, std::string("Any\0*\0All\0*\0\0", 13));
+}
+
+void WindowTests::ClosesAsAnswered() {
+    const QString question = "Unsaved Changes|There are unsaved changes to the file.\nSave changes?|Question|"
+                             "Yes,No,Cancel";
+    for (const QString answer : {"", "Cancel", "No", "Yes, and no name", "Yes"}) {
+        Program program(Comet);
+        if (!answer.isEmpty() && Change(program) != 0)
+            program.Box(question, answer.section(',', 0, 0));
+        const std::string name = answer == "Yes" ? program.Path("closed.nltrack") : "";
+        if (answer.startsWith("Yes"))
+            program.File(SaveTrackTitle, name);
+        QCOMPARE(program.Window().close(), answer != "Cancel");
+        QCOMPARE(std::filesystem::exists(program.Path("closed.nltrack")), answer == "Yes");
+    }
 }
 
 } // namespace railwright::testing
-
-int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    QApplication::setStyle(new railwright::ControlStyle);
-    QApplication::setQuitOnLastWindowClosed(false);
-    railwright::testing::WindowTests tests;
-    return QTest::qExec(&tests, argc, argv);
-}
