@@ -74,6 +74,15 @@ bool OpenWithObjects(const Program& program, const std::vector<std::string>& nam
     return Open(program.Path("objects.nltrack"));
 }
 
+/// Whether a picture shows more than the greys of its ground.
+bool ShowsCurve(const QImage& picture) {
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x)
+            if (const QColor colour = picture.pixelColor(x, y); colour.blue() > colour.red() + 64)
+                return true;
+    return false;
+}
+
 } // namespace
 
 void WindowTests::ChangesTheDocument() {
@@ -89,6 +98,8 @@ void WindowTests::ChangesTheDocument() {
             return std::tuple(ReadBytes(stored), program.Report(), window.Plan().Drawn(1).toImage(),
                               window.Side().Drawn(1).toImage());
         };
+        const auto opened = state();
+        QVERIFY2(ShowsCurve(std::get<2>(opened)) && ShowsCurve(std::get<3>(opened)), name);
         for (const QString& step : QString(steps).split(' '))
             if (step.contains('='))
                 program.Find<QScrollBar>(step.section('=', 0, 0)).setValue(step.section('=', 1).toInt());

@@ -1,6 +1,6 @@
+#include "tests/shell/WindowTests.h"
 #include "shell/mFileDialog.h"
 #include "shell/ucFrame.h"
-#include "tests/shell/WindowTests.h"
 
 #include <QApplication>
 
