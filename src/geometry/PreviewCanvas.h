@@ -4,6 +4,9 @@
 #include "geometry/mNoLimits_TrackTools.h"
 #include "platform/PictureBox.h"
 
+#include <cmath>
+#include <optional>
+
 namespace railwright {
 
 /// What the two previews have in common: the drawing area of 220 pixels with the world's origin in its
@@ -21,6 +24,12 @@ inline void Line(PictureBox& picture, int x1, int y1, int x2, int y2, Rgb colour
                  static_cast<float>(y2), colour);
 }
 
+/// A place on a picture.
+struct Pixel {
+    float X;
+    float Y;
+};
+
 /// How a world point falls on a picture. The coordinates are worked in double precision and rounded once.
 struct Mapping {
     /// Which coordinate runs along each direction of the picture, and pixels for each metre.
@@ -29,11 +38,15 @@ struct Mapping {
     float Vector3::*Down;
     double DownScale;
 
-    float X(const Vector3& point) const { return Pixel(point.*Across, AcrossScale); }
-    float Y(const Vector3& point) const { return Pixel(point.*Down, DownScale); }
+    /// @return nothing for a point that is not finite, or so far off that its pixel is not.
+    std::optional<Pixel> Of(const Vector3& point) const {
+        const Pixel pixel = {At(point.*Across, AcrossScale), At(point.*Down, DownScale)};
+        const bool isThere = IsFinite(point) && std::isfinite(pixel.X) && std::isfinite(pixel.Y);
+        return isThere ? std::optional(pixel) : std::nullopt;
+    }
 
 private:
-    static float Pixel(float metres, double scale) {
+    static float At(float metres, double scale) {
         return static_cast<float>(Centre + scale * static_cast<double>(metres));
     }
 };
@@ -43,15 +56,17 @@ struct View {
     PictureBox& Picture;
     Mapping Map;
 
-    /// Draws a chord of the curve, unless an end of it is not finite.
+    /// Draws a chord of the curve, unless an end of it has no place.
     void Chord(const Vector3& from, const Vector3& to, Rgb colour) const {
-        if (IsFinite(from) && IsFinite(to))
-            Picture.Line(Map.X(from), Map.Y(from), Map.X(to), Map.Y(to), colour);
+        const auto start = Map.Of(from);
+        const auto end = Map.Of(to);
+        if (start && end)
+            Picture.Line(start->X, start->Y, end->X, end->Y, colour);
     }
 
     void Point(const Vector3& point, Rgb colour) const {
-        if (IsFinite(point))
-            Picture.PSet(Map.X(point), Map.Y(point), colour);
+        if (const auto place = Map.Of(point))
+            Picture.PSet(place->X, place->Y, colour);
     }
 };
 

@@ -95,9 +95,9 @@ bool ReadRegistryValue(std::uint32_t hRoot, const std::string& sKey, const std::
         registry::ERROR_SUCCESS)
         return false;
     std::span<const std::uint8_t> bytes(buffer.data(), size);
+    if (!bytes.empty() && bytes.back() == 0)
+        bytes = bytes.first(bytes.size() - 1);
     if (type == REG_SZ) {
-        if (!bytes.empty() && bytes.back() == 0)
-            bytes = bytes.first(bytes.size() - 1);
         sResult.assign(bytes.begin(), bytes.end());
     } else if (type == REG_DWORD) {
         sResult = "&h" + sResult + Digits(bytes);

@@ -170,6 +170,11 @@ TEST_F(Previews, DrawATrackOverItsGroundInChordsColouredByTheirFirstSample) {
     testing::SetStraightElement({{}, {std::numeric_limits<float>::quiet_NaN(), 0, 20}, {0, 0, 40}});
     DrawElement();
     EXPECT_EQ(Count(" ffffff"), 2); // of the other nodes the last one is left
+    // Finite, but with an extent that is not, so that the scale throws these nodes beyond every number.
+    testing::SetStraightElement({{}, {-3e38F, 0, 0}, {3e38F, 0, 0}, {}});
+    DrawElement();
+    EXPECT_EQ(Count("inf"), 0);
+    EXPECT_EQ(Count(" ffffff"), 4); // in the side view all three lie on the axis
 }
 
 TEST_F(Previews, DrawAnElementToScaleOverItsGridAndItsNodesLast) {

@@ -84,7 +84,7 @@ TEST_F(WinRegistry, WritesEachTypeAndMakesTheKey) {
     EXPECT_TRUE(Write(11, "none", "abc")) << "stores nothing";
     const std::pair<const char*, const char*> expected[] = {{"t", "C:\\x"},
                                                             {"from number", "-7"},
-                                                            {"d", "&hbefore00000102"},
+                                                            {"d", "&hbefore000102"},
                                                             {"from text", "&hbeforeFFFFFFFE"},
                                                             {"b", "before"},
                                                             {"none", "failed, before"}};
@@ -108,7 +108,7 @@ TEST_F(WinRegistry, WritesEachTypeAndMakesTheKey) {
     RegistryInput noNumber = "12 m";
     EXPECT_FALSE(WriteRegistryValue(HKEY_CURRENT_USER, Key, REG_DWORD, "d", noNumber));
     EXPECT_EQ(noNumber, RegistryInput(""));
-    EXPECT_EQ(Read("d"), "&hbefore00000102");
+    EXPECT_EQ(Read("d"), "&hbefore000102");
     RegistryInput lost = 3;
     EXPECT_FALSE(WriteRegistryValue(12345, Key, REG_SZ, "", lost)) << "no such root";
     EXPECT_EQ(lost, RegistryInput(""));

@@ -88,6 +88,12 @@ std::int32_t PathBelow(Handle key, const char* subKey, RegistryName& path) {
     return ERROR_SUCCESS;
 }
 
+/// Reads the registry, and works out which path a subkey of an open key is.
+std::int32_t LoadPath(Handle key, const char* subKey, RegistryName& path, RegistryTree& tree) {
+    const std::int32_t named = PathBelow(key, subKey, path);
+    return named == ERROR_SUCCESS ? Load(tree) : named;
+}
+
 Handle Open(const RegistryName& path) {
     Handle handle = 1;
     while (OpenKeys().contains(handle))
@@ -130,9 +136,7 @@ std::int32_t LoadKey(Handle key, RegistryTree& tree, RegistryKey*& found) {
 std::int32_t RegOpenKeyExA(Handle key, const char* subKey, std::uint32_t, std::uint32_t, Handle* result) {
     RegistryName path;
     RegistryTree tree;
-    if (const std::int32_t named = PathBelow(key, subKey, path); named != ERROR_SUCCESS)
-        return named;
-    if (const std::int32_t loaded = Load(tree); loaded != ERROR_SUCCESS)
+    if (const std::int32_t loaded = LoadPath(key, subKey, path, tree); loaded != ERROR_SUCCESS)
         return loaded;
     if (!IsRoot(path) && tree.Find(path) == nullptr)
         return ERROR_FILE_NOT_FOUND;
@@ -143,9 +147,7 @@ std::int32_t RegOpenKeyExA(Handle key, const char* subKey, std::uint32_t, std::u
 std::int32_t RegCreateKeyA(Handle key, const char* subKey, Handle* result) {
     RegistryName path;
     RegistryTree tree;
-    if (const std::int32_t named = PathBelow(key, subKey, path); named != ERROR_SUCCESS)
-        return named;
-    if (const std::int32_t loaded = Load(tree); loaded != ERROR_SUCCESS)
+    if (const std::int32_t loaded = LoadPath(key, subKey, path, tree); loaded != ERROR_SUCCESS)
         return loaded;
     if (!IsRoot(path) && tree.Find(path) == nullptr) {
         tree.Make(path);
@@ -202,9 +204,7 @@ std::int32_t RegSetValueExA(Handle key, const char* valueName, std::uint32_t, st
 std::int32_t RegDeleteKeyA(Handle key, const char* subKey) {
     RegistryName path;
     RegistryTree tree;
-    if (const std::int32_t named = PathBelow(key, subKey, path); named != ERROR_SUCCESS)
-        return named;
-    if (const std::int32_t loaded = Load(tree); loaded != ERROR_SUCCESS)
+    if (const std::int32_t loaded = LoadPath(key, subKey, path, tree); loaded != ERROR_SUCCESS)
         return loaded;
     if (IsRoot(path) || tree.HasSubkeys(path))
         return ERROR_ACCESS_DENIED;

@@ -104,7 +104,7 @@ TEST(RegistryFile, IsReadAsTheEditorExportsIt) {
         const std::pair<std::pair<const char*, const char*>, std::string> cases[] = {
             {{"some [KEY]", ""}, "second"},
             {{"Some [key]", "TWO"}, "over" + between + "lines"},
-            {{"Some [key]", "number"}, "&h0000000A"},
+            {{"Some [key]", "number"}, "&h00000A"},
             {{"Some [key]", "bytes"}, ""},
             {{"Some [key]", "gone"}, "none"},
             {{"Some [key]", "broken"}, "none"},
