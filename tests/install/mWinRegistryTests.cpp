@@ -82,12 +82,10 @@ TEST_F(WinRegistry, WritesEachTypeAndMakesTheKey) {
     EXPECT_TRUE(Write(REG_DWORD, "from text", "-2"));
     EXPECT_TRUE(Write(REG_BINARY, "b", "abc"));
     EXPECT_TRUE(Write(11, "none", "abc")) << "stores nothing";
-    const std::pair<const char*, const char*> expected[] = {{"t", "C:\\x"},
-                                                            {"from number", "-7"},
-                                                            {"d", "&hbefore000102"},
-                                                            {"from text", "&hbeforeFFFFFFFE"},
-                                                            {"b", "before"},
-                                                            {"none", "failed, before"}};
+    const std::pair<const char*, const char*> expected[] = {
+        {"t", "C:\\x"},          {"from number", "-7"},
+        {"d", "&hbefore000102"}, {"from text", "&hbeforeFFFFFFFE"},
+        {"b", "before"},         {"none", "failed, before"}};
     for (const auto& [name, read] : expected)
         EXPECT_EQ(Read(name), read) << name;
 
