@@ -1,6 +1,7 @@
 #include "format/DocumentFile.h"
 
 #include "base/FileName.h"
+#include "platform/FileOperations.h"
 
 #include <new>
 
@@ -15,10 +16,10 @@ FileResult LoadDocumentFile(const std::string& path, const DocumentKind& kind) {
         return FileResult::Failure("the name does not end in " + std::string(kind.Extension));
     kind.Clear();
     try {
-        FileBytes bytes;
-        if (FileResult read = ReadWholeFile(path, 1, bytes); !read)
-            return read;
-        ChunkReader reader(bytes);
+        FileToRead opened;
+        if (FileResult result = OpenWholeFile(path, opened); !result)
+            return result;
+        ChunkReader reader(*opened.File, opened.Length);
         if (reader.FileLength() == 0)
             return FileResult::Failure("the file is empty");
         if (reader.Tag() != kind.Tag)
@@ -38,15 +39,13 @@ FileResult SaveDocumentFile(const std::string& path, const DocumentKind& kind, s
                             const std::function<void(ChunkWriter&)>& write) {
     if (length > LongestFile)
         return FileResult::Failure("the document is too large, a file can hold 2 GiB");
-    try {
-        FileBytes bytes(static_cast<std::size_t>(length));
-        ChunkWriter writer(bytes);
-        write(writer);
-        const bool complete = HasExtension(path, kind.Extension);
-        return WriteWholeFile(complete ? path : path + std::string(kind.Extension), bytes);
-    } catch (const std::bad_alloc&) {
-        return FileResult::Failure("there is not enough memory to put the file together");
-    }
+    const bool complete = HasExtension(path, kind.Extension);
+    return WriteWholeFile(complete ? path : path + std::string(kind.Extension),
+                          [&](OpenFile& file, std::error_code& error) {
+                              ChunkWriter writer(file, error);
+                              write(writer);
+                              writer.Flush();
+                          });
 }
 
 } // namespace railwright
