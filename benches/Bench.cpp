@@ -1,9 +1,7 @@
 #include "benches/Documents.h"
 #include "benches/MemoryFiles.h"
-#include "benches/Table.h"
 #include "benches/Yardsticks.h"
-
-#include "element/mNoLimits_ElementIO_1_3.h"
+#include "cli/Steps.h"
 #include "geometry/Preview.h"
 #include "geometry/mNoLimits_TrackTools.h"
 #include "platform/UserLocale.h"
@@ -11,119 +9,132 @@
 #include "shell/ControlStyle.h"
 #include "shell/frmMain.h"
 #include "shell/mMain.h"
-#include "tools/mNLE_Reverse.h"
-#include "tools/mNLE_Rotate.h"
-#include "tools/mNLT_3DSRenamer.h"
-#include "tools/mNLT_Backwards.h"
-#include "tools/mNLT_Mirror.h"
-#include "tools/mNLT_Move.h"
 #include "tools/mNLT_Overview.h"
-#include "tools/mNLT_Remove.h"
-#include "tools/mNLT_Rotate.h"
-#include "tools/mNLT_Scale.h"
-#include "tools/mNLT_ShuttleMake.h"
-#include "tools/mNLT_Smoother.h"
-#include "tools/mNLT_TunnelTest.h"
-#include "track/mNoLimits_TrackIO_1_3.h"
+
+#include <benchmark/benchmark.h>
 
 #include <chrono>
-#include <cmath>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <iostream>
 
 #include <QApplication>
 #include <QProcess>
 #include <malloc.h>
-#include <unistd.h>
 
 namespace railwright::bench {
 namespace {
 
-/// What a row does once, and what it does unmeasured before each time.
-struct Work {
-    Row What;
+/// Something that is measured.
+struct Row {
+    /// The kind of its documents, a slash, and what is done with them.
+    std::string Name;
+    /// The rows of the same kind that it is held against, set apart by blanks.
+    std::string Yardsticks;
     std::function<void()> Once;
+    std::vector<std::int64_t> Sizes = {};
+    /// What is done each time before the clock runs.
     std::function<void()> Before = {};
     bool ChangesDocument = false;
-    /// Instead of all that: a figure that is printed as it is.
-    std::function<double()> Figure = {};
+    /// Instead of the time of Once: a figure that is printed as it is.
+    double (*Figure)() = nullptr;
+
+    std::string Kind() const { return Name.substr(0, Name.find('/')); }
 };
 
-std::string folder;
-Sample sample; // the file of the document in hand
-FileBytes copied;
-SvgPictureBox svgPlan, svgSide;
-std::string inHand; // kind and size
+std::string inHand; // kind and size of the document
 bool isChanged = false;
-std::map<std::string, std::int64_t> lengths; // of the files
+std::string path; // of its file
+FileBytes bytes;  // the same file
+FileBytes copied;
+QtTrack qtTrack;
+SvgPictureBox svgPlan, svgSide;
 
 void Must(bool holds, const char* what) {
     if (holds)
         return;
-    std::cerr << sample.Path << ": " << what << '\n';
-    std::filesystem::remove_all(folder);
+    std::cerr << inHand << ": " << what << '\n';
     std::exit(EXIT_FAILURE);
 }
 
-TrackFigures FiguresOfTrack() {
-    const auto& nodes = Track.BezierCurve;
-    const BezierNode& last = nodes.Nodes.at(static_cast<std::size_t>(nodes.NodeCount) - 1);
-    const auto objects = static_cast<std::size_t>(Track.SceneryObjects.Count);
-    return {nodes.NodeCount,
-            Track.SegmentList.SegmentCount,
-            static_cast<std::int64_t>(Track.PreFabSupports.Supports.size()),
-            Track.SupportBeams.Count,
-            Track.Scenery.TreeCount,
-            Track.SceneryObjects.Count,
-            static_cast<std::int64_t>(Track.Terrain.Heights.size()),
-            last.Position.X,
-            last.Roll,
-            Track.SceneryObjects.Items.at(objects - 1).FileName};
+void Load() {
+    Must(bool(path.ends_with("k") ? LoadTrackFile(path) : LoadElementFile(path)), "does not load");
+}
+void Save() {
+    Must(bool(path.ends_with("k") ? SaveTrackFile(path) : SaveElementFile(path)), "cannot be saved");
+}
+void InMemory(void (*work)()) {
+    const MemoryFiles memory(bytes);
+    work();
+}
+void ReadWithQt() {
+    Must(QDataStreamReader(bytes).Read(qtTrack = {}), "QDataStreamReader failed");
+}
+void ReadWithQtFromDisk() {
+    QFile file(QString::fromStdString(path));
+    Must(file.open(QIODevice::ReadOnly) && QDataStreamReader(file).Read(qtTrack = {}),
+         "QDataStreamReader failed");
+}
+/// From here on all memory comes from the system, as in a process that has just been started.
+void FreeMemory() {
+    malloc_trim(0);
+}
+void FreeDocuments() {
+    ClearTrackDocument();
+    ClearElementDocument();
+    qtTrack = {};
+    FreeMemory();
+}
+std::string Report() {
+    return BuildTrackOverview(path, UserNumberSeparators());
+}
+void DrawSvg(void (*draw)(PictureBox&, PictureBox&)) {
+    draw(svgPlan, svgSide);
+    benchmark::DoNotOptimize(svgPlan.Document().size() + svgSide.Document().size());
 }
 
-void Load(bool isTrack) {
-    Must(bool(isTrack ? LoadTrackFile(sample.Path) : LoadElementFile(sample.Path)), "does not load");
-}
-void Save(bool isTrack) {
-    Must(bool(isTrack ? SaveTrackFile(sample.Path) : SaveElementFile(sample.Path)), "cannot be saved");
-}
-void InMemory(void (*work)(bool), bool isTrack) {
-    const MemoryFiles memory(sample.Bytes);
-    work(isTrack);
-}
-
-/// What is measured and the yardsticks have to come to the same.
-void CheckTrack() {
-    Must(QDataStreamReader(sample.Bytes) == FiguresOfTrack(), "the QDataStreamReader reads something else");
-    Must(QDataStreamReader(sample.Path) == FiguresOfTrack(), "the QDataStreamReader reads something else");
+/// The yardsticks have to come to what the program comes to, and a saved file to what was loaded.
+void Check() {
+    ReadWithQt();
+    const auto same = [](const auto& read, std::int64_t count) { return read.size() == count; };
+    const BezierNode& last = *(Track.BezierCurve.Nodes.end() - 2); // one more than counted was read
+    const QString model = QString::fromStdString((Track.SceneryObjects.Items.end() - 2)->FileName);
+    Must(same(qtTrack.List<BezierNode>(), Track.BezierCurve.NodeCount) &&
+             same(qtTrack.List<TrackSegment>(), Track.SegmentList.SegmentCount) &&
+             same(qtTrack.List<QList<PreFabSupport>>(), Track.PreFabSupports.NodeCount) &&
+             same(qtTrack.List<SupportBeam>(), Track.SupportBeams.Count) &&
+             same(qtTrack.List<Tree>(), Track.Scenery.TreeCount) &&
+             same(qtTrack.List<float>(), static_cast<std::int64_t>(Track.Terrain.Heights.size())) &&
+             qtTrack.List<BezierNode>().last().Position.X == last.Position.X &&
+             qtTrack.List<BezierNode>().last().Roll == last.Roll &&
+             qtTrack.List<QtTrack::Object>().last().FileName == model,
+         "QDataStreamReader reads something else");
     const double length = TextbookSamples();
     Must(std::abs(static_cast<double>(TrackLength()) - length) < 0.05 * length, "the lengths differ");
-    const FileBytes before = sample.Bytes;
-    Save(true);
-    Must(ReadWholeFile(sample.Path, 0, sample.Bytes) && sample.Bytes == before, "does not come back");
+    const FileBytes before = bytes;
+    Save();
+    Must(ReadWholeFile(path, 0, bytes) && bytes == before, "does not come back");
 }
 
 /// Makes the document of a kind and a size the one in hand, as its file has it, and analyses it.
 void Prepare(const std::string& kind, std::int64_t size) {
-    const std::string wanted = kind + std::to_string(size);
     const bool isTrack = kind != "Element";
-    if (inHand != wanted) {
-        std::filesystem::remove(sample.Path);
-        sample = isTrack ? kind == "Track" ? MakeTrack(folder, size) : MakeTerrain(folder, size)
-                         : MakeElement(folder, size);
-        lengths[wanted] = static_cast<std::int64_t>(sample.Bytes.size());
-        ByteSwapCopy(sample.Bytes, copied = sample.Bytes);
-        Load(isTrack);
+    if (inHand != kind + std::to_string(size)) {
+        inHand = kind + std::to_string(size);
+        isTrack ? kind == "Track" ? Dice().MakeTrack(size) : Dice().MakeTerrain(size)
+                : Dice().MakeElement(size);
+        path = isTrack ? "bench.nltrack" : "bench.nlelem";
+        Save();
+        Must(bool(ReadWholeFile(path, 0, bytes)), "cannot be read");
+        copied = bytes;
+        Load();
         if (isTrack)
-            CheckTrack();
-        inHand = wanted;
+            Check();
         isChanged = true;
     }
     if (!std::exchange(isChanged, false))
         return;
-    InMemory(Load, isTrack);
+    InMemory(Load);
     isTrack ? AnalyzeTrack() : AnalyzeElement();
 }
 
@@ -138,175 +149,150 @@ double ProcessStatus(const std::string& name) {
 
 /// @return by how many times the length of the file the process grows at most while it loads.
 double PeakOfLoad() {
-    ClearTrackDocument();
-    TrackPolyline = {};
-    malloc_trim(0);
+    FreeDocuments();
     std::ofstream("/proc/self/clear_refs") << 5; // the peak begins anew
     const double before = ProcessStatus("VmRSS:");
-    InMemory(Load, true);
-    return (ProcessStatus("VmHWM:") - before) / static_cast<double>(sample.Bytes.size());
-}
-
-double Seconds(const char* program) {
-    const auto start = std::chrono::steady_clock::now();
-    Must(QProcess::execute(program, {RAILWRIGHT_EXAMPLES "/harbor-comet.nltrack"}) == 0, program);
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    InMemory(Load);
+    return (ProcessStatus("VmHWM:") - before) / static_cast<double>(bytes.size());
 }
 
 /// @return how long the program takes to show a file, in times of an empty window; the median of 20 runs.
 double StartInEmptyWindows() {
+    const auto seconds = [](const char* program) {
+        const auto start = std::chrono::steady_clock::now();
+        Must(QProcess::execute(program, {EXAMPLE}) == 0, program);
+        return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    };
     std::vector<double> ratios;
     for (int run = 0; run < 20; ++run) {
-        const double empty = Seconds(EMPTY_START);
-        ratios.push_back(Seconds(RAILWRIGHT_START) / empty);
+        const double empty = seconds(EMPTY_START);
+        ratios.push_back(seconds(RAILWRIGHT_START) / empty);
     }
     std::sort(ratios.begin(), ratios.end());
     return (ratios[9] + ratios[10]) / 2;
 }
 
-std::string Report() {
-    return BuildTrackOverview(sample.Path, UserNumberSeparators());
-}
-void DrawSvg(void (*draw)(PictureBox&, PictureBox&)) {
-    draw(svgPlan, svgSide);
-    benchmark::DoNotOptimize(svgPlan.Document().size() + svgSide.Document().size());
-}
-
-std::vector<Work> Works() {
-    using Names = std::vector<std::string>;
-    const Names files = {"ByteSwapCopyTouched", "ByteSwapCopyFresh", "QDataStreamReader"};
-    const Names samples = {"TextbookSamples"};
-    std::vector<Work> works;
-    const auto add = [&](const std::string& name, const Names& yardsticks, std::function<void()> once) {
-        works.push_back({{name, {}, yardsticks}, std::move(once)});
-    };
-    const auto tool = [&](const char* name, std::function<void()> once, std::function<void()> before = {}) {
-        works.push_back({{name, {}, {"ByteSwapCopyTouched"}}, std::move(once), std::move(before), true});
+std::vector<Row> Rows() {
+    std::vector<Row> rows;
+    const std::string copies = "ByteSwapCopyTouched ByteSwapCopyFresh", textbook = "TextbookSamples";
+    const auto add = [&](const std::string& name, const std::string& yardsticks, std::function<void()> once,
+                         std::function<void()> before = {}) {
+        rows.push_back(
+            {.Name = name, .Yardsticks = yardsticks, .Once = std::move(once), .Before = std::move(before)});
     };
     const auto addFiles = [&](const std::string& kind) {
-        const bool isTrack = kind != "Element/";
-        add(kind + "ByteSwapCopyTouched", {}, [] { ByteSwapCopy(sample.Bytes, copied); });
-        add(kind + "ByteSwapCopyFresh", {}, [] {
-            FileBytes fresh(sample.Bytes.size());
-            ByteSwapCopy(sample.Bytes, fresh);
-            benchmark::DoNotOptimize(fresh.data());
-        });
-        if (isTrack) {
-            add(kind + "QDataStreamReader", {}, [] { QDataStreamReader(sample.Bytes); });
-            add(kind + "QDataStreamReaderDisk", {}, [] { QDataStreamReader(sample.Path); });
+        const std::string reader = kind == "Element/" ? "" : " QDataStreamReader";
+        add(kind + "ByteSwapCopyTouched", "", [] { ByteSwapCopy(bytes, copied); });
+        add(
+            kind + "ByteSwapCopyFresh", "",
+            [] {
+                FileBytes fresh(bytes.size());
+                ByteSwapCopy(bytes, fresh);
+                benchmark::DoNotOptimize(fresh.data());
+            },
+            FreeMemory);
+        if (!reader.empty()) {
+            add(kind + "QDataStreamReader", "", ReadWithQt, FreeDocuments);
+            add(kind + "QDataStreamReaderDisk", "", ReadWithQtFromDisk, FreeDocuments);
         }
-        add(kind + "Load", files, [=] { InMemory(Load, isTrack); });
-        add(kind + "LoadDisk", {"QDataStreamReaderDisk"}, [=] { Load(isTrack); });
-        add(kind + "Save", files, [=] { InMemory(Save, isTrack); });
-        add(kind + "SaveDisk", {}, [=] { Save(isTrack); });
+        add(
+            kind + "Load", copies + reader, [] { InMemory(Load); }, FreeDocuments);
+        add(kind + "LoadDisk", reader.empty() ? "" : "QDataStreamReaderDisk", Load, FreeDocuments);
+        add(
+            kind + "Save", copies + reader, [] { InMemory(Save); }, FreeMemory);
+        add(kind + "SaveDisk", "", Save, FreeMemory);
     };
+    const auto addTools = [&](const std::string& kind, auto apply, std::initializer_list<const char*> steps) {
+        for (const std::string step : steps) {
+            add(kind + step.substr(0, step.find('=')), "ByteSwapCopyTouched", [=] {
+                Must(apply({&step, 1}).Done, step.c_str());
+            });
+            rows.back().ChangesDocument = true;
+        }
+    };
+    QtPictureBox &plan = frmMain::Instance().Plan(), &side = frmMain::Instance().Side();
     addFiles("Track/");
-    auto* const window = &frmMain::Instance();
-    add("Track/LoadPeakMemory, times the file", {}, {});
-    works.back().Figure = PeakOfLoad;
-    add("Track/TextbookSamples", {}, [] { benchmark::DoNotOptimize(TextbookSamples()); });
-    works.back().What.Sizes = {10'000};
-    add("Track/Analysis", samples, AnalyzeTrack);
-    add("Track/Length", samples, [] { benchmark::DoNotOptimize(TrackLength()); });
-    add("Track/Report", samples, [] { Report(); });
-    add("Track/DrawSvg", samples, [] { DrawSvg(DrawTrackPreview); });
-    add("Track/DrawQt", samples, [=] { DrawTrackPreview(window->Plan(), window->Side()); });
-    add("Track/PaintQt", samples, [=] { window->Plan().Drawn(1), window->Side().Drawn(1); });
-    // What RefreshTrackTools does, but for the widgets of the panels.
-    add("Track/Refresh", samples, [=] {
-        AnalyzeTrack();
-        DrawTrackPreview(window->Plan(), window->Side());
-        Report();
+    add("Track/LoadPeakMemoryInFiles", "", {});
+    rows.back().Figure = PeakOfLoad;
+    add("Track/TextbookSamples", "", [] { benchmark::DoNotOptimize(TextbookSamples()); });
+    add("Track/Analysis", textbook, AnalyzeTrack);
+    add("Track/Length", textbook, [] { benchmark::DoNotOptimize(TrackLength()); });
+    add("Track/Report", textbook, Report);
+    add("Track/DrawSvg", textbook, [] { DrawSvg(DrawTrackPreview); });
+    add("Track/DrawQt", textbook, [&] { DrawTrackPreview(plan, side); });
+    add("Track/PaintQt", textbook, [&] { plan.Drawn(1), side.Drawn(1); });
+    // What RefreshTrackTools does, but for the widgets of the panels, and all of it with the painting.
+    add("Track/Refresh", textbook, [&] { AnalyzeTrack(), DrawTrackPreview(plan, side), Report(); });
+    add("Track/RefreshWindow", textbook, [] { RefreshTrackTools(), frmMain::Instance().grab(); });
+    addTools("Track/", ApplyTrackSteps,
+             {"move=0.25,0,0", "scale=-1", "rotate=5", "mirror=east-west", "tunnels=toggle", "backwards",
+              "remove=tunnels,custom-colors", "rename=1,harbour_crane_0.3ds", "smooth", "shuttle"});
+    rows.back().Before = [] { InMemory(Load); }; // it cannot be done twice
+    add("Track/OpenToSaveDisk", "QDataStreamReaderDisk", [] {
+        Load(), AnalyzeTrack(), DrawSvg(DrawTrackPreview), Report();
+        Must(ApplyTrackSteps(std::vector<std::string>{"mirror=east-west"}).Done, "mirror");
+        Save();
     });
-    add("Track/RefreshAndPaintWindow", samples, [=] {
-        RefreshTrackTools();
-        window->grab();
-    });
-    tool("Track/Move", [] { MoveTrack({0.25F, 0, 0}, true); });
-    tool("Track/Scale", [] { ScaleTrack(-1, true); });
-    tool("Track/Rotate", [] { RotateTrack(5, true); });
-    tool("Track/Mirror", [] { MirrorTrack(MirrorMode::EastWest, true); });
-    tool("Track/Tunnels", [] { SetTunnels(TunnelMode::Toggle); });
-    tool("Track/Backwards", RebuildBackwards);
-    tool("Track/Remove",
-         [] { RemoveTrackData({.Tunnels = true, .CustomColors = true, .PreFabSupports = true}); });
-    tool("Track/Rename", [] { RenameSceneryObject(0, "harbour_crane_0.3ds", true); });
-    tool("Track/Smooth", SmoothTrackNodes);
-    works.back().What.Sizes = {100, 500};
-    tool("Track/MakeShuttle", MakeShuttle, [] { InMemory(Load, true); });
-    add("Track/OpenToSave", {"QDataStreamReader"}, [] {
-        Load(true);
-        AnalyzeTrack();
-        DrawSvg(DrawTrackPreview);
-        Report();
-        MirrorTrack(MirrorMode::EastWest, true);
-        Save(true);
-    });
-    works.back().ChangesDocument = true;
+    rows.back().ChangesDocument = true;
     addFiles("Element/");
-    add("Element/Analysis", {}, AnalyzeElement);
-    add("Element/DrawSvg", {}, [] { DrawSvg(DrawElementPreview); });
-    add("Element/Refresh", {}, [=] {
-        AnalyzeElement();
-        DrawElementPreview(window->Plan(), window->Side());
-    });
-    tool("Element/Reverse", ReverseElement);
-    tool("Element/Rotate", [] { RotateElement(ElementAxis::Y, 5); });
+    add("Element/Analysis", "", AnalyzeElement);
+    add("Element/DrawSvg", "", [] { DrawSvg(DrawElementPreview); });
+    add("Element/Refresh", "", [&] { AnalyzeElement(), DrawElementPreview(plan, side); });
+    addTools("Element/", ApplyElementSteps, {"reverse", "rotate-y=5"});
     addFiles("Terrain/");
-    add("Terrain/Report", {"ByteSwapCopyTouched"}, [] { Report(); });
-    add("Start/HarborComet, times an empty window", {}, {});
-    works.back().Figure = StartInEmptyWindows;
-    works.back().What.Sizes = {1};
-    return works;
+    add("Terrain/Report", copies, Report);
+    add("Start/InTimesOfAnEmptyWindow", "", {});
+    rows.back().Figure = StartInEmptyWindows;
+    for (Row& row : rows)
+        row.Sizes = row.Kind() == "Terrain"      ? std::vector<std::int64_t>{256, 512, 1024, 2048}
+                    : row.Kind() == "Start"      ? std::vector<std::int64_t>{1}
+                    : row.Name == "Track/smooth" ? std::vector<std::int64_t>{100, 500}
+                    : row.Name.ends_with("Samples")
+                        ? std::vector<std::int64_t>{100, 1000, 10'000}
+                        : std::vector<std::int64_t>{100, 1000, 10'000, 100'000, 1'000'000};
+    return rows;
 }
 
-void Run(benchmark::State& state, const Work& work) {
-    if (work.What.Name[0] != 'S')
-        Prepare(work.What.Kind(), state.range(0));
+void Run(benchmark::State& state, const Row& row) {
+    if (row.Kind() != "Start")
+        Prepare(row.Kind(), state.range(0));
+    double figure = 0;
     for ([[maybe_unused]] auto _ : state) {
-        if (work.Figure)
-            state.counters["figure"] = work.Figure();
-        if (work.Before) {
+        if (row.Before) {
             state.PauseTiming();
-            work.Before();
+            row.Before();
             state.ResumeTiming();
         }
-        if (work.Once)
-            work.Once();
+        if (row.Figure != nullptr)
+            figure = row.Figure();
+        else
+            row.Once();
         benchmark::ClobberMemory();
     }
-    isChanged = work.ChangesDocument;
+    isChanged = row.ChangesDocument;
+    state.SetLabel(row.Yardsticks);
+    state.counters["bytes"] = static_cast<double>(bytes.size());
+    state.counters["figure"] = figure;
 }
 
-/// Registers all works size by size, so that each document is made once.
-std::vector<Row> Register(std::vector<Work>& works, bool quick) {
-    std::vector<Row> rows;
-    for (Work& work : works) {
-        Row& row = work.What;
-        if (row.Sizes.empty())
-            row.Sizes = row.Kind() == "Terrain"
-                            ? std::vector<std::int64_t>{256, 512, 1024, 2048}
-                            : std::vector<std::int64_t>{100, 1000, 10'000, 100'000, 1'000'000};
-        if (quick)
-            std::erase_if(row.Sizes, [](std::int64_t size) { return size > 10'000; });
-        row.IsFigure = bool(work.Figure);
-        rows.push_back(row);
-    }
+/// Registers the rows size by size, so that each document is made once.
+void Register(const std::vector<Row>& rows, std::int64_t largest) {
     for (const char* const kind : {"Track", "Element", "Terrain", "Start"})
         for (const std::int64_t size : {1, 100, 256, 500, 512, 1000, 1024, 2048, 10'000, 100'000, 1'000'000})
-            for (const Work& work : works) {
-                const auto& sizes = work.What.Sizes;
-                if (work.What.Kind() != kind || std::find(sizes.begin(), sizes.end(), size) == sizes.end())
+            for (const Row& row : rows) {
+                if (row.Kind() != kind || size > largest ||
+                    !std::count(row.Sizes.begin(), row.Sizes.end(), size))
                     continue;
                 auto* const bench = benchmark::RegisterBenchmark(
-                    work.What.Name.c_str(), [&work](benchmark::State& state) { Run(state, work); });
-                bench->Arg(size)->UseRealTime();
-                if (work.Figure)
+                    row.Name.c_str(), [&](benchmark::State& state) { Run(state, row); });
+                bench->Arg(size);
+                if (row.Name.ends_with("Disk"))
+                    bench->UseRealTime();
+                if (row.Figure != nullptr)
                     bench->Iterations(1);
-                if (size == 1'000'000 || work.Figure)
+                if (size == 1'000'000 || size == 1)
                     bench->Repetitions(1);
             }
-    return rows;
 }
 
 } // namespace
@@ -314,30 +300,14 @@ std::vector<Row> Register(std::vector<Work>& works, bool quick) {
 
 int main(int argc, char** argv) {
     using namespace railwright;
-    using namespace railwright::bench;
-    const bool quick = argc > 1 && argv[1] == std::string("--quick");
-    std::string few = quick ? "--benchmark_min_time=0.03" : "--benchmark_min_time=0.1";
-    std::string repeated = "--benchmark_repetitions=3";
-    std::vector<char*> arguments = {argv[0], few.data(), repeated.data()};
-    arguments.insert(arguments.end(), argv + (quick ? 2 : 1), argv + argc);
-    int count = static_cast<int>(arguments.size());
-    benchmark::Initialize(&count, arguments.data());
-
-    // Large blocks come fresh from the system each time, as in a process that has just been started.
-    mallopt(M_MMAP_THRESHOLD, 128 * 1024);
-    int one = 1;
-    QApplication application(one, argv);
+    benchmark::Initialize(&argc, argv);
+    // Otherwise memory goes back to the system and comes again by chance.
+    mallopt(M_MMAP_THRESHOLD, 32 << 20);
+    mallopt(M_TRIM_THRESHOLD, 1 << 30);
+    QApplication application(argc, argv);
     QApplication::setStyle(new ControlStyle);
     frmMain window;
-    folder =
-        (std::filesystem::temp_directory_path() / ("railwright-bench-" + std::to_string(getpid()))).string() +
-        '/';
-    std::filesystem::create_directories(folder);
-    std::vector<Work> works = Works();
-    const std::vector<Row> rows = Register(works, quick);
-    Table table;
-    benchmark::RunSpecifiedBenchmarks(&table);
-    std::filesystem::remove_all(folder);
-    table.Print(rows, lengths);
-    return table.Failed ? EXIT_FAILURE : EXIT_SUCCESS;
+    const std::vector<bench::Row> rows = bench::Rows();
+    bench::Register(rows, std::stoll(argv[1]));
+    benchmark::RunSpecifiedBenchmarks();
 }

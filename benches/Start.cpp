@@ -1,18 +1,15 @@
+#include <QApplication>
+#include <QEvent>
+#include <QMainWindow>
+#include <QTimer>
+
 #ifndef EMPTY_WINDOW
-#include "platform/CommandLine.h"
 #include "shell/ControlStyle.h"
 #include "shell/frmMain.h"
 #endif
 
-#include <QApplication>
-#include <QMainWindow>
-#include <QPaintEvent>
-#include <QTimer>
-
-namespace {
-
-/// Ends the program once a widget was painted.
-class EndOnPaint final : public QObject {
+/// Ends the program once a window was painted.
+struct EndOnPaint final : QObject {
     bool eventFilter(QObject* /*watched*/, QEvent* event) override {
         if (event->type() == QEvent::Paint)
             QTimer::singleShot(0, qApp, &QApplication::quit);
@@ -20,14 +17,12 @@ class EndOnPaint final : public QObject {
     }
 };
 
-} // namespace
-
-/// Shows the program's window with the file that is named, or an empty window of the same size.
+/// Shows the program's window with the file that is named, or an empty window of about its size.
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
 #ifdef EMPTY_WINDOW
     QMainWindow window;
-    window.setFixedSize(633, 466);
+    window.setFixedSize(633, 467);
 #else
     QApplication::setStyle(new railwright::ControlStyle);
     railwright::frmMain window;
