@@ -44,9 +44,9 @@ struct Row {
 
 std::string inHand; // kind and size of the document
 bool isChanged = false;
-std::string path; // of its file
-FileBytes bytes;  // the same file
-FileBytes copied;
+std::string path;                // of its file
+std::vector<std::uint8_t> bytes; // the same file
+std::vector<std::uint8_t> copied;
 QtTrack qtTrack;
 SvgPictureBox svgPlan, svgSide;
 
@@ -111,9 +111,9 @@ void Check() {
          "QDataStreamReader reads something else");
     const double length = TextbookSamples();
     Must(std::abs(static_cast<double>(TrackLength()) - length) < 0.05 * length, "the lengths differ");
-    const FileBytes before = bytes;
+    const std::vector<std::uint8_t> before = bytes;
     Save();
-    Must(ReadWholeFile(path, 0, bytes) && bytes == before, "does not come back");
+    Must(ReadWholeFile(path, bytes) && bytes == before, "does not come back");
 }
 
 /// Makes the document of a kind and a size the one in hand, as its file has it, and analyses it.
@@ -125,7 +125,7 @@ void Prepare(const std::string& kind, std::int64_t size) {
                 : Dice().MakeElement(size);
         path = isTrack ? "bench.nltrack" : "bench.nlelem";
         Save();
-        Must(bool(ReadWholeFile(path, 0, bytes)), "cannot be read");
+        Must(bool(ReadWholeFile(path, bytes)), "cannot be read");
         copied = bytes;
         Load();
         if (isTrack)
@@ -186,7 +186,7 @@ std::vector<Row> Rows() {
         add(
             kind + "ByteSwapCopyFresh", "",
             [] {
-                FileBytes fresh(bytes.size());
+                std::vector<std::uint8_t> fresh(bytes.size());
                 ByteSwapCopy(bytes, fresh);
                 benchmark::DoNotOptimize(fresh.data());
             },

@@ -88,7 +88,7 @@ private:
     }
 
     template <class Item, class Make>
-    static void Fill(std::int64_t count, std::int32_t& counted, std::vector<Item>& items, Make&& make) {
+    static void Fill(std::int64_t count, std::int32_t& counted, List<Item>& items, Make&& make) {
         counted = static_cast<std::int32_t>(count);
         items.resize(static_cast<std::size_t>(count) + 1);
         for (std::size_t i = 0; i + 1 < items.size(); ++i)

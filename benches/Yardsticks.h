@@ -1,9 +1,10 @@
 #pragma once
 
-#include "format/FileBytes.h"
 #include "geometry/TrackSamples.h"
 
+#include <cstdint>
 #include <cstring>
+#include <vector>
 
 #include <QDataStream>
 #include <QFile>
@@ -14,7 +15,7 @@
 namespace railwright::bench {
 
 /// One pass over a file that swaps the bytes of each 32-bit word into `into`, which is as long.
-inline void ByteSwapCopy(const FileBytes& file, FileBytes& into) {
+inline void ByteSwapCopy(const std::vector<std::uint8_t>& file, std::vector<std::uint8_t>& into) {
     std::size_t at = 0;
     for (std::uint32_t word = 0; at + 4 <= file.size(); at += 4) {
         std::memcpy(&word, file.data() + at, 4);
@@ -80,7 +81,7 @@ struct QtTrack {
 /// program writes them.
 class QDataStreamReader {
 public:
-    explicit QDataStreamReader(const FileBytes& file)
+    explicit QDataStreamReader(const std::vector<std::uint8_t>& file)
         : in(QByteArray::fromRawData(reinterpret_cast<const char*>(file.data()),
                                      static_cast<qsizetype>(file.size()))) {}
     explicit QDataStreamReader(QFile& file) : in(&file) {}

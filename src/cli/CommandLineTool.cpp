@@ -111,7 +111,7 @@ void PrintPolyline(const std::string& file, const Arguments&, std::ostream& out)
     const Kind& kind = LoadAny(file);
     kind.Analyze();
     const bool isTrack = &kind == &TrackKind;
-    const std::vector<Vector3>& points = isTrack ? TrackPolyline : ElementPolyline;
+    const List<Vector3>& points = isTrack ? TrackPolyline : ElementPolyline;
     out << (isTrack ? "x,y,z,node\n" : "x,y,z\n");
     for (std::size_t i = 0; i < points.size(); ++i) {
         out << ShortestFloat(points[i].X) << ',' << ShortestFloat(points[i].Y) << ','

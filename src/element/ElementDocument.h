@@ -1,9 +1,9 @@
 #pragma once
 
 #include "base/Types.h"
+#include "platform/List.h"
 
 #include <cstdint>
-#include <vector>
 
 namespace railwright {
 
@@ -28,7 +28,7 @@ struct ElementDocument {
     /// Number of spans, at least 0.
     std::int32_t NodeCount = 0;
     /// NodeCount + 1 nodes. Of node 0 a file holds only ControlOut.
-    std::vector<ElementNode> Nodes = std::vector<ElementNode>(1);
+    List<ElementNode> Nodes = List<ElementNode>(1);
 };
 
 /// The element in hand. There is one in the process; every tool reads and changes it directly.

@@ -56,16 +56,7 @@ bool ChunkReader::LettersStandAhead(FilePos distance) {
     return std::all_of(there, there + FileSize::Tag, IsLetter);
 }
 
-void ChunkReader::Count(const char* name, std::int32_t& count) {
-    countName = name;
-    countAt = Position();
-    const std::int32_t read = Length();
-    if (read < 0)
-        Fail(std::string(name) + " is negative (" + std::to_string(read) + ')', countAt);
-    count = read;
-}
-
-void ChunkReader::Grid(std::int32_t width, std::int32_t depth, std::vector<float>& numbers) {
+void ChunkReader::Grid(std::int32_t width, std::int32_t depth, List<float>& numbers) {
     const std::int64_t size = static_cast<std::int64_t>(width) * depth;
     // Of a grid of this program's largest file the product is at most 2 to the 62; its bytes need not fit.
     if (size > Remaining() / FileSize::Single)
@@ -84,7 +75,7 @@ void ChunkReader::Grid(std::int32_t width, std::int32_t depth, std::vector<float
 
 void ChunkReader::String(const char* name, text& characters) {
     const std::int64_t position = Position();
-    const std::int32_t length = Length();
+    const std::int32_t length = Long();
     if (length < 0)
         Fail("the length of " + std::string(name) + " is negative (" + std::to_string(length) + ')',
              position);
@@ -92,7 +83,7 @@ void ChunkReader::String(const char* name, text& characters) {
 }
 
 void ChunkReader::StringIfAny(const char* name, text& characters) {
-    Characters(name, std::max(Length(), 0), characters);
+    Characters(name, std::max(Long(), 0), characters);
 }
 
 void ChunkReader::PassOver(const char* name, std::int32_t count) {
@@ -106,7 +97,7 @@ void ChunkReader::PassOver(const char* name, std::int32_t count) {
 }
 
 void ChunkReader::NeedItems(std::int32_t count, std::int64_t smallest) const {
-    if (count > Remaining() / smallest)
+    if (count * smallest > Remaining())
         Fail(std::string(countName) + " of " + std::to_string(count) + " needs at least " +
                  std::to_string(count * smallest) + " bytes, " +
                  std::to_string(std::max<std::int64_t>(Remaining() - 1, 0)) + " remain",
@@ -123,12 +114,6 @@ void ChunkReader::Characters(const char* name, std::int32_t length, text& charac
     InBatches(length, 1, [&](const std::uint8_t* first, std::size_t batch) {
         characters.append(reinterpret_cast<const char*>(first), batch);
     });
-}
-
-std::int32_t ChunkReader::Length() {
-    std::int32_t length = 0;
-    Group([&](auto& values) { values.Long(length); });
-    return length;
 }
 
 void ChunkReader::Fail(const std::string& reason, std::int64_t byte) const {

@@ -1,14 +1,13 @@
 #pragma once
 
 #include "format/Values.h"
-#include "platform/Memory.h"
+#include "platform/List.h"
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace railwright {
 
@@ -55,29 +54,38 @@ public:
     }
 
     /// Reads the number of items or sub-chunks, which is at least 0.
-    void Count(const char* name, std::int32_t& count);
+    void Count(const char* name, std::int32_t& count) {
+        countName = name;
+        countAt = Position();
+        count = Long();
+        if (count < 0)
+            Fail(std::string(name) + " is negative (" + std::to_string(count) + ')', countAt);
+    }
 
     /// Gives a list `count` zeroed items and one more, once as many groups of a fixed layout are known to
     /// remain.
     template <class Item, class Layout>
-    void MakeRoom(std::int32_t count, std::vector<Item>& items, Layout&& layoutOfOne) {
+    void MakeRoom(std::int32_t count, List<Item>& items, Layout&& layoutOfOne) {
         NeedItems(count, SizeOfGroup(layoutOfOne));
         items.assign(static_cast<std::size_t>(count) + 1, Item{});
     }
 
     /// Fills `count` items whose size varies. The list gets one zeroed element more than that.
     template <class Item>
-    void Items(std::int32_t count, std::vector<Item>& items) {
+    void Items(std::int32_t count, List<Item>& items) {
         NeedItems(count, SizeOf(SmallestItem<Item>()));
         Reserve(items, count + std::int64_t{1});
-        for (std::int32_t i = 0; i < count; ++i)
-            Fields(*this, items.emplace_back());
-        items.emplace_back();
+        const Item zeroed{};
+        for (std::int32_t i = 0; i < count; ++i) {
+            items.push_back(zeroed);
+            Fields(*this, items.back());
+        }
+        items.push_back(zeroed);
     }
 
     /// Fills `count` items of a fixed layout. The list gets one zeroed element more than that.
     template <class Item>
-    void FixedItems(std::int32_t count, std::vector<Item>& items) {
+    void FixedItems(std::int32_t count, List<Item>& items) {
         const FilePos size = NeedFixedItems<Item>(count);
         Reserve(items, count + std::int64_t{1});
         AppendFixedItems(count, size, items);
@@ -87,7 +95,7 @@ public:
     /// Fills `count` owners; each has the number of its parts in the file, followed by the parts, which all
     /// come into one list, those of an owner side by side.
     template <class Owner, class Part>
-    void Nested(std::int32_t count, std::vector<Owner>& owners, std::vector<Part>& parts) {
+    void Nested(std::int32_t count, List<Owner>& owners, List<Part>& parts) {
         NeedItems(count, FileSize::Long);
         Reserve(owners, count + std::int64_t{1});
         parts.clear();
@@ -95,13 +103,14 @@ public:
             Owner& owner = owners.emplace_back();
             owner.First = parts.size();
             Count(Owner::CountName, owner.Count());
-            AppendFixedItems(owner.Count(), NeedFixedItems<Part>(owner.Count()), parts);
+            if (owner.Count() > 0)
+                AppendFixedItems(owner.Count(), NeedFixedItems<Part>(owner.Count()), parts);
         }
         owners.emplace_back();
     }
 
     /// Fills a grid of `width` x `depth` numbers, row by row.
-    void Grid(std::int32_t width, std::int32_t depth, std::vector<float>& numbers);
+    void Grid(std::int32_t width, std::int32_t depth, List<float>& numbers);
 
     /// Reads a length and as many characters.
     void String(const char* name, text& characters);
@@ -112,7 +121,7 @@ public:
     /// Passes over the size of a parameter block and fills the block.
     template <class Layout>
     void Block(Layout&& values) {
-        PassOver("parameter block", FileSize::Long);
+        Passed(FileSize::Long);
         Group(values);
     }
 
@@ -137,10 +146,9 @@ private:
 
     /// Makes a list empty, with room for as many items as are now going to be appended.
     template <class Item>
-    static void Reserve(std::vector<Item>& items, std::int64_t count) {
-        items = {};
+    static void Reserve(List<Item>& items, std::int64_t count) {
+        items.clear();
         items.reserve(static_cast<std::size_t>(count));
-        PreferLargePages(items.data(), items.capacity() * sizeof(Item));
     }
 
     /// Calls `take` with the first byte and the number of all items of `size` bytes that the window holds,
@@ -159,7 +167,7 @@ private:
 
     void NeedItems(std::int32_t count, std::int64_t smallest) const;
     void Characters(const char* name, std::int32_t length, text& characters);
-    std::int32_t Length();
+    std::int32_t Long() { return ReadLong(Passed(FileSize::Long)); }
     [[noreturn]] void Fail(const std::string& reason, std::int64_t byte) const;
 
     /// @return the size of one item.
@@ -174,7 +182,7 @@ private:
     }
 
     template <class Item>
-    void AppendFixedItems(std::int32_t count, FilePos size, std::vector<Item>& items) {
+    void AppendFixedItems(std::int32_t count, FilePos size, List<Item>& items) {
         InBatches(count, size, [&](const std::uint8_t* first, std::size_t batch) {
             const std::size_t before = items.size();
             items.resize(before + batch);

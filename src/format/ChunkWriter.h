@@ -1,6 +1,7 @@
 #pragma once
 
 #include "format/Values.h"
+#include "platform/List.h"
 #include "platform/WholeFile.h"
 
 #include <algorithm>
@@ -10,7 +11,6 @@
 #include <span>
 #include <string_view>
 #include <system_error>
-#include <vector>
 
 namespace railwright {
 
@@ -39,28 +39,28 @@ public:
     void Count(const char*, std::int32_t count) { Long(count); }
 
     template <class Item, class Layout>
-    void MakeRoom(std::int32_t, const std::vector<Item>&, Layout&&) const {} // only a reader has to
+    void MakeRoom(std::int32_t, const List<Item>&, Layout&&) const {} // only a reader has to
 
     template <class Item>
-    void Items(std::int32_t count, const std::vector<Item>& items) {
+    void Items(std::int32_t count, const List<Item>& items) {
         for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i)
             Fields(*this, items[i]);
     }
 
     template <class Item>
-    void FixedItems(std::int32_t count, const std::vector<Item>& items) {
+    void FixedItems(std::int32_t count, const List<Item>& items) {
         FixedItems(items.data(), count);
     }
 
     template <class Owner, class Part>
-    void Nested(std::int32_t count, const std::vector<Owner>& owners, const std::vector<Part>& parts) {
+    void Nested(std::int32_t count, const List<Owner>& owners, const List<Part>& parts) {
         for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
             Long(owners[i].Count());
             FixedItems(parts.data() + owners[i].First, owners[i].Count());
         }
     }
 
-    void Grid(std::int32_t, std::int32_t, const std::vector<float>& numbers) {
+    void Grid(std::int32_t, std::int32_t, const List<float>& numbers) {
         InBatches(numbers.data(), numbers.size(), FileSize::Single,
                   [](ValueWriter& writer, float number) { writer.Single(number); });
     }

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "format/Values.h"
+#include "platform/List.h"
 
 #include <cstddef>
-#include <vector>
 
 namespace railwright {
 
@@ -21,26 +21,26 @@ public:
     void Count(const char*, std::int32_t) { bytes += FileSize::Long; }
 
     template <class Item, class Layout>
-    void MakeRoom(std::int32_t, const std::vector<Item>&, Layout&&) const {} // only a reader has to
+    void MakeRoom(std::int32_t, const List<Item>&, Layout&&) const {} // only a reader has to
 
     template <class Item>
-    void Items(std::int32_t count, const std::vector<Item>& items) {
+    void Items(std::int32_t count, const List<Item>& items) {
         for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i)
             Fields(*this, items[i]);
     }
 
     template <class Item>
-    void FixedItems(std::int32_t count, const std::vector<Item>&) {
+    void FixedItems(std::int32_t count, const List<Item>&) {
         bytes += count * SizeOfItem<Item>();
     }
 
     template <class Owner, class Part>
-    void Nested(std::int32_t count, const std::vector<Owner>& owners, const std::vector<Part>&) {
+    void Nested(std::int32_t count, const List<Owner>& owners, const List<Part>&) {
         for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i)
             bytes += FileSize::Long + owners[i].Count() * SizeOfItem<Part>();
     }
 
-    void Grid(std::int32_t, std::int32_t, const std::vector<float>& numbers) {
+    void Grid(std::int32_t, std::int32_t, const List<float>& numbers) {
         bytes += static_cast<std::int64_t>(numbers.size()) * FileSize::Single;
     }
 

@@ -9,11 +9,11 @@
 
 namespace railwright {
 
-std::vector<Vector3> TrackPolyline(1);
-std::vector<std::int32_t> TrackPolylineNode(1);
+List<Vector3> TrackPolyline(1);
+List<std::int32_t> TrackPolylineNode(1);
 std::int32_t TrackPolylineLast = 0;
 float TrackPolylineLength = 0;
-std::vector<Vector3> ElementPolyline(1);
+List<Vector3> ElementPolyline(1);
 std::int32_t ElementPolylineLast = 0;
 
 namespace {

@@ -1,18 +1,18 @@
 #pragma once
 
 #include "base/Types.h"
+#include "platform/List.h"
 
 #include <cstdint>
-#include <vector>
 
 namespace railwright {
 
 /// The centre line of Track as the last AnalyzeTrack left it, resampled to points that are about half a metre
 /// apart as seen from above. It holds at least one point; on a closed circuit the last one is a copy of the
 /// first.
-extern std::vector<Vector3> TrackPolyline;
+extern List<Vector3> TrackPolyline;
 /// For each point of TrackPolyline the index of the node at which its span starts. The closing copy has none.
-extern std::vector<std::int32_t> TrackPolylineNode;
+extern List<std::int32_t> TrackPolylineNode;
 /// The last valid index of TrackPolyline.
 extern std::int32_t TrackPolylineLast;
 /// The length in metres of the centre line that TrackPolyline was sampled from: what TrackLength works out,
@@ -21,7 +21,7 @@ extern float TrackPolylineLength;
 
 /// The curve of Element as the last AnalyzeElement left it: 19 points for each span and its end. It holds at
 /// least one point.
-extern std::vector<Vector3> ElementPolyline;
+extern List<Vector3> ElementPolyline;
 /// The last valid index of ElementPolyline.
 extern std::int32_t ElementPolylineLast;
 

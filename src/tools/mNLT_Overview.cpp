@@ -55,7 +55,7 @@ private:
 };
 
 template <class Item>
-std::span<const Item> Used(const std::vector<Item>& items, std::int32_t count) {
+std::span<const Item> Used(const List<Item>& items, std::int32_t count) {
     return std::span(items).first(static_cast<std::size_t>(count));
 }
 

@@ -10,7 +10,7 @@ namespace {
 
 /// Calls `change` on the entries that belong to nodes of the curve, as far as the list has them.
 template <class Item, class Change>
-void ForEachAtNode(std::vector<Item>& items, Change&& change) {
+void ForEachAtNode(List<Item>& items, Change&& change) {
     const auto nodes = static_cast<std::size_t>(Track.BezierCurve.NodeCount);
     for (std::size_t i = 0; i < std::min(nodes, items.size()); ++i)
         change(items[i]);

@@ -193,7 +193,7 @@ private:
         }
     }
 
-    std::vector<BezierNode>& nodes;
+    List<BezierNode>& nodes;
     std::size_t count;
     /// The node is an end of a segment that is straight in space.
     std::vector<bool> onStraight;

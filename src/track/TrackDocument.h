@@ -1,12 +1,12 @@
 #pragma once
 
 #include "base/Types.h"
+#include "platform/List.h"
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
-#include <vector>
 
 namespace railwright {
 
@@ -42,7 +42,7 @@ struct TrackHeaderRecord : ChunkRecord {
     /// Kind of coaster; TrackTypeName names it.
     std::int32_t TrackType = 0;
     /// Never empty: a track that had no train can be given one.
-    std::vector<TrainRecord> Trains = std::vector<TrainRecord>(1);
+    List<TrainRecord> Trains = List<TrainRecord>(1);
     /// Count of Trains.
     std::int32_t NumTrains = 0;
     std::int32_t CarsPerTrain = 0;
@@ -71,7 +71,7 @@ struct BezierNode {
 struct BezierCurveRecord : ChunkRecord {
     std::int32_t NodeCount = 0;
     /// In track order.
-    std::vector<BezierNode> Nodes;
+    List<BezierNode> Nodes;
 };
 
 /// Values of TrackSegment::SegmentType. Any other value has no parameters.
@@ -143,7 +143,7 @@ struct SegmentListRecord : ChunkRecord {
     Flag ClosedCircuit = false;
     std::int32_t SegmentCount = 0;
     /// Normally one for each span, but a file may hold more or fewer than the curve has nodes.
-    std::vector<TrackSegment> Segments;
+    List<TrackSegment> Segments;
 
     /// @return the kind of the segment at a node; Normal where the list has none.
     std::int32_t TypeAtNode(std::int32_t node) const {
@@ -166,7 +166,7 @@ struct FundamentalNode {
 /// Chunk FUND: the footers of the supports.
 struct FundamentalNodesRecord : ChunkRecord {
     std::int32_t Count = 0;
-    std::vector<FundamentalNode> Items;
+    List<FundamentalNode> Items;
 };
 
 struct PreFabSupport {
@@ -189,9 +189,9 @@ struct PreFabNode {
 struct PreFabSupportsRecord : ChunkRecord {
     std::int32_t NodeCount = 0;
     /// As read, one for each track node.
-    std::vector<PreFabNode> Nodes;
+    List<PreFabNode> Nodes;
     /// The supports of all nodes, those of one node side by side.
-    std::vector<PreFabSupport> Supports;
+    List<PreFabSupport> Supports;
 
     /// @return the supports that a node of Nodes has.
     std::span<const PreFabSupport> SupportsOf(const PreFabNode& node) const {
@@ -206,7 +206,7 @@ struct FreeNode {
 /// Chunk FREN.
 struct FreeNodesRecord : ChunkRecord {
     std::int32_t Count = 0;
-    std::vector<FreeNode> Items;
+    List<FreeNode> Items;
 };
 
 struct SupportBeam {
@@ -220,7 +220,7 @@ struct SupportBeam {
 /// Chunk TUBE.
 struct SupportBeamsRecord : ChunkRecord {
     std::int32_t Count = 0;
-    std::vector<SupportBeam> Items;
+    List<SupportBeam> Items;
 };
 
 struct WoodCatwalk {
@@ -232,7 +232,7 @@ struct WoodCatwalk {
 /// Chunk CATW.
 struct WoodCatwalksRecord : ChunkRecord {
     std::int32_t Count = 0;
-    std::vector<WoodCatwalk> Items;
+    List<WoodCatwalk> Items;
 };
 
 struct Tree {
@@ -244,7 +244,7 @@ struct Tree {
 /// Chunk SCEN.
 struct SceneryRecord : ChunkRecord {
     std::int32_t TreeCount = 0;
-    std::vector<Tree> Trees;
+    List<Tree> Trees;
 };
 
 struct SceneryObject {
@@ -261,7 +261,7 @@ struct SceneryObject {
 /// Chunk SCOB.
 struct SceneryObjectsRecord : ChunkRecord {
     std::int32_t Count = 0;
-    std::vector<SceneryObject> Items;
+    List<SceneryObject> Items;
 };
 
 /// Chunk TERA.
@@ -281,7 +281,7 @@ struct TerrainRecord : ChunkRecord {
     std::uint8_t Byte1 = 0;
     Flag Flag1 = false;
     /// Heights in metres in the order of the file: GridSizeX of them for the first z, then for the next.
-    std::vector<float> Heights;
+    List<float> Heights;
 
     /// @param x 0 to GridSizeX - 1. @param z 0 to GridSizeZ - 1.
     float HeightAt(std::int32_t x, std::int32_t z) const {

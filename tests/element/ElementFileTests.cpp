@@ -26,7 +26,7 @@ TEST_F(ElementFile, ElementsComeBackWholeFromAnyForm) {
 
 TEST_F(ElementFile, HasNamesOfItsOwnAndEndsBehindItsLastRecord) {
     ExpectNamesToBeHeeded(Random<ElementDocument>(1));
-    const ElementDocument twoSpans = {.NodeCount = 2, .Nodes = std::vector<ElementNode>(3)};
+    const ElementDocument twoSpans = {.NodeCount = 2, .Nodes = List<ElementNode>(3)};
     const Bytes file = FileOf(twoSpans);
     for (int size = 0; size <= 176; ++size) {
         Element = twoSpans;

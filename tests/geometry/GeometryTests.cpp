@@ -52,7 +52,7 @@ TEST_F(Curves, AreSampledAtASpacingInPlan) {
     }
     SetStraightCurve({{5, 0, 5}, {5, 90, 5}}, true); // nothing of a vertical line but its first point
     AnalyzeTrack();
-    EXPECT_EQ(TrackPolyline, std::vector<Vector3>(2, {5, 0, 5}));
+    EXPECT_EQ(TrackPolyline, List<Vector3>(2, {5, 0, 5}));
 }
 
 TEST_F(Curves, CloseCircuitsGetOverBadNodesAndAreSampledEvenlyOfElements) {
@@ -70,13 +70,13 @@ TEST_F(Curves, CloseCircuitsGetOverBadNodesAndAreSampledEvenlyOfElements) {
     EXPECT_GT(TrackPolyline.size(), 200U); // the first span and the last have a hundred each
     EXPECT_FALSE(BuildTrackOverview("gone.nltrack", {}).empty());
     for (const auto& [nodes, closed] : {std::pair(0U, true), {1U, false}}) {
-        SetCurve(std::vector<BezierNode>(nodes, {{7, 7, 7}, {7, 7, 7}, {7, 7, 7}}), closed);
+        SetCurve(List<BezierNode>(nodes, {{7, 7, 7}, {7, 7, 7}, {7, 7, 7}}), closed);
         AnalyzeTrack();
-        EXPECT_EQ(TrackPolyline, std::vector<Vector3>(1));
-        EXPECT_TRUE(TrackPolylineNode == std::vector<std::int32_t>(1) && TrackPolylineLast == 0);
+        EXPECT_EQ(TrackPolyline, List<Vector3>(1));
+        EXPECT_TRUE(TrackPolylineNode == List<std::int32_t>(1) && TrackPolylineLast == 0);
     }
     AnalyzeElement();
-    EXPECT_EQ(ElementPolyline, std::vector<Vector3>(1));
+    EXPECT_EQ(ElementPolyline, List<Vector3>(1));
     testing::SetStraightElement({{}, {0, 0, 1}, {0, 7, 1}});
     AnalyzeElement();
     ASSERT_TRUE(ElementPolyline.size() == 39 && ElementPolylineLast == 38);

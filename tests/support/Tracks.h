@@ -35,7 +35,7 @@ struct EmptyDocuments : ::testing::Test {
 };
 
 /// Gives Track a curve as the reader leaves one, with a Normal segment for each node.
-inline void SetCurve(std::vector<BezierNode> nodes, bool closed) {
+inline void SetCurve(List<BezierNode> nodes, bool closed) {
     const std::size_t count = nodes.size();
     nodes.resize(count + 1);
     Track.BezierCurve.NodeCount = Track.SegmentList.SegmentCount = static_cast<std::int32_t>(count);
@@ -45,11 +45,11 @@ inline void SetCurve(std::vector<BezierNode> nodes, bool closed) {
 }
 
 /// Gives Track straight spans from point to point, along which a point moves evenly with T.
-inline void SetStraightCurve(const std::vector<Vector3>& points, bool closed) {
+inline void SetStraightCurve(const List<Vector3>& points, bool closed) {
     const auto third = [](const Vector3& a, const Vector3& b) {
         return Vector3{a.X + (b.X - a.X) / 3, a.Y + (b.Y - a.Y) / 3, a.Z + (b.Z - a.Z) / 3};
     };
-    std::vector<BezierNode> nodes;
+    List<BezierNode> nodes;
     for (std::size_t i = 0; i < points.size(); ++i)
         nodes.push_back({points[i], third(points[i], points[i > 0 ? i - 1 : points.size() - 1]),
                          third(points[i], points[i + 1 < points.size() ? i + 1 : 0])});
@@ -57,7 +57,7 @@ inline void SetStraightCurve(const std::vector<Vector3>& points, bool closed) {
 }
 
 /// The same for Element, by way of Track. The first point should be the origin.
-inline void SetStraightElement(const std::vector<Vector3>& points) {
+inline void SetStraightElement(const List<Vector3>& points) {
     SetStraightCurve(points, false);
     Element.Nodes.clear();
     Element.NodeCount = static_cast<std::int32_t>(points.size()) - 1;

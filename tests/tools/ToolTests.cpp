@@ -104,7 +104,7 @@ std::string ClassesLeft() {
 
 TEST_F(Tools, SetTunnelsAndRemoveTheChosenClassAndNoOther) {
     for (const std::string mode : {"toggle 0100", "all 1110", "none 0000"}) {
-        Track.SegmentList = {{}, false, 3, std::vector<TrackSegment>(4)}; // the last is beyond the count
+        Track.SegmentList = {{}, false, 3, List<TrackSegment>(4)}; // the last is beyond the count
         Track.SegmentList.Segments[0].Tunnel = Track.SegmentList.Segments[2].Tunnel = true;
         RunStep("tunnels=" + mode.substr(0, mode.find(' ')));
         std::string flags;
@@ -200,7 +200,7 @@ void ExpectLines(const std::string& lines) {
 
 /// Fills a list with one record for each of `types`.
 template <class Record>
-void Fill(std::vector<Record>& list, std::int32_t Record::*type, const std::vector<std::int32_t>& types) {
+void Fill(List<Record>& list, std::int32_t Record::*type, const std::vector<std::int32_t>& types) {
     for (const std::int32_t one : types)
         list.emplace_back().*type = one;
 }
@@ -222,7 +222,7 @@ TEST_F(Report, TellsEverythingLineByLine) {
     Track.PreFabSupports = {{}, 3, {{2, 0}, {0, 2}, {8, 2}, {}}, {}};
     Fill(Track.PreFabSupports.Supports, &PreFabSupport::SupportType, {0, 1, 2, 3, 4, 5, 6, 7, 7, -9});
     Fill(Track.Scenery.Trees, &Tree::TreeType, {0, 1, 2, 2, 3, 3, 3, 4});
-    Track.SceneryObjects = {{}, 2, std::vector<SceneryObject>(3)};
+    Track.SceneryObjects = {{}, 2, List<SceneryObject>(3)};
     Track.SceneryObjects.Items[0].FileName = "caf\xE9.3ds";
     Track.SceneryObjects.Items[1].FileName = "sub\\gate.3ds";
     Track.Terrain.HasTerrain = true, Track.Terrain.GridSizeX = 3, Track.Terrain.GridSizeZ = 1;
@@ -253,7 +253,7 @@ TEST_F(Report, TellsEverythingLineByLine) {
         "gone\nFile Size...: 0 bytes.\nFile Version: 0.0.0.0\n\nTrack Type..........: Steel Looping\n");
     ExpectLines("Has Terrain...........: No\n\nPrefered Environment: -none-\n\nAuthor's");
     EXPECT_EQ(TrackTypeName(4) + TrackTypeName(-1) + TrackTypeName(13), "Inverted (4 Seat)");
-    Track.SegmentList = {{}, true, 6, std::vector<TrackSegment>(7)};
+    Track.SegmentList = {{}, true, 6, List<TrackSegment>(7)};
     for (const std::size_t i : {0U, 1U, 3U, 5U})
         Track.SegmentList.Segments[i].Tunnel = true;
     ExpectLines("Tunneled Segments: 4\nActual Tunnels...: 3\n");
@@ -261,7 +261,7 @@ TEST_F(Report, TellsEverythingLineByLine) {
         testing::SetStraightCurve({{0, height, 0}, {100, height, 0}}, false);
         ExpectLines(std::string("Lowest Track Height.: ") + printed + " meters.\n");
     }
-    const std::tuple<std::vector<float>, std::string, std::string> cases[] = {
+    const std::tuple<List<float>, std::string, std::string> cases[] = {
         {{7, 1234567}, "7", "1234567"},     {{0.125F, 100}, "0.13", "100"},
         {{-0.125F, -0.004F}, "-0.13", "0"}, {{-1200.5F, 0.1F}, "-1200.5", "0.1"},
         {{1000, 2000}, "999", "2000"},      {{}, "999", "-999"}};

@@ -26,7 +26,7 @@ protected:
     /// control points `before` and `after` beside the free node stay. @return the node.
     static BezierNode Smoothed(const BezierNode& node, const Vector3& before, const Vector3& after,
                                std::size_t place = 0) {
-        std::vector<BezierNode> nodes = {
+        List<BezierNode> nodes = {
             node, {{60, 20, 100}, after, {20, 20, 100}}, {{-60, 20, 100}, {-20, 20, 100}, before}};
         std::rotate(nodes.begin(), nodes.end() - static_cast<std::ptrdiff_t>(place), nodes.end());
         testing::SetCurve(nodes, true);
@@ -36,7 +36,7 @@ protected:
 };
 
 /// Nodes 0 and 1 lie on a straight, 1 to 4 are straight in plan only, node 6 would sink into the ground.
-const std::vector<BezierNode> WorkedCurve = {
+const List<BezierNode> WorkedCurve = {
     {{0, 20, 0}, {-12, 23, 4}, {10, 20, 0}},       {{30, 20, 0}, {20, 20, 0}, {40, 22, 1}},
     {{60, 30, 10}, {50, 26, 10}, {70, 36, 10}},    {{90, 28, 10}, {80, 31, 10}, {100, 24, 10}},
     {{120, 18, 10}, {110, 20, 10}, {130, 15, 12}}, {{140, 25, 40}, {142, 18, 26}, {136, 33, 51}},
@@ -72,10 +72,10 @@ TEST_F(NodeSmoother, ComesToTheBitsOfTheReference) {
 
 TEST_F(NodeSmoother, KeepsStraightsClearsFlagCAndEndsWithNumbers) {
     for (const std::size_t count : {501U, 502U}) {
-        std::vector<Vector3> points(count, {0, 20, 0});
+        List<Vector3> points(count, {0, 20, 0});
         points[1] = {100, 40, 0}, points[2] = {100, 20, 90}, points[3] = {0, -5, 300};
         testing::SetStraightCurve(points, false);
-        const std::vector<BezierNode> before = Track.BezierCurve.Nodes;
+        const List<BezierNode> before = Track.BezierCurve.Nodes;
         Track.BezierCurve.Nodes[2].FlagA = Track.BezierCurve.Nodes[2].FlagC = true;
         SmoothTrackNodes();
         for (std::size_t i = 0; i < count; ++i)
@@ -117,9 +117,9 @@ TEST_F(NodeSmoother, SlidesAPositionWithinLimits) {
     // All four in one line: the exact middle, whatever the distances.
     EXPECT_EQ(Smoothed({{3, 25, 0}, in, out}, {-40, 20, 0}, {30, 20, 0}).Position, (Vector3{0, 20, 0}));
     const Vector3 a = {1, 2, 3}, b = {10, 20, 30}, c = {40, 20, 5};
-    std::vector<BezierNode> bad = WorkedCurve;
+    List<BezierNode> bad = WorkedCurve;
     bad[7].ControlIn.Y = std::numeric_limits<float>::quiet_NaN();
-    for (const auto& curve : {std::vector<BezierNode>{},
+    for (const auto& curve : {List<BezierNode>{},
                               {{a, b, {-5, 2, 9}}},
                               {{a, a, a}, {b, b, b}, {c, c, c}},
                               {{a, a, {3e38F, 3, 3}}, {b, {-3e38F, 3, 3}, b}, {a, b, a}},

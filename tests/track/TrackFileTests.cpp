@@ -18,6 +18,17 @@ static std::atomic<std::size_t> allocated = 0;
         return memory;
     throw std::bad_alloc();
 }
+#ifndef _WIN32 // where a list is not aligned, and the runtime has no such call
+[[gnu::noinline]] void* operator new(std::size_t size, std::align_val_t alignment) {
+    allocated += size;
+    if (void* const memory = std::aligned_alloc(static_cast<std::size_t>(alignment), size))
+        return memory;
+    throw std::bad_alloc();
+}
+[[gnu::noinline]] void operator delete(void* memory, std::align_val_t) noexcept {
+    std::free(memory);
+}
+#endif
 [[gnu::noinline]] void operator delete(void* memory) noexcept {
     std::free(memory);
 }
@@ -115,7 +126,7 @@ TEST_F(TrackFile, BelievesTheNumberOfSubChunksAndNothingElse) {
 
     // Terrain of no size is terrain all the same, and the smallest segments need no more than they have.
     odd.Terrain.HasTerrain = true;
-    odd.SegmentList = {{}, true, 200, std::vector<TrackSegment>(200, {.SegmentType = 7})};
+    odd.SegmentList = {{}, true, 200, List<TrackSegment>(200, {.SegmentType = 7})};
     EXPECT_TRUE(Load(FileOf(odd)));
     EXPECT_TRUE(Track.Terrain.HasTerrain);
     Track.Terrain.GridSizeX = 2;

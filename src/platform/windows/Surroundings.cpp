@@ -1,6 +1,6 @@
 #include "platform/CodePage.h"
 #include "platform/CommandLine.h"
-#include "platform/Memory.h"
+#include "platform/List.h"
 #include "platform/Paths.h"
 #include "platform/UserLocale.h"
 #include "platform/windows/Wide.h"
@@ -69,7 +69,14 @@ std::string PathForOutside(std::string_view path) {
     return std::string(path);
 }
 
-void PreferLargePages(void*, std::size_t) {} // takes a right here that users do not have
+// Large pages take a right here that users do not have.
+void* AllocateForList(std::size_t size) {
+    return ::operator new(size);
+}
+
+void FreeFromList(void* memory, std::size_t size) noexcept {
+    ::operator delete(memory, size);
+}
 
 std::vector<std::string> StartCommandLine(int, char**) {
     SetConsoleOutputCP(CP_UTF8);
