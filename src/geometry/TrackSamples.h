@@ -1,6 +1,7 @@
 #pragma once
 
 #include "geometry/BezierSpan.h"
+#include "platform/Processor.h"
 #include "track/TrackDocument.h"
 
 #include <cmath>
@@ -18,6 +19,7 @@ inline std::int32_t TrackSpanCount() {
 /// starts, and the point. A span has 101 samples at a spacing of 0.01 in T, the last one just short of 1.
 template <class Visit>
 void ForEachTrackSample(Visit&& visit) {
+    FreeWideRegisters();
     static const std::vector<BezierWeights> steps = BezierSteps(0.01F, 1.0F);
     const auto& nodes = Track.BezierCurve.Nodes;
     const std::int32_t spans = TrackSpanCount();

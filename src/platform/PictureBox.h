@@ -9,6 +9,8 @@ struct Rgb {
     std::uint8_t Red = 0;
     std::uint8_t Green = 0;
     std::uint8_t Blue = 0;
+
+    bool operator==(const Rgb&) const = default;
 };
 
 /// A square picture on black ground, with a coordinate system in pixels: X to the right, Y downwards. It

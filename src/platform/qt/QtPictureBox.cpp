@@ -44,6 +44,15 @@ std::optional<QLineF> Clipped(QPointF from, QPointF to) {
     return QLineF(from, to);
 }
 
+/// How a line is drawn.
+struct Brush {
+    Rgb Colour;
+    int Width;
+    bool Smooth;
+
+    bool operator==(const Brush&) const = default;
+};
+
 bool IsAlongPixels(const QLineF& line) {
     return (line.dx() == 0 && line.x1() == std::round(line.x1())) ||
            (line.dy() == 0 && line.y1() == std::round(line.y1()));
@@ -75,6 +84,8 @@ void QtPictureBox::DrawWidth(int pixels) {
 
 void QtPictureBox::Add(const Stroke& stroke) {
     strokes.push_back(stroke);
+    if (drawn.isNull())
+        return; // it is painted anew anyway
     drawn = QPixmap();
     update();
 }
@@ -86,20 +97,27 @@ QPixmap QtPictureBox::Drawn(double ratio) const {
     QPainter painter(&picture);
     // A whole coordinate means the middle of its pixel.
     painter.translate(0.5, 0.5);
+    Brush brush{};
+    std::vector<QLineF> lines; // that are drawn with it, one after the other
+    const auto draw = [&] {
+        painter.setRenderHint(QPainter::Antialiasing, brush.Smooth);
+        painter.setPen(QPen(QColor(brush.Colour.Red, brush.Colour.Green, brush.Colour.Blue), brush.Width,
+                            Qt::SolidLine, Qt::RoundCap));
+        painter.drawLines(lines.data(), static_cast<int>(lines.size()));
+        lines.clear();
+    };
     for (const Stroke& stroke : strokes) {
         const std::optional<QLineF> line = Clipped({stroke.X1, stroke.Y1}, {stroke.X2, stroke.Y2});
         if (!line)
             continue;
-        const bool isPoint = line->isNull();
         // A line along a row or a column of pixels fills just these.
-        painter.setRenderHint(QPainter::Antialiasing, isPoint || !IsAlongPixels(*line));
-        painter.setPen(QPen(QColor(stroke.Colour.Red, stroke.Colour.Green, stroke.Colour.Blue), stroke.Width,
-                            Qt::SolidLine, Qt::RoundCap));
-        if (isPoint)
-            painter.drawPoint(line->p1());
-        else
-            painter.drawLine(*line);
+        const Brush own = {stroke.Colour, stroke.Width, line->isNull() || !IsAlongPixels(*line)};
+        if (own != brush)
+            draw();
+        brush = own;
+        lines.push_back(*line);
     }
+    draw();
     return picture;
 }
 
