@@ -3,6 +3,7 @@
 #include "base/NumberFormat.h"
 
 #include <array>
+#include <string_view>
 
 namespace railwright {
 namespace {
@@ -18,12 +19,13 @@ std::string Hex(Rgb colour) {
     return hex;
 }
 
-std::string Attribute(const char* name, const std::string& value) {
-    return std::string(" ") + name + "=\"" + value + '"';
+void Append(std::string& element, const char* name, std::string_view value) {
+    ((element += ' ') += name) += "=\"";
+    (element += value) += '"';
 }
 
-std::string Attribute(const char* name, float value) {
-    return Attribute(name, ShortestFloat(value));
+void Append(std::string& element, const char* name, float value) {
+    Append(element, name, std::string_view(ShortestFloat(value)));
 }
 
 } // namespace
@@ -33,14 +35,23 @@ void SvgPictureBox::Cls() {
 }
 
 void SvgPictureBox::Line(float x1, float y1, float x2, float y2, Rgb colour) {
-    elements += "<line" + Attribute("x1", x1) + Attribute("y1", y1) + Attribute("x2", x2) +
-                Attribute("y2", y2) + Attribute("stroke", Hex(colour)) +
-                Attribute("stroke-width", std::to_string(penWidth)) + "/>\n";
+    elements += "<line";
+    Append(elements, "x1", x1);
+    Append(elements, "y1", y1);
+    Append(elements, "x2", x2);
+    Append(elements, "y2", y2);
+    Append(elements, "stroke", Hex(colour));
+    Append(elements, "stroke-width", std::to_string(penWidth));
+    elements += "/>\n";
 }
 
 void SvgPictureBox::PSet(float x, float y, Rgb colour) {
-    elements += "<circle" + Attribute("cx", x) + Attribute("cy", y) +
-                Attribute("r", static_cast<float>(penWidth) / 2) + Attribute("fill", Hex(colour)) + "/>\n";
+    elements += "<circle";
+    Append(elements, "cx", x);
+    Append(elements, "cy", y);
+    Append(elements, "r", static_cast<float>(penWidth) / 2);
+    Append(elements, "fill", Hex(colour));
+    elements += "/>\n";
 }
 
 void SvgPictureBox::DrawWidth(int pixels) {
@@ -49,10 +60,18 @@ void SvgPictureBox::DrawWidth(int pixels) {
 
 std::string SvgPictureBox::Document() const {
     const std::string size = std::to_string(Size);
-    return "<svg xmlns=\"http://www.w3.org/2000/svg\"" + Attribute("width", size) +
-           Attribute("height", size) + Attribute("viewBox", "0 0 " + size + ' ' + size) + ">\n<rect" +
-           Attribute("width", size) + Attribute("height", size) + Attribute("fill", "#000000") + "/>\n" +
-           elements + "</svg>\n";
+    std::string document = "<svg xmlns=\"http://www.w3.org/2000/svg\"";
+    const auto appendSize = [&] {
+        Append(document, "width", size);
+        Append(document, "height", size);
+    };
+    appendSize();
+    Append(document, "viewBox", "0 0 " + size + ' ' + size);
+    document += ">\n<rect";
+    appendSize();
+    Append(document, "fill", "#000000");
+    document += "/>\n";
+    return document + elements + "</svg>\n";
 }
 
 } // namespace railwright
