@@ -49,6 +49,7 @@ struct Brush {
     Rgb Colour;
     int Width;
     bool Smooth;
+    bool AsPoints;
 
     bool operator==(const Brush&) const = default;
 };
@@ -103,15 +104,20 @@ QPixmap QtPictureBox::Drawn(double ratio) const {
         painter.setRenderHint(QPainter::Antialiasing, brush.Smooth);
         painter.setPen(QPen(QColor(brush.Colour.Red, brush.Colour.Green, brush.Colour.Blue), brush.Width,
                             Qt::SolidLine, Qt::RoundCap));
-        painter.drawLines(lines.data(), static_cast<int>(lines.size()));
+        if (brush.AsPoints)
+            for (const QLineF& line : lines)
+                painter.drawPoint(line.p1());
+        else
+            painter.drawLines(lines.data(), static_cast<int>(lines.size()));
         lines.clear();
     };
     for (const Stroke& stroke : strokes) {
         const std::optional<QLineF> line = Clipped({stroke.X1, stroke.Y1}, {stroke.X2, stroke.Y2});
         if (!line)
             continue;
+        const bool isPoint = line->isNull();
         // A line along a row or a column of pixels fills just these.
-        const Brush own = {stroke.Colour, stroke.Width, line->isNull() || !IsAlongPixels(*line)};
+        const Brush own = {stroke.Colour, stroke.Width, isPoint || !IsAlongPixels(*line), isPoint};
         if (own != brush)
             draw();
         brush = own;
