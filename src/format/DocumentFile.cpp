@@ -5,6 +5,22 @@
 #include <new>
 
 namespace railwright {
+namespace {
+
+/// Reads no more than `most` bytes of a file that has to begin as a document of that kind does.
+FileResult ReadOfKind(const std::string& path, const DocumentKind& kind, std::int64_t most,
+                      FileBytes& bytes) {
+    if (FileResult read = ReadBeginning(path, most, 1, bytes); !read)
+        return read;
+    ChunkReader reader(bytes);
+    if (reader.FileLength() == 0)
+        return FileResult::Failure("the file is empty");
+    if (reader.Tag() != kind.Tag)
+        return FileResult::Failure("the file does not begin with the tag " + std::string(kind.Tag));
+    return {};
+}
+
+} // namespace
 
 FileResult LoadDocumentFile(const std::string& path, const DocumentKind& kind) {
     if (path.empty())
@@ -16,13 +32,12 @@ FileResult LoadDocumentFile(const std::string& path, const DocumentKind& kind) {
     kind.Clear();
     try {
         FileBytes bytes;
-        if (FileResult read = ReadWholeFile(path, 1, bytes); !read)
-            return read;
+        // By its tag a large file of something else is refused before it takes any memory.
+        for (const std::int64_t most : {static_cast<std::int64_t>(kind.Tag.size()), LongestFile})
+            if (FileResult read = ReadOfKind(path, kind, most, bytes); !read)
+                return read;
         ChunkReader reader(bytes);
-        if (reader.FileLength() == 0)
-            return FileResult::Failure("the file is empty");
-        if (reader.Tag() != kind.Tag)
-            return FileResult::Failure("the file does not begin with the tag " + std::string(kind.Tag));
+        reader.Tag();
         kind.Read(reader);
         return {};
     } catch (const BrokenFile& broken) {

@@ -3,6 +3,7 @@
 #include "base/FileName.h"
 #include "platform/FileOperations.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <limits>
 #include <utility>
@@ -84,6 +85,11 @@ std::int64_t FileLength(const std::string& path) {
 }
 
 FileResult ReadWholeFile(const std::string& path, std::size_t spare, std::vector<std::uint8_t>& bytes) {
+    return ReadBeginning(path, LongestFile, spare, bytes);
+}
+
+FileResult ReadBeginning(const std::string& path, std::int64_t most, std::size_t spare,
+                         std::vector<std::uint8_t>& bytes) {
     bytes.clear();
     std::error_code error;
     const auto file = Files().OpenToRead(path, error);
@@ -92,8 +98,9 @@ FileResult ReadWholeFile(const std::string& path, std::size_t spare, std::vector
     const std::int64_t length = FileLength(path);
     if (length > LongestFile - static_cast<std::int64_t>(spare))
         return FileResult::Failure("is too long, 2 GiB and more cannot be read");
-    bytes.resize(static_cast<std::size_t>(length) + spare);
-    const std::span<std::uint8_t> wanted(bytes.data(), static_cast<std::size_t>(length));
+    const auto size = static_cast<std::size_t>(std::min(length, most));
+    bytes.resize(size + spare);
+    const std::span<std::uint8_t> wanted(bytes.data(), size);
     std::size_t done = 0;
     while (done < wanted.size() && !error) {
         const std::size_t read = file->Read(wanted.subspan(done), error);

@@ -31,6 +31,10 @@ std::int64_t FileLength(const std::string& path);
 /// refused. On failure `bytes` is empty.
 FileResult ReadWholeFile(const std::string& path, std::size_t spare, std::vector<std::uint8_t>& bytes);
 
+/// The same for no more than the first `most` bytes of a file.
+FileResult ReadBeginning(const std::string& path, std::int64_t most, std::size_t spare,
+                         std::vector<std::uint8_t>& bytes);
+
 /// Writes a whole file. At every moment either the old file or the new one stands whole under the name: the
 /// bytes go to a temporary file in the same folder, to the disk, and then under the name. A symbolic link is
 /// followed, the permissions of the old file are kept. Only where the folder takes no new file is the old one
