@@ -155,7 +155,7 @@ void ExpectTexturesWhereNamed(const Tree& found) {
     EXPECT_TRUE(found.count(dawnIsNew ? "Environments/Dawn/Sky.bmp" : "Environments/Sky.bmp"));
 }
 
-class CutOffOrganizer : public EnvironmentOrganizer, public ::testing::WithParamInterface<bool> {};
+class CutOffOrganizer : public EnvironmentOrganizer, public ::testing::WithParamInterface<std::errc> {};
 
 TEST_P(CutOffOrganizer, LosesNothingAtAnyCallAndCanBeRunAgain) {
     for (int call = 1, calls = call; call <= calls; ++call) {
@@ -164,7 +164,8 @@ TEST_P(CutOffOrganizer, LosesNothingAtAnyCallAndCanBeRunAgain) {
         try {
             FailingFiles files;
             files.FailAt = call;
-            files.EndsSuddenly = GetParam();
+            files.Cause = GetParam();
+            files.EndsSuddenly = files.Cause == std::errc{};
             Organize();
             calls = files.Calls + 1;
         } catch (const SuddenEnd&) {
@@ -180,7 +181,8 @@ TEST_P(CutOffOrganizer, LosesNothingAtAnyCallAndCanBeRunAgain) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(OneCall, CutOffOrganizer, ::testing::Bool());
+INSTANTIATE_TEST_SUITE_P(OneCall, CutOffOrganizer,
+                         ::testing::Values(std::errc{}, Causes[0], Causes[1], Causes[2]));
 
 } // namespace
 } // namespace railwright::testing
