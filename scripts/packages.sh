@@ -2,5 +2,6 @@
 packages_to_build="g++ cmake ninja-build libcli11-dev nlohmann-json3-dev"
 packages_for_window="qt6-base-dev libgl1-mesa-dev fonts-liberation"
 packages_to_test="git libgtest-dev xvfb xdotool"
+packages_to_bench="libbenchmark-dev"
 packages_for_windows="g++-mingw-w64-x86-64-posix googletest wine64"
 packages_to_check="clang clang-format clang-tidy cppcheck shellcheck"

@@ -1,5 +1,7 @@
 #include "format/ChunkReader.h"
 
+#include "platform/FileOperations.h"
+
 #include <algorithm>
 
 namespace railwright {
@@ -11,26 +13,52 @@ bool IsLetter(std::uint8_t byte) {
 
 } // namespace
 
-const std::string& ChunkReader::Tag() {
-    Need(FileSize::Tag);
-    for (std::size_t i = 0; i < 4; ++i) {
-        const std::uint8_t byte = bytes[static_cast<std::size_t>(pos) + i];
-        tag[i] = static_cast<char>(byte >= 'a' && byte <= 'z' ? byte - 0x20 : byte);
+ChunkReader::ChunkReader(OpenFile& opened, std::int64_t length) : file(opened), fileLength(length) {}
+
+void ChunkReader::Refill(std::int64_t size) {
+    if (size > Remaining())
+        Fail("the file ends too early", FileLength());
+    std::uint8_t* filled = std::copy(at, end, window.data());
+    at = window.data();
+    end = filled;
+    while (Ahead() < size) {
+        const auto room = static_cast<std::int64_t>(window.size()) - Ahead();
+        const std::int64_t wanted = std::min(room, fileLength - endPosition);
+        std::error_code error;
+        std::size_t read = 1;
+        if (wanted > 0)
+            read = file.Read({filled, static_cast<std::size_t>(wanted)}, error);
+        else
+            *filled = 0; // the byte behind the file
+        if (error)
+            Fail("cannot be read: " + error.message(), endPosition);
+        if (read == 0) // another process has cut it off meanwhile
+            Fail("the file ends too early", endPosition);
+        filled += read;
+        end = filled;
+        endPosition += static_cast<std::int64_t>(read);
     }
-    pos += FileSize::Tag;
+}
+
+const std::string& ChunkReader::Tag() {
+    const std::uint8_t* const read = Passed(FileSize::Tag);
+    for (std::size_t i = 0; i < 4; ++i)
+        tag[i] = static_cast<char>(read[i] >= 'a' && read[i] <= 'z' ? read[i] - 0x20 : read[i]);
     return tag;
 }
 
-bool ChunkReader::LettersStandAt(std::int64_t position) const {
-    if (position < 0 || position + FileSize::Tag > FileLength())
+bool ChunkReader::LettersStandAhead(FilePos distance) {
+    const FilePos size = distance + FileSize::Tag;
+    if (Position() + size > FileLength())
         return false;
-    const std::uint8_t* const at = bytes.data() + position;
-    return IsLetter(at[0]) && IsLetter(at[1]) && IsLetter(at[2]) && IsLetter(at[3]);
+    const std::uint8_t* const there = Passed(size) + distance;
+    at -= size;
+    return std::all_of(there, there + FileSize::Tag, IsLetter);
 }
 
 void ChunkReader::Count(const char* name, std::int32_t& count) {
     countName = name;
-    countAt = pos;
+    countAt = Position();
     const std::int32_t read = Length();
     if (read < 0)
         Fail(std::string(name) + " is negative (" + std::to_string(read) + ')', countAt);
@@ -40,22 +68,26 @@ void ChunkReader::Count(const char* name, std::int32_t& count) {
 void ChunkReader::Grid(std::int32_t width, std::int32_t depth, std::vector<float>& numbers) {
     const std::int64_t size = static_cast<std::int64_t>(width) * depth;
     // Of a grid of this program's largest file the product is at most 2 to the 62; its bytes need not fit.
-    if (size > (static_cast<std::int64_t>(bytes.size()) - pos) / FileSize::Single)
+    if (size > Remaining() / FileSize::Single)
         Fail("a grid of " + std::to_string(width) + " x " + std::to_string(depth) +
                  " needs more bytes than remain",
              countAt);
-    numbers.resize(static_cast<std::size_t>(size));
-    ValueReader reader(bytes.data() + pos);
-    for (float& number : numbers)
-        reader.Single(number);
-    pos += static_cast<FilePos>(size) * FileSize::Single;
+    Reserve(numbers, size);
+    InBatches(size, FileSize::Single, [&](const std::uint8_t* first, std::size_t batch) {
+        const std::size_t before = numbers.size();
+        numbers.resize(before + batch);
+        ValueReader reader(first);
+        for (std::size_t i = before; i < numbers.size(); ++i)
+            reader.Single(numbers[i]);
+    });
 }
 
 void ChunkReader::String(const char* name, text& characters) {
-    const FilePos at = pos;
+    const std::int64_t position = Position();
     const std::int32_t length = Length();
     if (length < 0)
-        Fail("the length of " + std::string(name) + " is negative (" + std::to_string(length) + ')', at);
+        Fail("the length of " + std::string(name) + " is negative (" + std::to_string(length) + ')',
+             position);
     Characters(name, length, characters);
 }
 
@@ -64,35 +96,33 @@ void ChunkReader::StringIfAny(const char* name, text& characters) {
 }
 
 void ChunkReader::PassOver(const char* name, std::int32_t count) {
+    const std::int64_t countPosition = Position() - FileSize::Long;
     if (count < 0)
-        Fail(std::string(name) + " is negative (" + std::to_string(count) + ')', pos - FileSize::Long);
-    if (count > static_cast<std::int64_t>(bytes.size()) - pos)
+        Fail(std::string(name) + " is negative (" + std::to_string(count) + ')', countPosition);
+    if (count > Remaining())
         Fail(std::string(name) + " of " + std::to_string(count) + " bytes leads past the end of the file",
-             pos - FileSize::Long);
-    pos += count;
-}
-
-void ChunkReader::Need(std::int64_t size) const {
-    if (size > static_cast<std::int64_t>(bytes.size()) - pos)
-        Fail("the file ends too early", FileLength());
+             countPosition);
+    InBatches(count, 1, [](const std::uint8_t*, std::size_t) {});
 }
 
 void ChunkReader::NeedItems(std::int32_t count, std::int64_t smallest) const {
-    const std::int64_t remaining = static_cast<std::int64_t>(bytes.size()) - pos;
-    if (count > remaining / smallest)
+    if (count > Remaining() / smallest)
         Fail(std::string(countName) + " of " + std::to_string(count) + " needs at least " +
                  std::to_string(count * smallest) + " bytes, " +
-                 std::to_string(std::max<std::int64_t>(FileLength() - pos, 0)) + " remain",
+                 std::to_string(std::max<std::int64_t>(Remaining() - 1, 0)) + " remain",
              countAt);
 }
 
 void ChunkReader::Characters(const char* name, std::int32_t length, text& characters) {
-    if (length > static_cast<std::int64_t>(bytes.size()) - pos)
+    if (length > Remaining())
         Fail("the length of " + std::string(name) + ", " + std::to_string(length) +
                  ", leads past the end of the file",
-             pos - FileSize::Long);
-    characters.assign(reinterpret_cast<const char*>(bytes.data()) + pos, static_cast<std::size_t>(length));
-    pos += length;
+             Position() - FileSize::Long);
+    characters.clear();
+    characters.reserve(static_cast<std::size_t>(length));
+    InBatches(length, 1, [&](const std::uint8_t* first, std::size_t batch) {
+        characters.append(reinterpret_cast<const char*>(first), batch);
+    });
 }
 
 std::int32_t ChunkReader::Length() {

@@ -1,30 +1,39 @@
 #pragma once
 
 #include "format/Values.h"
+#include "platform/WholeFile.h"
 
+#include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstring>
-#include <string>
+#include <span>
+#include <string_view>
+#include <system_error>
 #include <vector>
 
 namespace railwright {
 
-/// The direction that stores the records of a document. The bytes it is given are as many as the file is to
-/// have, which were counted over the same layout, and all zero.
+/// The direction that stores the records of a document in a file. It never throws: the first failure is kept,
+/// and nothing more is written from there on.
 class ChunkWriter {
 public:
-    explicit ChunkWriter(FileBytes& file) : at(file.data()) {}
+    /// @param opened is written from where it stands.
+    ChunkWriter(OpenFile& opened, std::error_code& failure) : file(opened), error(failure) {}
 
-    void Tag(const char* tag) {
-        std::memcpy(at, tag, FileSize::Tag);
-        at += FileSize::Tag;
+    /// Brings what is left in the window into the file.
+    void Flush() {
+        WriteAll(file, std::span<const std::uint8_t>(window.data(), at), error);
+        std::fill(window.data(), at, std::uint8_t{0});
+        at = window.data();
     }
+
+    void Tag(const char* tag) { Characters({tag, FileSize::Tag}); }
 
     template <class Layout>
     void Group(Layout&& values) {
-        ValueWriter writer(at);
+        ValueWriter writer(Passed(SizeOfGroup(values)));
         values(writer);
-        at += SizeOfGroup(values);
     }
 
     void Count(const char*, std::int32_t count) { Long(count); }
@@ -52,16 +61,13 @@ public:
     }
 
     void Grid(std::int32_t, std::int32_t, const std::vector<float>& numbers) {
-        ValueWriter writer(at);
-        for (const float number : numbers)
-            writer.Single(number);
-        at += numbers.size() * FileSize::Single;
+        InBatches(numbers.data(), numbers.size(), FileSize::Single,
+                  [](ValueWriter& writer, float number) { writer.Single(number); });
     }
 
     void String(const char*, const text& characters) {
         Long(static_cast<std::int32_t>(characters.size()));
-        std::memcpy(at, characters.data(), characters.size());
-        at += characters.size();
+        Characters(characters);
     }
     void StringIfAny(const char* name, const text& characters) { String(name, characters); }
 
@@ -71,26 +77,66 @@ public:
         Group(values);
     }
 
-    void PassOver(const char*, std::int32_t count) { at += count; }
+    void PassOver(const char*, std::int32_t count) {
+        for (std::int32_t left = count; left > 0;) {
+            const std::int32_t piece = std::min(left, static_cast<std::int32_t>(window.size()));
+            Passed(piece);
+            left -= piece;
+        }
+    }
 
 private:
-    void Long(std::int32_t value) {
-        WriteLong(at, value);
-        at += FileSize::Long;
+    std::ptrdiff_t Room() const { return window.data() + window.size() - at; }
+
+    /// Makes room for bytes, which are no more than the window takes, and passes over them. They are all
+    /// zero.
+    /// @return the first of them.
+    std::uint8_t* Passed(FilePos size) {
+        if (size > Room())
+            Flush();
+        at += size;
+        return at - size;
+    }
+
+    void Long(std::int32_t value) { WriteLong(Passed(FileSize::Long), value); }
+
+    void Characters(std::string_view characters) {
+        while (!characters.empty()) {
+            const std::size_t piece = std::min(characters.size(), window.size());
+            std::memcpy(Passed(static_cast<FilePos>(piece)), characters.data(), piece);
+            characters.remove_prefix(piece);
+        }
     }
 
     template <class Item>
     void FixedItems(const Item* items, std::int32_t count) {
         if (count == 0)
             return;
-        ValueWriter writer(at);
-        for (std::int32_t i = 0; i < count; ++i)
-            Values(writer, items[i]);
-        at += static_cast<std::size_t>(count) *
-              static_cast<std::size_t>(SizeOfGroup([&](auto& direction) { Values(direction, items[0]); }));
+        const FilePos size = SizeOfGroup([&](auto& direction) { Values(direction, items[0]); });
+        InBatches(items, static_cast<std::size_t>(count), size,
+                  [](ValueWriter& writer, const Item& item) { Values(writer, item); });
     }
 
-    std::uint8_t* at;
+    /// Stores items of `size` bytes each, always as many as the window has room for.
+    template <class Item, class Store>
+    void InBatches(const Item* items, std::size_t count, FilePos size, Store&& store) {
+        while (count > 0) {
+            if (size > Room())
+                Flush();
+            const std::size_t batch = std::min(count, static_cast<std::size_t>(Room() / size));
+            ValueWriter writer(Passed(static_cast<FilePos>(batch) * size));
+            for (std::size_t i = 0; i < batch; ++i)
+                store(writer, items[i]);
+            items += batch;
+            count -= batch;
+        }
+    }
+
+    OpenFile& file;
+    std::error_code& error;
+    /// What is not in the file yet lies before `at`; behind it all is zero.
+    std::array<std::uint8_t, FileWindow> window{};
+    std::uint8_t* at = window.data();
 };
 
 } // namespace railwright

@@ -32,7 +32,7 @@ inline constexpr std::int64_t LongestFile = std::numeric_limits<FilePos>::max();
 
 /// Stores a document under a name, to which the kind's extension is added if it has not got it already.
 /// @param length of the file in bytes, as counted; beyond LongestFile it is refused.
-/// @param write stores as many bytes.
+/// @param write stores as many bytes; it does not throw.
 FileResult SaveDocumentFile(const std::string& path, const DocumentKind& kind, std::int64_t length,
                             const std::function<void(ChunkWriter&)>& write);
 

@@ -1,16 +1,17 @@
 #pragma once
 
 #include <bit>
+#include <cstddef>
 #include <cstdint>
-#include <vector>
 
 namespace railwright {
 
-/// A whole document file. While it is read, one zero byte stands behind the file's own bytes.
-using FileBytes = std::vector<std::uint8_t>;
-
-/// A place in a FileBytes, counted from 0.
+/// A place in a document file, counted from 0.
 using FilePos = std::int32_t;
+
+/// How much of a file is in memory at once while it is read or written: little enough to stay in the
+/// processor's cache, and far more than any one record of a fixed layout.
+inline constexpr std::size_t FileWindow = 64 * 1024;
 
 /// Size in bytes of the values of a file. All of more than one byte are big-endian.
 namespace FileSize {

@@ -22,23 +22,43 @@ inline BezierWeights BezierWeightsAt(float T) {
     return {rest * rest * rest, 3 * t * rest * rest, 3 * t * t * rest, t * t * t};
 }
 
-inline Vector3 BezierPoint(const Vector3& Start, const Vector3& FirstControl, const Vector3& End,
-                           const Vector3& SecondControl, const BezierWeights& weights) {
-    const auto blend = [&](float start, float first, float end, float second) {
-        return static_cast<float>(
-            weights.Start * static_cast<double>(start) + weights.FirstControl * static_cast<double>(first) +
-            weights.SecondControl * static_cast<double>(second) + weights.End * static_cast<double>(end));
+/// A cubic Bezier span, in the double precision that its points are worked in.
+class BezierSpan {
+public:
+    BezierSpan(const Vector3& Start, const Vector3& FirstControl, const Vector3& End,
+               const Vector3& SecondControl)
+        : x(Start.X, FirstControl.X, End.X, SecondControl.X),
+          y(Start.Y, FirstControl.Y, End.Y, SecondControl.Y),
+          z(Start.Z, FirstControl.Z, End.Z, SecondControl.Z) {}
+
+    Vector3 Point(const BezierWeights& weights) const {
+        return {x.Blend(weights), y.Blend(weights), z.Blend(weights)};
+    }
+
+private:
+    struct Coordinate {
+        Coordinate(float start, float first, float end, float second)
+            : Start(static_cast<double>(start)),
+              FirstControl(static_cast<double>(first)),
+              SecondControl(static_cast<double>(second)),
+              End(static_cast<double>(end)) {}
+
+        float Blend(const BezierWeights& weights) const {
+            return static_cast<float>(weights.Start * Start + weights.FirstControl * FirstControl +
+                                      weights.SecondControl * SecondControl + weights.End * End);
+        }
+
+        double Start, FirstControl, SecondControl, End;
     };
-    return {blend(Start.X, FirstControl.X, End.X, SecondControl.X),
-            blend(Start.Y, FirstControl.Y, End.Y, SecondControl.Y),
-            blend(Start.Z, FirstControl.Z, End.Z, SecondControl.Z)};
-}
+
+    Coordinate x, y, z;
+};
 
 /// The point of a cubic Bezier span at T. Note that the end comes before the second control point. It is
 /// worked in double precision and each coordinate rounded once; T is not clamped to 0 and 1.
 inline Vector3 BezierPoint(const Vector3& Start, const Vector3& FirstControl, const Vector3& End,
                            const Vector3& SecondControl, float T) {
-    return BezierPoint(Start, FirstControl, End, SecondControl, BezierWeightsAt(T));
+    return BezierSpan(Start, FirstControl, End, SecondControl).Point(BezierWeightsAt(T));
 }
 
 /// @return the weights at T = 0, `step`, 2 `step` and so on up to `last`. T is a 32-bit float to which the

@@ -3,6 +3,7 @@
 #include "geometry/BezierSpan.h"
 #include "track/TrackDocument.h"
 
+#include <cmath>
 #include <cstdint>
 
 namespace railwright {
@@ -24,9 +25,31 @@ void ForEachTrackSample(Visit&& visit) {
         const BezierNode& start = nodes[static_cast<std::size_t>(i)];
         const std::int32_t next = i + 1 < Track.BezierCurve.NodeCount ? i + 1 : 0;
         const BezierNode& end = nodes[static_cast<std::size_t>(next)];
+        const BezierSpan span(start.Position, start.ControlOut, end.Position, end.ControlIn);
         for (const BezierWeights& weights : steps)
-            visit(i, BezierPoint(start.Position, start.ControlOut, end.Position, end.ControlIn, weights));
+            visit(i, span.Point(weights));
     }
 }
+
+/// The length of Track's centre line, put together from its samples one after the other.
+class LengthOfSamples {
+public:
+    /// Adds the straight distance from the sample before, or from the first node. The sum is rounded to a
+    /// 32-bit float each time.
+    void Add(const Vector3& sample) {
+        const double x = static_cast<double>(sample.X) - static_cast<double>(previous.X);
+        const double y = static_cast<double>(sample.Y) - static_cast<double>(previous.Y);
+        const double z = static_cast<double>(sample.Z) - static_cast<double>(previous.Z);
+        length = static_cast<float>(static_cast<double>(length) + std::sqrt(x * x + y * y + z * z));
+        previous = sample;
+    }
+
+    /// In metres; a track of one node has none.
+    float Total() const { return Track.BezierCurve.NodeCount < 2 ? 0 : length; }
+
+private:
+    Vector3 previous = Track.BezierCurve.NodeCount < 1 ? Vector3{} : Track.BezierCurve.Nodes.front().Position;
+    float length = 0;
+};
 
 } // namespace railwright

@@ -12,6 +12,7 @@ namespace railwright {
 std::vector<Vector3> TrackPolyline(1);
 std::vector<std::int32_t> TrackPolylineNode(1);
 std::int32_t TrackPolylineLast = 0;
+float TrackPolylineLength = 0;
 std::vector<Vector3> ElementPolyline(1);
 std::int32_t ElementPolylineLast = 0;
 
@@ -44,6 +45,7 @@ void BuildTrackPolyline() {
     TrackPolylineNode.clear();
     float running = Spacing; // so that the first sample is kept
     Vector3 previous;
+    LengthOfSamples length;
     ForEachTrackSample([&](std::int32_t node, const Vector3& sample) {
         const double step = DistanceInPlan(previous, sample);
         if (std::isfinite(step)) // one bad node does not end the track
@@ -54,7 +56,9 @@ void BuildTrackPolyline() {
             TrackPolylineNode.push_back(node);
         }
         previous = sample;
+        length.Add(sample);
     });
+    TrackPolylineLength = length.Total();
     if (TrackPolyline.empty()) {
         TrackPolyline.assign(1, Vector3{});
         TrackPolylineNode.assign(1, 0);
@@ -72,8 +76,8 @@ void BuildElementPolyline() {
     const auto sample = [](std::size_t end, const BezierWeights& weights) {
         const ElementNode& from = Element.Nodes[end - 1];
         const ElementNode& to = Element.Nodes[end];
-        ElementPolyline.push_back(
-            BezierPoint(from.Position, from.ControlOut, to.Position, to.ControlIn, weights));
+        const BezierSpan span(from.Position, from.ControlOut, to.Position, to.ControlIn);
+        ElementPolyline.push_back(span.Point(weights));
     };
     for (std::size_t end = 1; end <= spans; ++end)
         for (const BezierWeights& weights : steps)

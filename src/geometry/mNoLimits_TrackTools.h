@@ -15,6 +15,9 @@ extern std::vector<Vector3> TrackPolyline;
 extern std::vector<std::int32_t> TrackPolylineNode;
 /// The last valid index of TrackPolyline.
 extern std::int32_t TrackPolylineLast;
+/// The length in metres of the centre line that TrackPolyline was sampled from: what TrackLength works out,
+/// from the same samples.
+extern float TrackPolylineLength;
 
 /// The curve of Element as the last AnalyzeElement left it: 19 points for each span and its end. It holds at
 /// least one point.

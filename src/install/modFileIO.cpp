@@ -6,7 +6,7 @@ FileResult ReadFileBuffer(const std::string& sFile, FileBuffer& buffer) {
     buffer.clear();
     if (sFile.empty() || !FileExists(sFile))
         return FileResult::Failure("no such file");
-    return ReadWholeFile(sFile, 0, buffer);
+    return ReadWholeFile(sFile, buffer);
 }
 
 FileResult WriteFileBuffer(const std::string& sFile, const FileBuffer& buffer) {

@@ -3,7 +3,6 @@
 #include "base/FileName.h"
 #include "platform/FileOperations.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <limits>
 #include <utility>
@@ -19,19 +18,10 @@ FileResult Failed(const char* what, const std::error_code& error, std::int64_t b
     return FileResult::Failure(std::string(what) + ": " + error.message(), byte);
 }
 
-void WriteAll(OpenFile& file, std::span<const std::uint8_t> bytes, std::error_code& error) {
-    while (!bytes.empty() && !error) {
-        const std::size_t written = file.Write(bytes, error);
-        if (written == 0 && !error)
-            error = std::make_error_code(std::errc::io_error);
-        bytes = bytes.subspan(written);
-    }
-}
-
-/// Brings the bytes into an open file and closes it; the first failure is kept.
-std::error_code Fill(OpenFile& file, std::span<const std::uint8_t> bytes) {
+/// Brings the content into an open file and closes it; the first failure is kept.
+std::error_code Fill(OpenFile& file, const FileContent& content) {
     std::error_code error;
-    WriteAll(file, bytes, error);
+    content(file, error);
     if (!error)
         file.CutOff(error);
     if (!error)
@@ -41,31 +31,35 @@ std::error_code Fill(OpenFile& file, std::span<const std::uint8_t> bytes) {
     return error ? error : closing;
 }
 
+FileContent ContentOf(std::span<const std::uint8_t> bytes) {
+    return [bytes](OpenFile& file, std::error_code& error) { WriteAll(file, bytes, error); };
+}
+
 /// Overwrites an existing file where its folder takes no new one. If that fails, the old content is put back.
-FileResult OverwriteInPlace(const std::string& path, std::span<const std::uint8_t> bytes) {
+FileResult OverwriteInPlace(const std::string& path, const FileContent& content) {
     std::vector<std::uint8_t> old;
-    if (FileResult read = ReadWholeFile(path, 0, old); !read)
+    if (FileResult read = ReadWholeFile(path, old); !read)
         return read;
     std::error_code error;
     auto file = Files().OpenToOverwrite(path, error);
     if (!file)
         return Failed("cannot be written", error);
-    error = Fill(*file, bytes);
+    error = Fill(*file, content);
     if (!error)
         return {};
     std::error_code restoring;
     if (auto again = Files().OpenToOverwrite(path, restoring); again)
-        restoring = Fill(*again, old);
+        restoring = Fill(*again, ContentOf(old));
     return Failed(
         restoring ? "cannot be written, and its old content cannot be put back" : "cannot be written", error);
 }
 
 /// Writes to what is neither file nor folder, a device for example: there is nothing that could be lost.
-FileResult WriteToDevice(const std::string& path, std::span<const std::uint8_t> bytes) {
+FileResult WriteToDevice(const std::string& path, const FileContent& content) {
     std::error_code error;
     const auto device = Files().OpenToOverwrite(path, error);
     if (device) {
-        WriteAll(*device, bytes, error);
+        content(*device, error);
         std::error_code closing;
         device->Close(closing);
         error = error ? error : closing;
@@ -84,26 +78,27 @@ std::int64_t FileLength(const std::string& path) {
     return Files().Status(path).Length;
 }
 
-FileResult ReadWholeFile(const std::string& path, std::size_t spare, std::vector<std::uint8_t>& bytes) {
-    return ReadBeginning(path, LongestFile, spare, bytes);
+FileResult OpenWholeFile(const std::string& path, FileToRead& opened) {
+    std::error_code error;
+    opened.File = Files().OpenToRead(path, error);
+    if (!opened.File)
+        return Failed("cannot be opened", error);
+    opened.Length = FileLength(path);
+    if (opened.Length >= LongestFile)
+        return FileResult::Failure("is too long, 2 GiB and more cannot be read");
+    return {};
 }
 
-FileResult ReadBeginning(const std::string& path, std::int64_t most, std::size_t spare,
-                         std::vector<std::uint8_t>& bytes) {
+FileResult ReadWholeFile(const std::string& path, std::vector<std::uint8_t>& bytes) {
     bytes.clear();
+    FileToRead opened;
+    if (FileResult result = OpenWholeFile(path, opened); !result)
+        return result;
+    bytes.resize(static_cast<std::size_t>(opened.Length));
     std::error_code error;
-    const auto file = Files().OpenToRead(path, error);
-    if (!file)
-        return Failed("cannot be opened", error);
-    const std::int64_t length = FileLength(path);
-    if (length > LongestFile - static_cast<std::int64_t>(spare))
-        return FileResult::Failure("is too long, 2 GiB and more cannot be read");
-    const auto size = static_cast<std::size_t>(std::min(length, most));
-    bytes.resize(size + spare);
-    const std::span<std::uint8_t> wanted(bytes.data(), size);
     std::size_t done = 0;
-    while (done < wanted.size() && !error) {
-        const std::size_t read = file->Read(wanted.subspan(done), error);
+    while (done < bytes.size() && !error) {
+        const std::size_t read = opened.File->Read(std::span(bytes).subspan(done), error);
         if (read == 0)
             break;
         done += read;
@@ -112,18 +107,31 @@ FileResult ReadBeginning(const std::string& path, std::int64_t most, std::size_t
         bytes = {};
         return Failed("cannot be read", error, static_cast<std::int64_t>(done));
     }
-    bytes.resize(done + spare); // shorter if another process has cut the file off meanwhile
+    bytes.resize(done); // shorter if another process has cut the file off meanwhile
     return {};
 }
 
+void WriteAll(OpenFile& file, std::span<const std::uint8_t> bytes, std::error_code& error) {
+    while (!bytes.empty() && !error) {
+        const std::size_t written = file.Write(bytes, error);
+        if (written == 0 && !error)
+            error = std::make_error_code(std::errc::io_error);
+        bytes = bytes.subspan(written);
+    }
+}
+
 FileResult WriteWholeFile(const std::string& path, std::span<const std::uint8_t> bytes) {
+    return WriteWholeFile(path, ContentOf(bytes));
+}
+
+FileResult WriteWholeFile(const std::string& path, const FileContent& content) {
     FileOperations& files = Files();
     const std::string target = files.BehindLinks(path);
     const FileStatus old = files.ExactStatus(target);
     if (old.What == Kind::Folder)
         return FileResult::Failure("is a folder");
     if (old.What == Kind::Other)
-        return WriteToDevice(target, bytes);
+        return WriteToDevice(target, content);
     const bool exists = old.What == Kind::File;
     if (exists && !old.Writable)
         return FileResult::Failure("is write-protected");
@@ -136,10 +144,10 @@ FileResult WriteWholeFile(const std::string& path, std::span<const std::uint8_t>
                                     error == std::errc::operation_not_permitted ||
                                     error == std::errc::read_only_file_system;
         if (exists && folderIsClosed)
-            return OverwriteInPlace(target, bytes);
+            return OverwriteInPlace(target, content);
         return Failed("cannot be written", error);
     }
-    error = Fill(*file, bytes);
+    error = Fill(*file, content);
     if (!error)
         files.Replace(temporary, target, error);
     if (error) {

@@ -1,11 +1,16 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <memory>
 #include <span>
 #include <string>
+#include <system_error>
 #include <vector>
 
 namespace railwright {
+
+class OpenFile;
 
 /// Whether a file was read or written, and if not, why.
 struct FileResult {
@@ -27,18 +32,31 @@ bool FileExists(const std::string& path);
 /// @return the file's length in bytes, 0 if there is no such file.
 std::int64_t FileLength(const std::string& path);
 
-/// Reads a whole file into `bytes`, which ends with `spare` zero bytes behind it. Files of 2 GiB and more are
-/// refused. On failure `bytes` is empty.
-FileResult ReadWholeFile(const std::string& path, std::size_t spare, std::vector<std::uint8_t>& bytes);
+/// A file that is read from its first byte on.
+struct FileToRead {
+    std::unique_ptr<OpenFile> File;
+    /// Bytes.
+    std::int64_t Length = 0;
+};
 
-/// The same for no more than the first `most` bytes of a file.
-FileResult ReadBeginning(const std::string& path, std::int64_t most, std::size_t spare,
-                         std::vector<std::uint8_t>& bytes);
+/// Opens a file to be read. One of 2 GiB or more is refused.
+FileResult OpenWholeFile(const std::string& path, FileToRead& opened);
+
+/// Reads a whole file. One of 2 GiB or more is refused. On failure `bytes` is empty.
+FileResult ReadWholeFile(const std::string& path, std::vector<std::uint8_t>& bytes);
+
+/// Writes all bytes to a file, however many a single call takes.
+void WriteAll(OpenFile& file, std::span<const std::uint8_t> bytes, std::error_code& error);
+
+/// Writes what a file is to hold into it, the same each time it is called. It does not throw, and leaves the
+/// first failure in `error`.
+using FileContent = std::function<void(OpenFile& file, std::error_code& error)>;
 
 /// Writes a whole file. At every moment either the old file or the new one stands whole under the name: the
 /// bytes go to a temporary file in the same folder, to the disk, and then under the name. A symbolic link is
 /// followed, the permissions of the old file are kept. Only where the folder takes no new file is the old one
 /// overwritten in place. On failure the old file is as it was and no temporary file stays.
+FileResult WriteWholeFile(const std::string& path, const FileContent& content);
 FileResult WriteWholeFile(const std::string& path, std::span<const std::uint8_t> bytes);
 
 /// Makes a folder and those above it that are missing.

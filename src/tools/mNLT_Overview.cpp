@@ -140,7 +140,7 @@ void ReportTrack(Report& report) {
         bounds.Include(point);
     const Vector3 extent = bounds.Extent();
     report.Line("Track Type..........: ", TrackTypeName(Track.TrackHeader.TrackType));
-    report.Line("Track Length........: ", report.Metres(TrackLength()) + " meters.");
+    report.Line("Track Length........: ", report.Metres(TrackPolylineLength) + " meters.");
     report.Line("Complete Circut.....: ", YesNoText(Track.SegmentList.ClosedCircuit));
     report.Line("Number of Trains....: ", std::to_string(Track.TrackHeader.NumTrains));
     report.Line("Cars per Train......: ", std::to_string(Track.TrackHeader.CarsPerTrain));
@@ -266,18 +266,9 @@ std::string YesNoText(bool value) {
 }
 
 float TrackLength() {
-    if (Track.BezierCurve.NodeCount < 2)
-        return 0;
-    float length = 0;
-    Vector3 previous = Track.BezierCurve.Nodes.front().Position;
-    ForEachTrackSample([&](std::int32_t, const Vector3& sample) {
-        const double x = static_cast<double>(sample.X) - static_cast<double>(previous.X);
-        const double y = static_cast<double>(sample.Y) - static_cast<double>(previous.Y);
-        const double z = static_cast<double>(sample.Z) - static_cast<double>(previous.Z);
-        length = static_cast<float>(static_cast<double>(length) + std::sqrt(x * x + y * y + z * z));
-        previous = sample;
-    });
-    return length;
+    LengthOfSamples length;
+    ForEachTrackSample([&](std::int32_t, const Vector3& sample) { length.Add(sample); });
+    return length.Total();
 }
 
 } // namespace railwright

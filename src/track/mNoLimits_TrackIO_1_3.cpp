@@ -27,12 +27,12 @@ void SkipChunk(ChunkReader& reader) {
     const std::int64_t sizeAt = reader.Position();
     std::int32_t size = 0;
     reader.Group([&](auto& values) { values.Long(size); });
-    const std::int64_t next = static_cast<std::int64_t>(reader.Position()) + size;
-    if (size < 0 || next > reader.FileLength())
+    if (size < 0 || reader.Position() + size > reader.FileLength())
         throw BrokenFile{"an unknown chunk of " + std::to_string(size) + " bytes leads out of the file",
                          sizeAt};
-    const bool isShort = !reader.LettersStandAt(next) && reader.LettersStandAt(next + FileSize::Long);
-    reader.MoveTo(static_cast<FilePos>(isShort ? next + FileSize::Long : next));
+    reader.PassOver("unknown chunk", size);
+    if (!reader.LettersStandAhead(0) && reader.LettersStandAhead(FileSize::Long))
+        reader.PassOver("its last field", FileSize::Long);
 }
 
 /// Reads the chunks behind the root's own fields, wherever in the tree they stand.

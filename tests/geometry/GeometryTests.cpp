@@ -42,6 +42,7 @@ TEST_F(Curves, AreSampledAtASpacingInPlan) {
     ExpectNear(TrackPolyline[100], {300 * 0.9999993F, 9, 0}, 5e-5F);
     ExpectNear(TrackPolyline[101], {300, 9, 3}, 1e-3F);
     EXPECT_NEAR(TrackLength(), 599.9998F, 2e-3F);
+    EXPECT_EQ(TrackPolylineLength, TrackLength());
     for (const float rise : {0.0F, 40.0F}) { // 0.3 metres from sample to sample: every other one is kept
         SetStraightCurve({{0, 5, 0}, {0, 5 + rise, 30}}, false);
         AnalyzeTrack();
@@ -62,7 +63,7 @@ TEST_F(Curves, CloseCircuitsGetOverBadNodesAndAreSampledEvenlyOfElements) {
     ExpectNear(TrackPolyline[120], {340, 17, -50}, 0.01F); // a fifth of the way back
     SetCurve({{{}, {0, 0, 40}, {40, 0, 0}}}, true);        // a single node leads to itself, but has no length
     AnalyzeTrack();
-    EXPECT_TRUE(TrackPolyline.size() > 40 && TrackLength() == 0);
+    EXPECT_TRUE(TrackPolyline.size() > 40 && TrackLength() == 0 && TrackPolylineLength == 0);
     SetStraightCurve({{0, 9, 0}, {100, 9, 0}, {200, 9, 0}, {300, 9, 0}}, true);
     Track.BezierCurve.Nodes[2].Position = {0, 0, std::numeric_limits<float>::quiet_NaN()};
     AnalyzeTrack();

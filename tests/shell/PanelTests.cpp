@@ -1,4 +1,5 @@
 #include "element/mNoLimits_ElementIO_1_3.h"
+#include "install/mWinRegistry.h"
 #include "tests/shell/WindowTests.h"
 #include "tools/mNLE_Reverse.h"
 #include "tools/mNLE_Rotate.h"
@@ -236,6 +237,68 @@ void WindowTests::ChoosesTheFileAssociation() {
     program.Click("btnNLAssocBrowse");
     QCOMPARE(field.text().toStdString(), PathFromOutside(program.Path("good.ico")));
     QCOMPARE(pictureOf("imgNLAssoc").pixelColor(16, 16), QColor(Qt::red));
+
+    sNoLimitsPath = "C:\\Rides\\";
+    program.Choose("mnuNLFileAssoc");
+    for (const char* const box : {"chkNLAssocRtClk(0)", "chkNLAssocRtClk(2)", "chkNLAssocRtClk(3)"})
+        program.Click(box);
+    select("optNLAssocDblClk", 0); // gets its tick back, the other two are taken away
+    program.Click("chkNLAssocRtClk(2)");
+    program.Click("btnNLAssoc");
+    QCOMPARE(program.Marks("chkNLAssocRtClk", 4), QString("xX--"));
+    const auto registered = [](const std::string& key) {
+        std::string value = "none";
+        ReadRegistryValue(HKEY_CLASSES_ROOT, "NoLimits.Trackfile\\" + key, "", value);
+        return value;
+    };
+    QCOMPARE(registered("Shell"), std::string("Ride"));
+    QCOMPARE(registered("Shell\\Ride\\Command"), std::string("C:\\Rides\\NoLimitsSimulator.exe -s \"%1\""));
+    QCOMPARE(registered("Shell\\Edit"), std::string("Edit"));
+    QCOMPARE(registered("Shell\\Tera") + registered("Shell\\Tool"), std::string("nonenone"));
+    QCOMPARE(registered("DefaultIcon"), PathFromOutside(program.Path("good.ico")) + ",0");
+}
+
+void WindowTests::OrganizesTheEnvironments() {
+    Program program;
+    sNoLimitsPath = PathFromOutside(program.Path(""));
+    const auto shown = [&] {
+        return QString("%1 of %2, %3")
+            .arg(program.Find<QLabel>("lblNLEnvOrganize(1)").text(),
+                 program.Find<QLabel>("lblNLEnvOrganize(0)").text(),
+                 program.IsEnabled("btnNLEnvOrganize") ? "more" : "done");
+    };
+    program.Choose("mnuNLEnvOrganizer");
+    QCOMPARE(shown(), QString("0 of 0, done"));
+
+    const std::filesystem::path folder = program.Path("Environments");
+    std::filesystem::create_directory(folder);
+    const std::string text = "a.texture.path=Environments\\Sky.bmp\r\n";
+    for (const char* const name : {"Dawn.env", "Noon.env", "Sky.bmp"})
+        WriteBytes(folder / name, {text.begin(), text.end()});
+    program.Choose("mnuNLEnvOrganizer");
+    QCOMPARE(shown(), QString("2 of 2, more"));
+    // The colours of the bar a quarter and three quarters along, as the events during and after the run see
+    // it.
+    QStringList bar;
+    const std::function<void()> look = [&] {
+        const QImage drawn = program.Find("pbNLEnvOrganize").grab().toImage();
+        for (const int quarter : {1, 3})
+            bar += drawn.pixelColor(drawn.width() * quarter / 4, drawn.height() / 2).name();
+    };
+    QTimer::singleShot(0, &program.Window(), [&] {
+        look();
+        QTimer::singleShot(0, &program.Window(), [&] {
+            look();
+            program.Click("btnNLEnvOrganize"); // in the middle of the run: nothing more happens
+        });
+    });
+    program.Click("btnNLEnvOrganize");
+    look();
+    const QString ground = bar.value(0);
+    QCOMPARE(bar, QStringList({ground, ground, "#ff0000", ground, "#00ff00", "#00ff00"}));
+    QCOMPARE(shown(), QString("0 of 2, done"));
+    QVERIFY(exists(folder / "Noon" / "Sky.bmp") && exists(folder / "__Unused Files__" / "Sky.bmp"));
+    QVERIFY(!bDocumentChanged);
 }
 
 } // namespace railwright::testing

@@ -1,4 +1,5 @@
 #include "tests/shell/WindowTests.h"
+#include "install/mWinRegistry.h"
 #include "shell/mFileDialog.h"
 #include "shell/ucFrame.h"
 
@@ -178,6 +179,18 @@ void WindowTests::StartsWithFileAndSimulator() {
     QCOMPARE(program.Title(), QString("Railwright: two [*][*] words.NLTrack"));
     QVERIFY(program.Report().startsWith("File Name...: two [*] words\n") && !bDocumentChanged);
     QCOMPARE(sNoLimitsPath, PathFromOutside(QCoreApplication::applicationDirPath().toStdString()) + '\\');
+
+    // Where the simulator was installed is taken as it stands, and counts even if it is empty.
+    const char* const key = "Software\\NoLimits Coasters";
+    for (const auto& [registered, path] :
+         {std::pair("D:\\Spa\xDF", "D:\\Spa\u00DF\\"), std::pair("", "\\")}) {
+        RegistryInput installed = registered;
+        QVERIFY(WriteRegistryValue(HKEY_CURRENT_USER, key, REG_SZ, "InstPath", installed));
+        Program found("", false);
+        QCOMPARE(sNoLimitsPath, std::string(path));
+        QVERIFY(found.IsEnabled("lblNolimitsTools(1)"));
+    }
+    QVERIFY(DeleteRegistryKey(HKEY_CURRENT_USER, key));
 }
 
 void WindowTests::FailsToOpen() {

@@ -86,6 +86,7 @@ private slots:
     void FollowsTheTrack();
     void RenamesObjects();
     void ChoosesTheFileAssociation();
+    void OrganizesTheEnvironments();
 };
 
 } // namespace railwright::testing

@@ -70,6 +70,33 @@ TEST_F(TrackFile, TracksComeBackWholeFromAnyForm) {
     ExpectSamplesToComeBack({"harbor-comet.nltrack", "switchback-spur.nltrack", "timber-fox.nltrack"});
 }
 
+TEST_F(TrackFile, LargeTracksComeBackWholeWhereverTheyAreCut) {
+    // Far more than is in memory at once while a file is read or written.
+    TrackDocument large = Random<TrackDocument>(3);
+    const auto extend = [](std::int32_t& count, auto& items) {
+        const auto kinds = static_cast<std::size_t>(count);
+        ASSERT_GT(kinds, 0U);
+        items.resize(kinds);
+        for (count = 3000; items.size() < 3000;)
+            items.push_back(items[items.size() - kinds]);
+    };
+    extend(large.BezierCurve.NodeCount, large.BezierCurve.Nodes);
+    extend(large.SegmentList.SegmentCount, large.SegmentList.Segments);
+    extend(large.FundamentalNodes.Count, large.FundamentalNodes.Items);
+    extend(large.SceneryObjects.Count, large.SceneryObjects.Items);
+    extend(large.WoodCatwalks.Count, large.WoodCatwalks.Items);
+    large.WoodCatwalks.Items[7].ExtraBytes = 200'000;
+    large.Terrain.HasTerrain = true;
+    large.Terrain.GridSizeX = 201;
+    large.Terrain.GridSizeZ = 203;
+    large.Terrain.Heights.assign(201 * 203, 7.5F);
+    for (std::size_t shift = 0; shift < 100; shift += 27) {
+        SCOPED_TRACE(shift);
+        large.TrackInfo.AuthorComments.assign(200'000 + shift, 'c');
+        ExpectToComeBack(large, {{{.Noise = 0xA5, .UnknownShortBy = 4}}});
+    }
+}
+
 TEST_F(TrackFile, BelievesTheNumberOfSubChunksAndNothingElse) {
     const Bytes empty = FileOf(TrackDocument{});
     Bytes file = FileOf(Random<TrackDocument>(1));

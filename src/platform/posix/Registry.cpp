@@ -36,7 +36,7 @@ std::int32_t Load(RegistryTree& tree) {
     if (file.empty() || Files().Status(file).What == FileStatus::Kind::Missing)
         return ERROR_SUCCESS;
     std::vector<std::uint8_t> bytes;
-    if (!ReadWholeFile(file, 0, bytes))
+    if (!ReadWholeFile(file, bytes))
         return ERROR_ACCESS_DENIED;
     auto read = ParseRegistry(bytes);
     if (!read)

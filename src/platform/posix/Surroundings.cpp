@@ -1,13 +1,16 @@
 #include "platform/CodePage.h"
 #include "platform/CommandLine.h"
+#include "platform/Memory.h"
 #include "platform/Paths.h"
 #include "platform/UserLocale.h"
 
 #include <algorithm>
+#include <memory>
 #include <string_view>
 
 #include <langinfo.h>
 #include <locale.h>
+#include <sys/mman.h>
 
 namespace railwright {
 namespace {
@@ -49,6 +52,13 @@ std::string PathFromOutside(std::string_view path) {
 
 std::string PathForOutside(std::string_view path) {
     return Replaced(path, '\\', '/');
+}
+
+void PreferLargePages(void* memory, std::size_t size) {
+    constexpr std::size_t large = 2 * 1024 * 1024;
+    // The whole large pages inside; what is left at both ends comes in small ones.
+    if (std::align(large, large, memory, size) != nullptr)
+        madvise(memory, size / large * large, MADV_HUGEPAGE);
 }
 
 std::vector<std::string> StartCommandLine(int count, char** arguments) {

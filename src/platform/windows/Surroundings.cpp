@@ -1,5 +1,6 @@
 #include "platform/CodePage.h"
 #include "platform/CommandLine.h"
+#include "platform/Memory.h"
 #include "platform/Paths.h"
 #include "platform/UserLocale.h"
 #include "platform/windows/Wide.h"
@@ -67,6 +68,8 @@ std::string PathFromOutside(std::string_view path) {
 std::string PathForOutside(std::string_view path) {
     return std::string(path);
 }
+
+void PreferLargePages(void*, std::size_t) {} // takes a right here that users do not have
 
 std::vector<std::string> StartCommandLine(int, char**) {
     SetConsoleOutputCP(CP_UTF8);

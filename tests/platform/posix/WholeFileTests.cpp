@@ -83,9 +83,9 @@ TEST(WholeFile, NamesAreFoundInAnyCaseAndMadeAsTheyAreGiven) {
     EXPECT_TRUE(FileExists(folder.Inside("tracks\\\u00E4LTERE.nltrack")));
     EXPECT_EQ(FileLength(folder.Inside("TRACKS\\\u00C4ltere.nltrack")), 180);
     Bytes read;
-    EXPECT_TRUE(ReadWholeFile(folder.Inside("TRACKS\\\u00E4ltere.nltrack"), 1, read));
-    EXPECT_EQ(read.size(), 181U);
-    EXPECT_TRUE(!ReadWholeFile(folder.Inside("none"), 1, read) && read.empty());
+    EXPECT_TRUE(ReadWholeFile(folder.Inside("TRACKS\\\u00E4ltere.nltrack"), read));
+    EXPECT_EQ(read.size(), 180U);
+    EXPECT_TRUE(!ReadWholeFile(folder.Inside("none"), read) && read.empty());
     EXPECT_TRUE(WriteWholeFile(folder.Inside("tracks\\\u00E4ltere.nltrack"), New));
     EXPECT_EQ(ReadBytes(folder.File("Tracks/\u00C4ltere.NLTRACK")), Old);
     EXPECT_EQ(ReadBytes(folder.File("Tracks/\u00E4ltere.nltrack")), New);

@@ -1,0 +1,313 @@
+#include "benches/Documents.h"
+#include "benches/MemoryFiles.h"
+#include "benches/Yardsticks.h"
+#include "cli/Steps.h"
+#include "geometry/Preview.h"
+#include "geometry/mNoLimits_TrackTools.h"
+#include "platform/UserLocale.h"
+#include "platform/svg/SvgPictureBox.h"
+#include "shell/ControlStyle.h"
+#include "shell/frmMain.h"
+#include "shell/mMain.h"
+#include "tools/mNLT_Overview.h"
+
+#include <benchmark/benchmark.h>
+
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+
+#include <QApplication>
+#include <QProcess>
+#include <malloc.h>
+
+namespace railwright::bench {
+namespace {
+
+/// Something that is measured.
+struct Row {
+    /// The kind of its documents, a slash, and what is done with them.
+    std::string Name;
+    /// The rows of the same kind that it is held against, set apart by blanks.
+    std::string Yardsticks;
+    std::function<void()> Once;
+    std::vector<std::int64_t> Sizes = {};
+    /// What is done each time before the clock runs.
+    std::function<void()> Before = {};
+    bool ChangesDocument = false;
+    /// Instead of the time of Once: a figure that is printed as it is.
+    double (*Figure)() = nullptr;
+
+    std::string Kind() const { return Name.substr(0, Name.find('/')); }
+};
+
+std::string inHand; // kind and size of the document
+bool isChanged = false;
+std::string path; // of its file
+FileBytes bytes;  // the same file
+FileBytes copied;
+QtTrack qtTrack;
+SvgPictureBox svgPlan, svgSide;
+
+void Must(bool holds, const char* what) {
+    if (holds)
+        return;
+    std::cerr << inHand << ": " << what << '\n';
+    std::exit(EXIT_FAILURE);
+}
+
+void Load() {
+    Must(bool(path.ends_with("k") ? LoadTrackFile(path) : LoadElementFile(path)), "does not load");
+}
+void Save() {
+    Must(bool(path.ends_with("k") ? SaveTrackFile(path) : SaveElementFile(path)), "cannot be saved");
+}
+void InMemory(void (*work)()) {
+    const MemoryFiles memory(bytes);
+    work();
+}
+void ReadWithQt() {
+    Must(QDataStreamReader(bytes).Read(qtTrack = {}), "QDataStreamReader failed");
+}
+void ReadWithQtFromDisk() {
+    QFile file(QString::fromStdString(path));
+    Must(file.open(QIODevice::ReadOnly) && QDataStreamReader(file).Read(qtTrack = {}),
+         "QDataStreamReader failed");
+}
+/// From here on all memory comes from the system, as in a process that has just been started.
+void FreeMemory() {
+    malloc_trim(0);
+}
+void FreeDocuments() {
+    ClearTrackDocument();
+    ClearElementDocument();
+    qtTrack = {};
+    FreeMemory();
+}
+std::string Report() {
+    return BuildTrackOverview(path, UserNumberSeparators());
+}
+void DrawSvg(void (*draw)(PictureBox&, PictureBox&)) {
+    draw(svgPlan, svgSide);
+    benchmark::DoNotOptimize(svgPlan.Document().size() + svgSide.Document().size());
+}
+
+/// The yardsticks have to come to what the program comes to, and a saved file to what was loaded.
+void Check() {
+    ReadWithQt();
+    const auto same = [](const auto& read, std::int64_t count) { return read.size() == count; };
+    const BezierNode& last = *(Track.BezierCurve.Nodes.end() - 2); // one more than counted was read
+    const QString model = QString::fromStdString((Track.SceneryObjects.Items.end() - 2)->FileName);
+    Must(same(qtTrack.List<BezierNode>(), Track.BezierCurve.NodeCount) &&
+             same(qtTrack.List<TrackSegment>(), Track.SegmentList.SegmentCount) &&
+             same(qtTrack.List<QList<PreFabSupport>>(), Track.PreFabSupports.NodeCount) &&
+             same(qtTrack.List<SupportBeam>(), Track.SupportBeams.Count) &&
+             same(qtTrack.List<Tree>(), Track.Scenery.TreeCount) &&
+             same(qtTrack.List<float>(), static_cast<std::int64_t>(Track.Terrain.Heights.size())) &&
+             qtTrack.List<BezierNode>().last().Position.X == last.Position.X &&
+             qtTrack.List<BezierNode>().last().Roll == last.Roll &&
+             qtTrack.List<QtTrack::Object>().last().FileName == model,
+         "QDataStreamReader reads something else");
+    const double length = TextbookSamples();
+    Must(std::abs(static_cast<double>(TrackLength()) - length) < 0.05 * length, "the lengths differ");
+    const FileBytes before = bytes;
+    Save();
+    Must(ReadWholeFile(path, 0, bytes) && bytes == before, "does not come back");
+}
+
+/// Makes the document of a kind and a size the one in hand, as its file has it, and analyses it.
+void Prepare(const std::string& kind, std::int64_t size) {
+    const bool isTrack = kind != "Element";
+    if (inHand != kind + std::to_string(size)) {
+        inHand = kind + std::to_string(size);
+        isTrack ? kind == "Track" ? Dice().MakeTrack(size) : Dice().MakeTerrain(size)
+                : Dice().MakeElement(size);
+        path = isTrack ? "bench.nltrack" : "bench.nlelem";
+        Save();
+        Must(bool(ReadWholeFile(path, 0, bytes)), "cannot be read");
+        copied = bytes;
+        Load();
+        if (isTrack)
+            Check();
+        isChanged = true;
+    }
+    if (!std::exchange(isChanged, false))
+        return;
+    InMemory(Load);
+    isTrack ? AnalyzeTrack() : AnalyzeElement();
+}
+
+/// @return a line of /proc/self/status in bytes.
+double ProcessStatus(const std::string& name) {
+    std::ifstream status("/proc/self/status");
+    for (std::string word; status >> word;)
+        if (double kilobytes = 0; word == name && status >> kilobytes)
+            return 1024 * kilobytes;
+    return 0;
+}
+
+/// @return by how many times the length of the file the process grows at most while it loads.
+double PeakOfLoad() {
+    FreeDocuments();
+    std::ofstream("/proc/self/clear_refs") << 5; // the peak begins anew
+    const double before = ProcessStatus("VmRSS:");
+    InMemory(Load);
+    return (ProcessStatus("VmHWM:") - before) / static_cast<double>(bytes.size());
+}
+
+/// @return how long the program takes to show a file, in times of an empty window; the median of 20 runs.
+double StartInEmptyWindows() {
+    const auto seconds = [](const char* program) {
+        const auto start = std::chrono::steady_clock::now();
+        Must(QProcess::execute(program, {EXAMPLE}) == 0, program);
+        return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    };
+    std::vector<double> ratios;
+    for (int run = 0; run < 20; ++run) {
+        const double empty = seconds(EMPTY_START);
+        ratios.push_back(seconds(RAILWRIGHT_START) / empty);
+    }
+    std::sort(ratios.begin(), ratios.end());
+    return (ratios[9] + ratios[10]) / 2;
+}
+
+std::vector<Row> Rows() {
+    std::vector<Row> rows;
+    const std::string copies = "ByteSwapCopyTouched ByteSwapCopyFresh", textbook = "TextbookSamples";
+    const auto add = [&](const std::string& name, const std::string& yardsticks, std::function<void()> once,
+                         std::function<void()> before = {}) {
+        rows.push_back(
+            {.Name = name, .Yardsticks = yardsticks, .Once = std::move(once), .Before = std::move(before)});
+    };
+    const auto addFiles = [&](const std::string& kind) {
+        const std::string reader = kind == "Element/" ? "" : " QDataStreamReader";
+        add(kind + "ByteSwapCopyTouched", "", [] { ByteSwapCopy(bytes, copied); });
+        add(
+            kind + "ByteSwapCopyFresh", "",
+            [] {
+                FileBytes fresh(bytes.size());
+                ByteSwapCopy(bytes, fresh);
+                benchmark::DoNotOptimize(fresh.data());
+            },
+            FreeMemory);
+        if (!reader.empty()) {
+            add(kind + "QDataStreamReader", "", ReadWithQt, FreeDocuments);
+            add(kind + "QDataStreamReaderDisk", "", ReadWithQtFromDisk, FreeDocuments);
+        }
+        add(
+            kind + "Load", copies + reader, [] { InMemory(Load); }, FreeDocuments);
+        add(kind + "LoadDisk", reader.empty() ? "" : "QDataStreamReaderDisk", Load, FreeDocuments);
+        add(
+            kind + "Save", copies + reader, [] { InMemory(Save); }, FreeMemory);
+        add(kind + "SaveDisk", "", Save, FreeMemory);
+    };
+    const auto addTools = [&](const std::string& kind, auto apply, std::initializer_list<const char*> steps) {
+        for (const std::string step : steps) {
+            add(kind + step.substr(0, step.find('=')), "ByteSwapCopyTouched", [=] {
+                Must(apply({&step, 1}).Done, step.c_str());
+            });
+            rows.back().ChangesDocument = true;
+        }
+    };
+    QtPictureBox &plan = frmMain::Instance().Plan(), &side = frmMain::Instance().Side();
+    addFiles("Track/");
+    add("Track/LoadPeakMemoryInFiles", "", {});
+    rows.back().Figure = PeakOfLoad;
+    add("Track/TextbookSamples", "", [] { benchmark::DoNotOptimize(TextbookSamples()); });
+    add("Track/Analysis", textbook, AnalyzeTrack);
+    add("Track/Length", textbook, [] { benchmark::DoNotOptimize(TrackLength()); });
+    add("Track/Report", textbook, Report);
+    add("Track/DrawSvg", textbook, [] { DrawSvg(DrawTrackPreview); });
+    add("Track/DrawQt", textbook, [&] { DrawTrackPreview(plan, side); });
+    add("Track/PaintQt", textbook, [&] { plan.Drawn(1), side.Drawn(1); });
+    // What RefreshTrackTools does, but for the widgets of the panels, and all of it with the painting.
+    add("Track/Refresh", textbook, [&] { AnalyzeTrack(), DrawTrackPreview(plan, side), Report(); });
+    add("Track/RefreshWindow", textbook, [] { RefreshTrackTools(), frmMain::Instance().grab(); });
+    addTools("Track/", ApplyTrackSteps,
+             {"move=0.25,0,0", "scale=-1", "rotate=5", "mirror=east-west", "tunnels=toggle", "backwards",
+              "remove=tunnels,custom-colors", "rename=1,harbour_crane_0.3ds", "smooth", "shuttle"});
+    rows.back().Before = [] { InMemory(Load); }; // it cannot be done twice
+    add("Track/OpenToSaveDisk", "QDataStreamReaderDisk", [] {
+        Load(), AnalyzeTrack(), DrawSvg(DrawTrackPreview), Report();
+        Must(ApplyTrackSteps(std::vector<std::string>{"mirror=east-west"}).Done, "mirror");
+        Save();
+    });
+    rows.back().ChangesDocument = true;
+    addFiles("Element/");
+    add("Element/Analysis", "", AnalyzeElement);
+    add("Element/DrawSvg", "", [] { DrawSvg(DrawElementPreview); });
+    add("Element/Refresh", "", [&] { AnalyzeElement(), DrawElementPreview(plan, side); });
+    addTools("Element/", ApplyElementSteps, {"reverse", "rotate-y=5"});
+    addFiles("Terrain/");
+    add("Terrain/Report", copies, Report);
+    add("Start/InTimesOfAnEmptyWindow", "", {});
+    rows.back().Figure = StartInEmptyWindows;
+    for (Row& row : rows)
+        row.Sizes = row.Kind() == "Terrain"      ? std::vector<std::int64_t>{256, 512, 1024, 2048}
+                    : row.Kind() == "Start"      ? std::vector<std::int64_t>{1}
+                    : row.Name == "Track/smooth" ? std::vector<std::int64_t>{100, 500}
+                    : row.Name.ends_with("Samples")
+                        ? std::vector<std::int64_t>{100, 1000, 10'000}
+                        : std::vector<std::int64_t>{100, 1000, 10'000, 100'000, 1'000'000};
+    return rows;
+}
+
+void Run(benchmark::State& state, const Row& row) {
+    if (row.Kind() != "Start")
+        Prepare(row.Kind(), state.range(0));
+    double figure = 0;
+    for ([[maybe_unused]] auto _ : state) {
+        if (row.Before) {
+            state.PauseTiming();
+            row.Before();
+            state.ResumeTiming();
+        }
+        if (row.Figure != nullptr)
+            figure = row.Figure();
+        else
+            row.Once();
+        benchmark::ClobberMemory();
+    }
+    isChanged = row.ChangesDocument;
+    state.SetLabel(row.Yardsticks);
+    state.counters["bytes"] = static_cast<double>(bytes.size());
+    state.counters["figure"] = figure;
+}
+
+/// Registers the rows size by size, so that each document is made once.
+void Register(const std::vector<Row>& rows, std::int64_t largest) {
+    for (const char* const kind : {"Track", "Element", "Terrain", "Start"})
+        for (const std::int64_t size : {1, 100, 256, 500, 512, 1000, 1024, 2048, 10'000, 100'000, 1'000'000})
+            for (const Row& row : rows) {
+                if (row.Kind() != kind || size > largest ||
+                    !std::count(row.Sizes.begin(), row.Sizes.end(), size))
+                    continue;
+                auto* const bench = benchmark::RegisterBenchmark(
+                    row.Name.c_str(), [&](benchmark::State& state) { Run(state, row); });
+                bench->Arg(size);
+                if (row.Name.ends_with("Disk"))
+                    bench->UseRealTime();
+                if (row.Figure != nullptr)
+                    bench->Iterations(1);
+                if (size == 1'000'000 || size == 1)
+                    bench->Repetitions(1);
+            }
+}
+
+} // namespace
+} // namespace railwright::bench
+
+int main(int argc, char** argv) {
+    using namespace railwright;
+    benchmark::Initialize(&argc, argv);
+    // Otherwise memory goes back to the system and comes again by chance.
+    mallopt(M_MMAP_THRESHOLD, 32 << 20);
+    mallopt(M_TRIM_THRESHOLD, 1 << 30);
+    QApplication application(argc, argv);
+    QApplication::setStyle(new ControlStyle);
+    frmMain window;
+    const std::vector<bench::Row> rows = bench::Rows();
+    bench::Register(rows, std::stoll(argv[1]));
+    benchmark::RunSpecifiedBenchmarks();
+}
