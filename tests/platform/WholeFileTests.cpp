@@ -7,10 +7,6 @@
 
 namespace railwright::testing {
 
-using Names = std::vector<std::string>;
-const Bytes Old(180, 'o');
-const Bytes New(250, 'n');
-
 TEST(WholeFile, SaveThatFailsLeavesWhatWasThere) {
     // Open, three writes of 100, 100 and 50 bytes, cut off, flush, close, rename. In place without the
     // rename, but the old content is read first, which is an open and one read.
