@@ -55,7 +55,7 @@ std::string PathForOutside(std::string_view path) {
 }
 
 void PreferLargePages(void* memory, std::size_t size) {
-    constexpr std::size_t large = 2 * 1024 * 1024;
+    constexpr std::size_t large = std::size_t{2} * 1024 * 1024;
     // The whole large pages inside; what is left at both ends comes in small ones.
     if (std::align(large, large, memory, size) != nullptr)
         madvise(memory, size / large * large, MADV_HUGEPAGE);
