@@ -17,6 +17,7 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <new>
 #include <span>
 
 namespace railwright {
@@ -241,13 +242,17 @@ int RunCommandLineTool(std::vector<std::string> words, std::ostream& out, std::o
     }
 
     bool all = true;
+    const auto fail = [&](const std::string& file, const char* reason) {
+        (chosen->TellsFailures ? out : errors << "railwright-cli: ") << file << ": " << reason << '\n';
+        all = false;
+    };
     for (const std::string& file : arguments.Files) {
         try {
             chosen->Work(file, arguments, out);
         } catch (const FileFailure& failure) {
-            (chosen->TellsFailures ? out : errors << "railwright-cli: ")
-                << failure.File << ": " << failure.Reason << '\n';
-            all = false;
+            fail(failure.File, failure.Reason.c_str());
+        } catch (const std::bad_alloc&) {
+            fail(file, "there is not enough memory");
         }
     }
     if (!out.flush()) {

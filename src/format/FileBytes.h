@@ -11,7 +11,7 @@ using FilePos = std::int32_t;
 
 /// How much of a file is in memory at once while it is read or written: little enough to stay in the
 /// processor's cache, and far more than any one record of a fixed layout.
-inline constexpr std::size_t FileWindow = 64 * 1024;
+inline constexpr std::size_t FileWindow = std::size_t{64} * 1024;
 
 /// Size in bytes of the values of a file. All of more than one byte are big-endian.
 namespace FileSize {

@@ -65,6 +65,7 @@ inline Vector3 BezierPoint(const Vector3& Start, const Vector3& FirstControl, co
 /// step is added in 32-bit arithmetic, so that the number of samples follows from its rounding.
 inline std::vector<BezierWeights> BezierSteps(float step, float last) {
     std::vector<BezierWeights> steps;
+    // NOLINTNEXTLINE(clang-analyzer-security.FloatLoopCounter): the sum is what the samples are defined by.
     for (float T = 0; T <= last; T += step)
         steps.push_back(BezierWeightsAt(T));
     return steps;

@@ -14,6 +14,7 @@ int main(int argc, char** argv) {
     QApplication application(count, argv);
     QApplication::setStyle(new railwright::ControlStyle);
     // A question at the start is no last window.
+    // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the application has taken the style over.
     QApplication::setQuitOnLastWindowClosed(false);
     railwright::frmMain window;
     window.Form_Load(commandLine);

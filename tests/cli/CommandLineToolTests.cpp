@@ -12,29 +12,27 @@
 #include <cmath>
 #include <sstream>
 
-namespace railwright {
-namespace {
+namespace railwright::testing {
 
 using Json = nlohmann::json;
-using namespace testing;
 
 struct Outcome {
     int Status;
     std::string Out, Errors;
 };
 
-Outcome Call(std::vector<std::string> arguments) {
+static Outcome Call(std::vector<std::string> arguments) {
     std::ostringstream out, errors;
     const int status = RunCommandLineTool(std::move(arguments), out, errors);
     return {status, out.str(), errors.str()};
 }
 
-Json Dump(const std::string& file) {
+static Json Dump(const std::string& file) {
     return Json::parse(Call({"dump", file}).Out);
 }
 
 /// What `characters` consists of, between the characters `end`.
-std::vector<std::string> Split(const std::string& characters, char end) {
+static std::vector<std::string> Split(const std::string& characters, char end) {
     std::vector<std::string> pieces;
     std::istringstream stream(characters);
     for (std::string piece; std::getline(stream, piece, end);)
@@ -54,7 +52,7 @@ protected:
         const bool isElement = file.ends_with(".nlelem");
         for (const char* command : {"check", "dump", "polyline", "report"})
             EXPECT_EQ(Call({command, file}).Status, isElement && command[0] == 'r' ? 1 : 0) << command;
-        const std::vector<unsigned char> bytes = ReadBytes(file);
+        const Bytes bytes = ReadBytes(file);
         EXPECT_EQ(Call({"apply", file, "-o", file}).Status, 0);
         EXPECT_EQ(ReadBytes(file), bytes);
     }
@@ -208,5 +206,4 @@ TEST_F(CommandLine, ReportsPrintsDrawsAndDumps) {
     EXPECT_EQ(Dump(element)["Nodes"].size(), Element.Nodes.size());
 }
 
-} // namespace
-} // namespace railwright
+} // namespace railwright::testing

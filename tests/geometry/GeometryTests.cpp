@@ -11,14 +11,9 @@
 #include <limits>
 #include <sstream>
 
-namespace railwright {
-namespace {
+namespace railwright::testing {
 
-using testing::ExpectNear;
-using testing::SetCurve;
-using testing::SetStraightCurve;
-
-using Curves = testing::EmptyDocuments;
+using Curves = EmptyDocuments;
 
 TEST_F(Curves, AreTurnedByMatricesWhoseRightFactorActsFirst) {
     ExpectNear(MatrixTransform(MatrixRotateX(30), {7, 1, 0}), {7, 0.8660254F, 0.5F}, 1e-6F);
@@ -77,7 +72,7 @@ TEST_F(Curves, CloseCircuitsGetOverBadNodesAndAreSampledEvenlyOfElements) {
     }
     AnalyzeElement();
     EXPECT_EQ(ElementPolyline, List<Vector3>(1));
-    testing::SetStraightElement({{}, {0, 0, 1}, {0, 7, 1}});
+    SetStraightElement({{}, {0, 0, 1}, {0, 7, 1}});
     AnalyzeElement();
     ASSERT_TRUE(ElementPolyline.size() == 39 && ElementPolylineLast == 38);
     ExpectNear(ElementPolyline[18], {0, 0, 0.9F}, 1e-6F);
@@ -108,7 +103,7 @@ struct RecordingPictureBox final : PictureBox {
     }
 };
 
-class Previews : public testing::EmptyDocuments {
+class Previews : public EmptyDocuments {
 protected:
     std::vector<std::string> calls;
     RecordingPictureBox plan{"p", calls}, side{"s", calls};
@@ -168,18 +163,18 @@ TEST_F(Previews, DrawATrackOverItsGroundInChordsColouredByTheirFirstSample) {
     DrawTrack();
     for (const std::string& call : calls)
         EXPECT_EQ(call.find('n'), std::string::npos) << call; // neither inf nor nan
-    testing::SetStraightElement({{}, {std::numeric_limits<float>::quiet_NaN(), 0, 20}, {0, 0, 40}});
+    SetStraightElement({{}, {std::numeric_limits<float>::quiet_NaN(), 0, 20}, {0, 0, 40}});
     DrawElement();
     EXPECT_EQ(Count(" ffffff"), 2); // of the other nodes the last one is left
     // Finite, but with an extent that is not, so that the scale throws these nodes beyond every number.
-    testing::SetStraightElement({{}, {-3e38F, 0, 0}, {3e38F, 0, 0}, {}});
+    SetStraightElement({{}, {-3e38F, 0, 0}, {3e38F, 0, 0}, {}});
     DrawElement();
     EXPECT_EQ(Count("inf"), 0);
     EXPECT_EQ(Count(" ffffff"), 4); // in the side view all three lie on the axis
 }
 
 TEST_F(Previews, DrawAnElementToScaleOverItsGridAndItsNodesLast) {
-    testing::SetStraightElement({{}, {4, 8, -40}}); // its extent without its end is 36 metres: S is 1.5
+    SetStraightElement({{}, {4, 8, -40}}); // its extent without its end is 36 metres: S is 1.5
     DrawElement();
     // The first grid line lies at 110 - 7 * 15 = 5: 15 lines each way and two axes on both pictures.
     ASSERT_EQ(calls.size(), 4U + 2 * 32 + 2 * 19 + 2 + 4);
@@ -198,7 +193,7 @@ TEST_F(Previews, DrawAnElementToScaleOverItsGridAndItsNodesLast) {
         for (float Vector3::*const axis : {&Vector3::X, &Vector3::Y, &Vector3::Z}) {
             Vector3 end; // which does not count: nine tenths of the way are left
             end.*axis = extent / 0.9F;
-            testing::SetStraightElement({{}, end});
+            SetStraightElement({{}, end});
             DrawElement();
             EXPECT_EQ(Count(" 202020"), 4 * lines) << extent;
             const Vector3 &p = plan.LastPoint, &q = side.LastPoint;
@@ -206,5 +201,4 @@ TEST_F(Previews, DrawAnElementToScaleOverItsGridAndItsNodesLast) {
         }
 }
 
-} // namespace
-} // namespace railwright
+} // namespace railwright::testing

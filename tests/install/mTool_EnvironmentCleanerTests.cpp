@@ -155,7 +155,7 @@ void ExpectTexturesWhereNamed(const Tree& found) {
     EXPECT_TRUE(found.count(dawnIsNew ? "Environments/Dawn/Sky.bmp" : "Environments/Sky.bmp"));
 }
 
-class CutOffOrganizer : public EnvironmentOrganizer, public ::testing::WithParamInterface<bool> {};
+class CutOffOrganizer : public EnvironmentOrganizer, public ::testing::WithParamInterface<std::size_t> {};
 
 TEST_P(CutOffOrganizer, LosesNothingAtAnyCallAndCanBeRunAgain) {
     for (int call = 1, calls = call; call <= calls; ++call) {
@@ -164,7 +164,8 @@ TEST_P(CutOffOrganizer, LosesNothingAtAnyCallAndCanBeRunAgain) {
         try {
             FailingFiles files;
             files.FailAt = call;
-            files.EndsSuddenly = GetParam();
+            files.Cause = Causes[GetParam() % 3];
+            files.EndsSuddenly = GetParam() == 3;
             Organize();
             calls = files.Calls + 1;
         } catch (const SuddenEnd&) {
@@ -180,7 +181,7 @@ TEST_P(CutOffOrganizer, LosesNothingAtAnyCallAndCanBeRunAgain) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(OneCall, CutOffOrganizer, ::testing::Bool());
+INSTANTIATE_TEST_SUITE_P(OneCall, CutOffOrganizer, ::testing::Range<std::size_t>(0, 4));
 
 } // namespace
 } // namespace railwright::testing

@@ -5,118 +5,96 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <map>
 
-namespace railwright {
-namespace {
+namespace railwright::testing {
 
 using Entries = std::map<std::string, std::string>;
+const std::string Class = "NoLimits.Trackfile";
+const std::string Folder = "D:\\Spa\xDF\\NoLimits\\"; // in the code page
+const std::string RideIcon = Folder + "NoLimitsSimulator.exe,0";
 
 class TrackAssociation : public ::testing::Test {
 protected:
-    testing::TestRegistry own;
+    TestRegistry own;
 
     TrackAssociation() { PrepareFileAssociation("D:\\Spa\u00DF\\NoLimits"); }
     ~TrackAssociation() override { PrepareFileAssociation(""); }
 
-    /// What the design-time choices of the panel set; the folder is in the code page.
-    const Entries all = {
-        {".nltrack", "NoLimits.Trackfile"},
-        {"NoLimits.Trackfile\\DefaultIcon", "D:\\Spa\xDF\\NoLimits\\NoLimitsSimulator.exe,0"},
-        {"NoLimits.Trackfile\\Shell", "Ride"},
-        {"NoLimits.Trackfile\\Shell\\Edit", "Edit"},
-        {"NoLimits.Trackfile\\Shell\\Edit\\Command", "D:\\Spa\xDF\\NoLimits\\NoLimitsEditor.exe \"%1\""},
-        {"NoLimits.Trackfile\\Shell\\Ride", "Ride!"},
-        {"NoLimits.Trackfile\\Shell\\Ride\\Command",
-         "D:\\Spa\xDF\\NoLimits\\NoLimitsSimulator.exe -s \"%1\""},
-        {"NoLimits.Trackfile\\Shell\\Tera", "Terraform"},
-        {"NoLimits.Trackfile\\Shell\\Tera\\Command", "D:\\Spa\xDF\\NoLimits\\NoLimitsTerraformer.exe \"%1\""},
-        {"NoLimits.Trackfile\\Shell\\Tool", "Railwright"},
-        {"NoLimits.Trackfile\\Shell\\Tool\\Command", "D:\\Spa\xDF\\NoLimits\\Railwright.exe \"%1\""}};
-
-    /// @return those of the entries that are in the registry.
-    Entries Registered() const {
+    /// What is set with that default verb and icon, without some of the verbs. By themselves these are the
+    /// design-time choices of the panel.
+    static Entries With(const char* verb = "Ride", const std::string& icon = RideIcon,
+                        const std::vector<std::string>& without = {}) {
+        const std::string shell = Class + "\\Shell", file = " \"%1\"";
+        Entries entries = {{".nltrack", Class}, {Class + "\\DefaultIcon", icon}, {shell, verb}};
+        const std::tuple<std::string, const char*, std::string> verbs[] = {
+            {"\\Edit", "Edit", "NoLimitsEditor.exe" + file},
+            {"\\Ride", "Ride!", "NoLimitsSimulator.exe -s" + file},
+            {"\\Tera", "Terraform", "NoLimitsTerraformer.exe" + file},
+            {"\\Tool", "Railwright", "Railwright.exe" + file}};
+        for (const auto& [name, caption, command] : verbs)
+            if (std::ranges::count(without, name) == 0)
+                entries.insert({{shell + name, caption}, {shell + name + "\\Command", Folder + command}});
+        return entries;
+    }
+    /// What of all that is in the registry.
+    static Entries Registered() {
         Entries found;
-        for (const auto& [key, value] : all)
+        for (const auto& [key, value] : With())
             if (std::string read; ReadRegistryValue(HKEY_CLASSES_ROOT, key, "", read))
                 found[key] = read;
         return found;
     }
-
-    /// `all` with another default verb and icon and without some verbs.
-    Entries With(const char* verb, const std::string& icon,
-                 const std::vector<std::string>& without = {}) const {
-        Entries entries = all;
-        entries["NoLimits.Trackfile\\Shell"] = verb;
-        entries["NoLimits.Trackfile\\DefaultIcon"] = icon;
-        for (const std::string& name : without) {
-            entries.erase("NoLimits.Trackfile\\Shell\\" + name);
-            entries.erase("NoLimits.Trackfile\\Shell\\" + name + "\\Command");
-        }
-        return entries;
+    static void SetAll(std::int16_t doubleClick = 0, std::int16_t icon = 0, const char* iconFile = "") {
+        SetTrackAssociation(doubleClick, true, true, true, true, icon, iconFile);
     }
 };
 
-const std::string Folder = "D:\\Spa\xDF\\NoLimits\\";
-const std::string RideIcon = Folder + "NoLimitsSimulator.exe,0";
-
-TEST_F(TrackAssociation, SetsEveryEntryOnceAndAgain) {
-    for (int press = 0; press < 2; ++press) {
-        SetTrackAssociation(0, true, true, true, true, 0, "");
-        EXPECT_EQ(Registered(), all);
+TEST_F(TrackAssociation, SetsEveryEntryOnceAndAgainInAFolderWithOrWithoutItsBackslash) {
+    const char* const plain = "D:\\Spa\u00DF\\NoLimits";
+    for (const char* folder : {"", "D:\\Spa\u00DF\\NoLimits\\", plain, plain}) {
+        PrepareFileAssociation(folder);
+        SetAll();
+        EXPECT_EQ(Registered(), *folder == 0 ? Entries{} : With());
     }
 }
 
 TEST_F(TrackAssociation, FollowsEachOption) {
-    struct Case {
-        std::int16_t DoubleClick;
-        std::int16_t Icon;
-        const char* IconFile;
-        const char* Verb;
-        std::string Expected;
-    };
-    const Case cases[] = {{1, 1, "", "Edit", Folder + "NoLimitsEditor.exe,0"},
-                          {2, 2, "", "Tera", Folder + "RailwrightIcons.dll,0"},
-                          {0, 3, "", "Ride", Folder + "RailwrightIcons.dll,1"},
-                          {0, 4, "", "Ride", Folder + "RailwrightIcons.dll,2"},
-                          {0, 5, "", "Ride", Folder + "RailwrightIcons.dll,3"},
-                          {0, 6, "E:\\a.ico", "Ride", Folder + "RailwrightIcons.dll,4"},
-                          {0, 7, "E:\\caf\u00E9\\\u4E00.ico", "Ride", "E:\\caf\xE9\\?.ico,0"},
-                          {0, 7, "", "Ride", ",0"},
-                          {0, 0, "E:\\a.ico", "Ride", RideIcon}};
+    const std::string icons = Folder + "RailwrightIcons.dll,";
+    const std::tuple<std::int16_t, std::int16_t, const char*, const char*, std::string> cases[] = {
+        {1, 1, "", "Edit", Folder + "NoLimitsEditor.exe,0"},
+        {2, 2, "", "Tera", icons + '0'},
+        {0, 3, "", "Ride", icons + '1'},
+        {0, 4, "", "Ride", icons + '2'},
+        {0, 5, "", "Ride", icons + '3'},
+        {0, 6, "E:\\a.ico", "Ride", icons + '4'},
+        {0, 7, "E:\\caf\u00E9\\\u4E00.ico", "Ride", "E:\\caf\xE9\\?.ico,0"},
+        {0, 7, "", "Ride", ",0"},
+        {0, 0, "E:\\a.ico", "Ride", RideIcon}};
     for (const auto& [doubleClick, icon, iconFile, verb, expected] : cases) {
-        SetTrackAssociation(doubleClick, true, true, true, true, icon, iconFile);
+        SetAll(doubleClick, icon, iconFile);
         EXPECT_EQ(Registered(), With(verb, expected));
     }
 }
 
 TEST_F(TrackAssociation, RemovesTheVerbsThatAreCleared) {
-    SetTrackAssociation(0, true, true, true, true, 0, "");
+    SetAll();
     for (int press = 0; press < 2; ++press) { // the second time there is nothing to remove
         SetTrackAssociation(1, false, true, false, true, 0, "");
-        EXPECT_EQ(Registered(), With("Edit", RideIcon, {"Ride", "Tera"}));
+        EXPECT_EQ(Registered(), With("Edit", RideIcon, {"\\Ride", "\\Tera"}));
     }
     SetTrackAssociation(2, true, false, true, false, 0, "");
-    EXPECT_EQ(Registered(), With("Tera", RideIcon, {"Edit", "Tool"}));
+    EXPECT_EQ(Registered(), With("Tera", RideIcon, {"\\Edit", "\\Tool"}));
 
     // One that was set by hand, with another caption and only half of it.
     RegistryInput byHand = "Look inside";
-    WriteRegistryValue(HKEY_CLASSES_ROOT, "NoLimits.Trackfile\\SHELL\\edit", REG_SZ, "", byHand);
+    WriteRegistryValue(HKEY_CLASSES_ROOT, Class + "\\SHELL\\edit", REG_SZ, "", byHand);
     SetTrackAssociation(2, true, false, true, true, 0, "");
-    EXPECT_EQ(Registered(), With("Tera", RideIcon, {"Edit"}));
-    WriteRegistryValue(HKEY_CLASSES_ROOT, "NoLimits.Trackfile\\Shell\\Edit", REG_SZ, "", byHand);
-    SetTrackAssociation(0, true, true, true, true, 0, "");
-    EXPECT_EQ(Registered(), all);
+    EXPECT_EQ(Registered(), With("Tera", RideIcon, {"\\Edit"}));
+    WriteRegistryValue(HKEY_CLASSES_ROOT, Class + "\\Shell\\Edit", REG_SZ, "", byHand);
+    SetAll();
+    EXPECT_EQ(Registered(), With());
 }
 
-TEST_F(TrackAssociation, TakesTheFolderWithOrWithoutItsBackslashAndNeedsOne) {
-    PrepareFileAssociation("");
-    SetTrackAssociation(0, true, true, true, true, 0, "");
-    EXPECT_EQ(Registered(), Entries{});
-    PrepareFileAssociation("D:\\Spa\u00DF\\NoLimits\\");
-    SetTrackAssociation(0, true, true, true, true, 0, "");
-    EXPECT_EQ(Registered(), all);
-}
-
-} // namespace
-} // namespace railwright
+} // namespace railwright::testing

@@ -6,14 +6,13 @@
 
 #include <vector>
 
-namespace railwright {
-namespace {
+namespace railwright::testing {
 
 /// Runs on the file and, where the program runs on Windows, on the registry itself.
 class WinRegistry : public ::testing::Test {
 protected:
     static constexpr const char* Key = "Software\\NoLimits Coasters";
-    testing::TestRegistry own;
+    TestRegistry own;
 
     /// Stores bytes as they are, without a NUL behind them.
     static void Store(const char* name, std::uint32_t type, std::string bytes) {
@@ -39,22 +38,13 @@ protected:
 };
 
 TEST_F(WinRegistry, ReadsWhatTheRegistryHolds) {
-    struct Case {
-        std::uint32_t Type;
-        std::string Stored;
-        std::string Expected;
-    };
     const std::string text1023(1023, 'a');
-    const Case cases[] = {
+    const std::tuple<std::uint32_t, std::string, std::string> cases[] = {
         {REG_SZ, std::string("C:\\NoLimits\0", 12), "C:\\NoLimits"},
         {REG_SZ, "no NUL at its end", "no NUL at its end"},
         {REG_SZ, "two at its end" + std::string(2, 0), "two at its end" + std::string(1, 0)},
         {REG_SZ, "", ""},
-        {REG_SZ,
-         "Stra\xDF"
-         "e \x80",
-         "Stra\xDF"
-         "e \x80"},
+        {REG_SZ, "Spa\xDF \x80", "Spa\xDF \x80"},
         {REG_SZ, "a\r\nb \"c\"", "a\r\nb \"c\""},
         {REG_SZ, text1023 + '\0', text1023},
         {REG_SZ, text1023 + 'b', text1023 + 'b'},
@@ -113,7 +103,7 @@ TEST_F(WinRegistry, WritesEachTypeAndMakesTheKey) {
 }
 
 TEST_F(WinRegistry, DeletesOnlyKeysWithoutSubkeys) {
-    EXPECT_FALSE(DeleteRegistryKey(HKEY_CURRENT_USER, "Software\\NoLimits Coasters"));
+    EXPECT_FALSE(DeleteRegistryKey(HKEY_CURRENT_USER, Key));
     EXPECT_TRUE(Write(REG_SZ, "", "x"));
     EXPECT_FALSE(DeleteRegistryKey(HKEY_CURRENT_USER, "Software")) << "has a subkey";
     EXPECT_FALSE(DeleteRegistryKey(HKEY_CURRENT_USER, "Software\\NoLimits"));
@@ -127,5 +117,4 @@ TEST_F(WinRegistry, DeletesOnlyKeysWithoutSubkeys) {
               registry::ERROR_FILE_NOT_FOUND);
 }
 
-} // namespace
-} // namespace railwright
+} // namespace railwright::testing

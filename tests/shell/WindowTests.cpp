@@ -263,6 +263,30 @@ void WindowTests::Saves() {
     QVERIFY(Open(program.Path("turned.nlelem")));
 }
 
+void WindowTests::KeepsTheOldFileOfASaveThatFails() {
+    Program program(Loop);
+    program.Click("btnEReverse");
+    const std::string file = program.Path("a.nlelem");
+    const Bytes old = ReadBytes(Loop);
+    WriteBytes(file, old);
+    // Open, a write of each 100 bytes, cut off, flush, close and rename.
+    const auto calls = 5 + static_cast<int>(old.size() + 99) / 100;
+    const QString title = "Save NoLimits Element File...";
+    for (int failing = 1; failing <= calls + 1; ++failing) {
+        const bool fails = failing <= calls;
+        program.File(title, file);
+        program.Box(title + "|a.nlelem already exists.\nDo you want to replace it?|Warning|Yes,No", "Yes");
+        if (fails)
+            program.Box("Error|Error Saving Element File!|Warning|OK", "OK");
+        FailingFiles files;
+        files.FailAt = failing;
+        files.Cause = Causes[failing % 2]; // the third has the old file overwritten
+        program.Choose("mnuSaveAs");
+        QVERIFY(bDocumentChanged == fails && program.Title().endsWith('*') == fails);
+        QVERIFY((ReadBytes(file) == old) == fails && program.Names() == std::vector<std::string>{"a.nlelem"});
+    }
+}
+
 void WindowTests::PassesNamesThroughTheDialogs() {
     // A name that has no room is not offered; the dialog comes all the same.
     Program program;

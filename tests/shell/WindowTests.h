@@ -4,6 +4,7 @@
 #include "shell/Controls.h"
 #include "shell/frmMain.h"
 #include "shell/mMain.h"
+#include "tests/support/FailingFiles.h"
 #include "tests/support/TemporaryFolder.h"
 #include "track/TrackDocument.h"
 
@@ -48,6 +49,7 @@ public:
     QString Marks(const char* name, int count);
     /// Path of a file in this program's own folder, as a user would type it.
     std::string Path(const std::string& name) const { return folder.File(name); }
+    std::vector<std::string> Names() const { return folder.Names(); }
 
 private:
     void Look();
@@ -76,6 +78,7 @@ private slots:
     void StartsWithFileAndSimulator();
     void FailsToOpen();
     void Saves();
+    void KeepsTheOldFileOfASaveThatFails();
     void PassesNamesThroughTheDialogs();
     void ClosesAsAnswered();
     void ChangesTheDocument();

@@ -7,6 +7,10 @@
 
 namespace railwright::testing {
 
+/// What the failures of a file system come down to: a full disk, a broken one, a right that is missing.
+constexpr std::errc Causes[] = {std::errc::no_space_on_device, std::errc::io_error,
+                                std::errc::permission_denied};
+
 /// Thrown where the process is to end suddenly.
 struct SuddenEnd {};
 
@@ -20,6 +24,8 @@ class FailingFiles final : public FileOperations {
 public:
     int FailAt = 0;              // the number of the call that fails, counted from 1; 0 for none
     int Calls = 0;               // made so far
+    bool Stays = false;          // every call behind that one fails as well
+    std::errc Cause = Causes[0]; // what the failure gives
     bool EndsSuddenly = false;   // instead of a failure the process ends at that call
     bool WritesNothing = false;  // a write that fails gives no error, it only writes nothing
     std::errc OpenNewError = {}; // what OpenNew gives; no error for the system's own answer
@@ -67,10 +73,10 @@ private:
 
     /// Counts a call. @return whether it is the one to fail; then the error is set.
     bool Fails(Error e) {
-        const bool fails = ++Calls == FailAt;
+        const bool fails = ++Calls == FailAt || (Stays && Calls > FailAt);
         if (fails && EndsSuddenly)
             throw SuddenEnd{};
-        e = fails ? std::make_error_code(std::errc::no_space_on_device) : e;
+        e = fails ? std::make_error_code(Cause) : e;
         return fails;
     }
     Opened Wrap(Opened file) { return file ? std::make_unique<File>(*this, std::move(file)) : nullptr; }

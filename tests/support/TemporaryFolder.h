@@ -13,6 +13,9 @@
 namespace railwright::testing {
 
 using Bytes = std::vector<unsigned char>;
+using Names = std::vector<std::string>;
+/// What a file holds before and after a save.
+inline const Bytes Old(180, 'o'), New(250, 'n');
 
 /// A folder of its own for one test, gone with everything in it at the test's end. Paths are as a user would
 /// type them, those Inside as the program uses them.

@@ -10,18 +10,15 @@
 
 #include <sstream>
 
-namespace railwright {
-namespace {
+namespace railwright::testing {
 
-using testing::ExpectNear;
-
-void RunStep(const std::string& step) {
+static void RunStep(const std::string& step) {
     const bool ofElement = step == "reverse" || step.starts_with("rotate-");
     EXPECT_TRUE((ofElement ? ApplyElementSteps : ApplyTrackSteps)({&step, 1}).Done) << step;
 }
 
-using Tools = testing::EmptyDocuments;
-using Report = testing::EmptyDocuments;
+using Tools = EmptyDocuments;
+using Report = EmptyDocuments;
 
 TEST_F(Tools, ChangeEveryPointOfTheCurveAndAtWillTheNodesOfTheSupports) {
     const Vector3 point = {1, 2, 3};
@@ -31,7 +28,7 @@ TEST_F(Tools, ChangeEveryPointOfTheCurveAndAtWillTheNodesOfTheSupports) {
         {"rotate-y=90", {3, 2, -1}},  {"rotate-z=90", {-2, 1, 3}}};
     for (const auto& [step, changed] : steps)
         for (const bool supports : {false, true}) {
-            testing::SetCurve({{point, point, point, 30}, {point, point, point}}, true);
+            SetCurve({{point, point, point, 30}, {point, point, point}}, true);
             Element.Nodes = {{point, point, point, 30}, {point, point, point}};
             Track.FreeNodes = {{}, 1, {{point}, {point}}}; // the second lies beyond the count
             Track.FundamentalNodes = {{}, 1, {{point}}};
@@ -74,8 +71,8 @@ TEST_F(Tools, ReverseAnElementFromItsEndByAnAngleOfItsDirection) {
     }
 }
 
-void FillClasses() {
-    testing::SetStraightCurve({{0, 1, 0}, {10, 1, 0}, {20, 1, 0}}, false);
+static void FillClasses() {
+    SetStraightCurve({{0, 1, 0}, {10, 1, 0}, {20, 1, 0}}, false);
     TrackSegment full;
     full.Tunnel = full.CustomColors = true;
     Track.SegmentList = {{}, false, 4, {full, full, full, full, {}}}; // one more than the curve has nodes
@@ -87,7 +84,7 @@ void FillClasses() {
 }
 
 /// A 1 for each class of data that is still there, in their order.
-std::string ClassesLeft() {
+static std::string ClassesLeft() {
     const auto& segments = Track.SegmentList.Segments;
     const auto& prefab = Track.PreFabSupports.Nodes;
     std::string left;
@@ -128,18 +125,18 @@ TEST_F(Tools, SetTunnelsAndRemoveTheChosenClassAndNoOther) {
 }
 
 /// Three nodes, and as many segments as asked for.
-void SetOpenTrack(std::int32_t segments) {
-    testing::SetCurve({{{10, 1, 1}, {11, 1, 1}, {12, 1, 1}, 30, true, false, false},
-                       {{20, 1, 1}, {21, 1, 1}, {22, 1, 1}, 1, false, true, false},
-                       {{30, 1, 1}, {31, 1, 1}, {32, 1, 1}, -5, false, false, true}},
-                      false);
+static void SetOpenTrack(std::int32_t segments) {
+    SetCurve({{{10, 1, 1}, {11, 1, 1}, {12, 1, 1}, 30, true, false, false},
+              {{20, 1, 1}, {21, 1, 1}, {22, 1, 1}, 1, false, true, false},
+              {{30, 1, 1}, {31, 1, 1}, {32, 1, 1}, -5, false, false, true}},
+             false);
     Track.SegmentList = {{}, false, segments, {}};
     for (std::int32_t i = 0; i <= segments; ++i)
         Track.SegmentList.Segments.emplace_back().Color[0] = i < segments ? ColorValue(i + 1) : 0;
 }
 
 /// @return the X of the points of each node, its roll, which flag it has, and the colour of its segment.
-std::string NodesAndSegments() {
+static std::string NodesAndSegments() {
     std::ostringstream all;
     for (std::size_t i = 0; i < static_cast<std::size_t>(Track.BezierCurve.NodeCount); ++i) {
         const BezierNode& n = Track.BezierCurve.Nodes[i];
@@ -186,7 +183,8 @@ TEST_F(Tools, LayATrackBackOverItselfAndRunItBackwards) {
 }
 
 /// @return the report, with LF for its ends of lines.
-std::string Overview(const std::string& file = "gone.nltrack", const NumberSeparators& separators = {}) {
+static std::string Overview(const std::string& file = "gone.nltrack",
+                            const NumberSeparators& separators = {}) {
     AnalyzeTrack();
     std::string report = BuildTrackOverview(file, separators);
     for (std::size_t end = 0; (end = report.find("\r\n", end)) != std::string::npos;)
@@ -194,19 +192,19 @@ std::string Overview(const std::string& file = "gone.nltrack", const NumberSepar
     return report;
 }
 
-void ExpectLines(const std::string& lines) {
+static void ExpectLines(const std::string& lines) {
     EXPECT_NE(Overview().find(lines), std::string::npos) << lines << "is not in\n" << Overview();
 }
 
 /// Fills a list with one record for each of `types`.
 template <class Record>
-void Fill(List<Record>& list, std::int32_t Record::*type, const std::vector<std::int32_t>& types) {
+static void Fill(List<Record>& list, std::int32_t Record::*type, const std::vector<std::int32_t>& types) {
     for (const std::int32_t one : types)
         list.emplace_back().*type = one;
 }
 
 TEST_F(Report, TellsEverythingLineByLine) {
-    testing::SetStraightCurve({{-1000, 10.004F, 0}, {2000, 10.004F, 0}, {2000, 70, -80}}, false);
+    SetStraightCurve({{-1000, 10.004F, 0}, {2000, 10.004F, 0}, {2000, 70, -80}}, false);
     Track.FileHeader.Version = {1, 3, 0, 7}, Track.Environment.PreferredEnvironment = "Alps";
     Track.TrackHeader.TrackType = 9, Track.TrackHeader.NumTrains = 1234, Track.TrackHeader.CarsPerTrain = 5;
     Track.TrackInfo.AuthorComments = "Built in M\xFCnchen,\r\nfor fun.";
@@ -227,8 +225,8 @@ TEST_F(Report, TellsEverythingLineByLine) {
     Track.SceneryObjects.Items[1].FileName = "sub\\gate.3ds";
     Track.Terrain.HasTerrain = true, Track.Terrain.GridSizeX = 3, Track.Terrain.GridSizeZ = 1;
     Track.Terrain.Heights = {12.5F, 1234, 13};
-    const testing::TemporaryFolder folder;
-    testing::WriteBytes(folder.File("My.NLTRACK run.nltrack"), std::vector<unsigned char>(12345));
+    const TemporaryFolder folder;
+    WriteBytes(folder.File("My.NLTRACK run.nltrack"), Bytes(12345));
     EXPECT_EQ(
         Overview(folder.Inside("My.NLTRACK run.nltrack"), {".", ","}),
         "File Name...: My run\nFile Size...: 12.345 bytes.\nFile Version: 1.3.7.0\n\n"
@@ -258,7 +256,7 @@ TEST_F(Report, TellsEverythingLineByLine) {
         Track.SegmentList.Segments[i].Tunnel = true;
     ExpectLines("Tunneled Segments: 4\nActual Tunnels...: 3\n");
     for (const auto& [height, printed] : {std::pair(0.125F, "0.12"), {-0.004F, "0.00"}, {-3.5F, "-3.50"}}) {
-        testing::SetStraightCurve({{0, height, 0}, {100, height, 0}}, false);
+        SetStraightCurve({{0, height, 0}, {100, height, 0}}, false);
         ExpectLines(std::string("Lowest Track Height.: ") + printed + " meters.\n");
     }
     const std::tuple<List<float>, std::string, std::string> cases[] = {
@@ -272,5 +270,4 @@ TEST_F(Report, TellsEverythingLineByLine) {
     }
 }
 
-} // namespace
-} // namespace railwright
+} // namespace railwright::testing

@@ -12,15 +12,14 @@
 #include <limits>
 #include <sstream>
 
-namespace railwright {
-namespace {
+namespace railwright::testing {
 
-std::array<float, 9> Coordinates(const BezierNode& node) {
+static std::array<float, 9> Coordinates(const BezierNode& node) {
     const Vector3 &p = node.Position, &in = node.ControlIn, &out = node.ControlOut;
     return {p.X, p.Y, p.Z, in.X, in.Y, in.Z, out.X, out.Y, out.Z};
 }
 
-class NodeSmoother : public testing::EmptyDocuments {
+class NodeSmoother : public EmptyDocuments {
 protected:
     /// Smooths a curve of one free node, at `place` of the list, and two that a straight holds, so that the
     /// control points `before` and `after` beside the free node stay. @return the node.
@@ -29,7 +28,7 @@ protected:
         List<BezierNode> nodes = {
             node, {{60, 20, 100}, after, {20, 20, 100}}, {{-60, 20, 100}, {-20, 20, 100}, before}};
         std::rotate(nodes.begin(), nodes.end() - static_cast<std::ptrdiff_t>(place), nodes.end());
-        testing::SetCurve(nodes, true);
+        SetCurve(nodes, true);
         SmoothTrackNodes();
         return Track.BezierCurve.Nodes[place];
     }
@@ -58,7 +57,7 @@ constexpr const char* WorkedResult[] = {
 
 TEST_F(NodeSmoother, ComesToTheBitsOfTheReference) {
     for (const bool closed : {false, true}) { // first and last node are neighbours either way
-        testing::SetCurve(WorkedCurve, closed);
+        SetCurve(WorkedCurve, closed);
         SmoothTrackNodes();
         for (std::size_t i = 0; i < 9; ++i) {
             std::ostringstream bits;
@@ -74,7 +73,7 @@ TEST_F(NodeSmoother, KeepsStraightsClearsFlagCAndEndsWithNumbers) {
     for (const std::size_t count : {501U, 502U}) {
         List<Vector3> points(count, {0, 20, 0});
         points[1] = {100, 40, 0}, points[2] = {100, 20, 90}, points[3] = {0, -5, 300};
-        testing::SetStraightCurve(points, false);
+        SetStraightCurve(points, false);
         const List<BezierNode> before = Track.BezierCurve.Nodes;
         Track.BezierCurve.Nodes[2].FlagA = Track.BezierCurve.Nodes[2].FlagC = true;
         SmoothTrackNodes();
@@ -98,7 +97,7 @@ TEST_F(NodeSmoother, RefusesANodeAsAWholeAtTheBoundsOfTheWorld) {
             const Vector3 out = {10, y < 75 ? y + 10 : y - 10, 10};
             const BezierNode node = Smoothed({{0, y, 0}, in, out}, {-10, y, 5}, {5, y, -10}, place);
             EXPECT_EQ(node.ControlIn, in);
-            testing::ExpectNear(node.ControlOut, accepted ? Vector3{10, y, 10} : out, 1e-4F);
+            ExpectNear(node.ControlOut, accepted ? Vector3{10, y, 10} : out, 1e-4F);
             // Twenty halvings leave a hundred-thousandth, which the last sweep takes off at even places.
             EXPECT_TRUE(!accepted || y > 20 || (node.ControlOut.Y == y) == (place % 2 == 0));
         }
@@ -112,8 +111,8 @@ TEST_F(NodeSmoother, SlidesAPositionWithinLimits) {
                                                        {0.5F, 200, {0, 20, 5}},   {50, 0, {0, 20, 5}}};
     const Vector3 in = {-10, 20, 0}, out = {10, 20, 0};
     for (const auto& [before, after, expected] : cases)
-        testing::ExpectNear(Smoothed({{0, 20, 5}, in, out}, {-10, 20, -before}, {10, 20, -after}).Position,
-                            expected, 1e-3F);
+        ExpectNear(Smoothed({{0, 20, 5}, in, out}, {-10, 20, -before}, {10, 20, -after}).Position, expected,
+                   1e-3F);
     // All four in one line: the exact middle, whatever the distances.
     EXPECT_EQ(Smoothed({{3, 25, 0}, in, out}, {-40, 20, 0}, {30, 20, 0}).Position, (Vector3{0, 20, 0}));
     const Vector3 a = {1, 2, 3}, b = {10, 20, 30}, c = {40, 20, 5};
@@ -124,7 +123,7 @@ TEST_F(NodeSmoother, SlidesAPositionWithinLimits) {
                               {{a, a, a}, {b, b, b}, {c, c, c}},
                               {{a, a, {3e38F, 3, 3}}, {b, {-3e38F, 3, 3}, b}, {a, b, a}},
                               bad}) {
-        testing::SetCurve(curve, true);
+        SetCurve(curve, true);
         SmoothTrackNodes();
         std::size_t notFinite = 0;
         for (const BezierNode& node : Track.BezierCurve.Nodes)
@@ -134,5 +133,4 @@ TEST_F(NodeSmoother, SlidesAPositionWithinLimits) {
     }
 }
 
-} // namespace
-} // namespace railwright
+} // namespace railwright::testing

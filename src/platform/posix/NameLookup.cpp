@@ -55,7 +55,7 @@ std::vector<std::string> NamesIn(const std::string& nativeFolder, std::error_cod
 }
 
 std::string ExistingName(const std::string& path) {
-    const std::string native = PathForOutside(path);
+    std::string native = PathForOutside(path);
     if (Exists(native))
         return native;
     std::string found;

@@ -8,17 +8,10 @@
 #include <cstdlib>
 #include <filesystem>
 
-namespace railwright {
-namespace {
-
-using testing::ReadBytes;
-using testing::TemporaryFolder;
-using testing::TestRegistry;
-using testing::WriteBytes;
-using Bytes = std::vector<unsigned char>;
+namespace railwright::testing {
 
 /// Plain characters as the editor stores them.
-Bytes Wide(std::string_view characters) {
+static Bytes Wide(std::string_view characters) {
     Bytes bytes = {0xFF, 0xFE};
     for (const char character : characters)
         bytes.insert(bytes.end(), {static_cast<unsigned char>(character), 0});
@@ -26,16 +19,16 @@ Bytes Wide(std::string_view characters) {
 }
 
 /// Puts a file of that content in the registry's place.
-void Put(const TestRegistry& own, const Bytes& bytes) {
+static void Put(const TestRegistry& own, const Bytes& bytes) {
     std::filesystem::create_directories(std::filesystem::path(own.File()).parent_path());
     WriteBytes(own.File(), bytes);
 }
 
-bool Write(std::uint32_t type, const char* name, RegistryInput value) {
+static bool Write(std::uint32_t type, const char* name, RegistryInput value) {
     return WriteRegistryValue(HKEY_CLASSES_ROOT, "a\\B", type, name, value);
 }
 
-std::string Read(const std::string& key, const std::string& name) {
+static std::string Read(const std::string& key, const std::string& name) {
     std::string result;
     return ReadRegistryValue(HKEY_CLASSES_ROOT, key, name, result) ? result : "none";
 }
@@ -57,42 +50,25 @@ TEST(RegistryFile, IsWrittenAsTheEditorWritesIt) {
     for (int i = 0; i < 23; ++i)
         first += "01,";
     EXPECT_EQ(ReadBytes(own.File()), Wide(Head +
-                                          "[HKEY_CLASSES_ROOT]\r\n\r\n"
-                                          "[HKEY_CLASSES_ROOT\\.nltrack]\r\n"
-                                          "@=\"x\"\r\n\r\n"
-                                          "[HKEY_CLASSES_ROOT\\a]\r\n\r\n"
-                                          "[HKEY_CLASSES_ROOT\\a\\B]\r\n"
-                                          "@=\"C:\\\\x \\\"%1\\\"\"\r\n"
-                                          "\"d\"=dword:00001a2b\r\n"
-                                          "\"empty\"=hex:\r\n"
-                                          "\"q\\\"\\\\\"=hex(1):61,00,0a,00,62,00,00,00\r\n"
-                                          "\"z\"=hex:" +
-                                          first +
-                                          "\\\r\n"
-                                          "  01,01,01,01,01,01,01\r\n\r\n"));
+                                          "[HKEY_CLASSES_ROOT]\r\n\r\n[HKEY_CLASSES_ROOT\\.nltrack]\r\n"
+                                          "@=\"x\"\r\n\r\n[HKEY_CLASSES_ROOT\\a]\r\n\r\n"
+                                          "[HKEY_CLASSES_ROOT\\a\\B]\r\n@=\"C:\\\\x \\\"%1\\\"\"\r\n"
+                                          "\"d\"=dword:00001a2b\r\n\"empty\"=hex:\r\n"
+                                          "\"q\\\"\\\\\"=hex(1):61,00,0a,00,62,00,00,00\r\n\"z\"=hex:" +
+                                          first + "\\\r\n  01,01,01,01,01,01,01\r\n\r\n"));
     EXPECT_EQ(Read("A\\b", ""), "C:\\x \"%1\"");
     EXPECT_EQ(Read("A\\b", "q\"\\"), "a\nb");
 }
 
 TEST(RegistryFile, IsReadAsTheEditorExportsIt) {
-    const std::string lines = "; a comment\r\n"
-                              "[HKEY_CLASSES_ROOT\\Some [key]]\r\n"
-                              "@=\"first\"\r\n"
-                              "; @=\"not this\"\r\n"
-                              "  \"two\" = \"over\r\nlines\"\r\n"
-                              "\"Bytes\"=hex:01,\\\r\n  02,\\\r\n  0a\r\n"
-                              "\"number\"=dword:0000000A\r\n"
-                              "\"gone\"=\"x\"\r\n"
-                              "no line of the editor\r\n"
-                              "\"broken\"=what:1\r\n\r\n\r\n"
-                              "[hkey_classes_root\\SOME [KEY]]\r\n"
-                              "\"gone\"=-\r\n"
-                              "@=\"second\"\r\n\r\n"
+    const std::string lines = "; a comment\r\n[HKEY_CLASSES_ROOT\\Some [key]]\r\n@=\"first\"\r\n"
+                              "; @=\"not this\"\r\n  \"two\" = \"over\r\nlines\"\r\n"
+                              "\"Bytes\"=hex:01,\\\r\n  02,\\\r\n  0a\r\n\"number\"=dword:0000000A\r\n"
+                              "\"gone\"=\"x\"\r\nno line of the editor\r\n\"broken\"=what:1\r\n\r\n\r\n"
+                              "[hkey_classes_root\\SOME [KEY]]\r\n\"gone\"=-\r\n@=\"second\"\r\n\r\n"
                               "[HKEY_CLASSES_ROOT\\old\\inner]\r\n@=\"x\"\r\n"
-                              "[HKEY_CLASSES_ROOT\\older]\r\n@=\"kept\"\r\n"
-                              "[-HKEY_CLASSES_ROOT\\OLD]\r\n"
-                              "@=\"of no key\"\r\n"
-                              "[HKEY_LOCAL_MACHINE\\Software]\r\n\"e\"=hex(2):%\r\n"
+                              "[HKEY_CLASSES_ROOT\\older]\r\n@=\"kept\"\r\n[-HKEY_CLASSES_ROOT\\OLD]\r\n"
+                              "@=\"of no key\"\r\n[HKEY_LOCAL_MACHINE\\Software]\r\n\"e\"=hex(2):%\r\n"
                               "[HKEY_CLASSES_ROOT\\end]\r\n@=\"no line end";
     std::string older = "REGEDIT4\n\n";
     for (const char character : lines) // the older version and other systems' line ends
@@ -152,7 +128,7 @@ TEST(RegistryFile, StaysWholeWhateverFails) {
         bool written = false;
         int calls = 0;
         {
-            testing::FailingFiles files;
+            FailingFiles files;
             files.FailAt = failing;
             written = Write(REG_SZ, "", "new");
             calls = files.Calls;
@@ -197,5 +173,4 @@ TEST(RegistryFile, LiesInTheUsersDataFolder) {
     setenv("HOME", home.c_str(), 1);
 }
 
-} // namespace
-} // namespace railwright
+} // namespace railwright::testing

@@ -10,9 +10,6 @@
 namespace railwright::testing {
 
 namespace fs = std::filesystem;
-using Names = std::vector<std::string>;
-const Bytes Old(180, 'o');
-const Bytes New(250, 'n');
 
 TEST(WholeFile, FollowsLinksAndKeepsPermissions) {
     const TemporaryFolder folder;

@@ -1,0 +1,70 @@
+#include "tests/support/FailingFiles.h"
+#include "tests/support/TemporaryFolder.h"
+#include "track/mNoLimits_TrackIO_1_3.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <chrono>
+#include <csignal>
+#include <thread>
+
+#include <sys/mman.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace railwright::testing {
+
+/// How many saves a process has begun and ended, in memory that outlives it.
+struct Progress {
+    std::atomic<int> Begun, Ended;
+};
+
+TEST(SuddenEnd, LeavesTheOldOrTheNewTrackWholeWheneverItComes) {
+    const TemporaryFolder folder;
+    const FailingFiles inShortPieces;
+    ClearTrackDocument();
+    const auto save = [&](int number) { // two contents by turns, of different length and letters
+        Track.TrackInfo.AuthorComments.assign(number % 2 == 0 ? 60'000 : 40'000, "eo"[number % 2]);
+        return SaveTrackFile(folder.Inside("a.nltrack")).Done;
+    };
+    Bytes contents[2];
+    const auto start = std::chrono::steady_clock::now();
+    for (int number = 0; number < 20; ++number) {
+        ASSERT_TRUE(save(number));
+        contents[number % 2] = ReadBytes(folder.File("a.nltrack"));
+    }
+    const std::chrono::duration<double> one = (std::chrono::steady_clock::now() - start) / 20;
+    ASSERT_TRUE(contents[0].size() == 60'665 && contents[1].size() == 40'665);
+    auto* const saves = static_cast<Progress*>(
+        mmap(nullptr, sizeof(Progress), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0));
+
+    // A file that another process of this number has left behind lies in nobody's way.
+    const std::string ofThisProcess = ".railwright-" + std::to_string(getpid()) + "-0.tmp";
+    constexpr int kills = 200;
+    int beforeTheRename = 0, status = 0;
+    std::mt19937 random(1);
+    // On a busy machine the process often rests between two saves; then there are more kills.
+    for (int kill = 0; (kill < kills || (beforeTheRename < kills / 8 && kill < 20 * kills)) && !HasFailure();
+         ++kill) {
+        saves->Begun = saves->Ended = 0;
+        const pid_t child = fork();
+        while (child == 0)
+            saves->Ended += save(++saves->Begun) ? 1 : kills;
+        while (saves->Begun == 0)
+            std::this_thread::yield();
+        std::this_thread::sleep_for(one * std::uniform_real_distribution(0.0, 3.0)(random));
+        ASSERT_TRUE(::kill(child, SIGKILL) == 0 && waitpid(child, &status, 0) == child);
+        EXPECT_TRUE(WIFSIGNALED(status) && saves->Ended <= saves->Begun) << "a save has failed";
+        const Bytes found = ReadBytes(folder.File("a.nltrack"));
+        EXPECT_TRUE(found == contents[saves->Begun % 2] || found == contents[saves->Ended % 2]) << kill;
+        for (const std::string& name : folder.Names())
+            if (name != "a.nltrack" && name != ofThisProcess && ++beforeTheRename > 0)
+                std::filesystem::rename(folder.File(name), folder.File(ofThisProcess));
+        EXPECT_TRUE(save(0) && ReadBytes(folder.File("a.nltrack")) == contents[0] &&
+                    folder.Names().size() <= 2);
+    }
+    EXPECT_GE(beforeTheRename, kills / 8);
+}
+
+} // namespace railwright::testing
