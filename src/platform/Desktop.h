@@ -25,6 +25,15 @@ void OpenWebPage(const std::string& address);
 /// @return the folder of the running program, in Windows form.
 std::string ProgramFolder();
 
+/// While it lives, the pointer tells the user to wait.
+class WaitPointer {
+public:
+    WaitPointer();
+    ~WaitPointer();
+    WaitPointer(const WaitPointer&) = delete;
+    WaitPointer& operator=(const WaitPointer&) = delete;
+};
+
 /// Lets the events that wait for the window take place.
 void RunPendingEvents();
 

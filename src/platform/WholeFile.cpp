@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <limits>
+#include <new>
 #include <utility>
 
 namespace railwright {
@@ -94,7 +95,11 @@ FileResult ReadWholeFile(const std::string& path, std::vector<std::uint8_t>& byt
     FileToRead opened;
     if (FileResult result = OpenWholeFile(path, opened); !result)
         return result;
-    bytes.resize(static_cast<std::size_t>(opened.Length));
+    try {
+        bytes.resize(static_cast<std::size_t>(opened.Length));
+    } catch (const std::bad_alloc&) {
+        return FileResult::Failure("there is not enough memory to read it");
+    }
     std::error_code error;
     std::size_t done = 0;
     while (done < bytes.size() && !error) {

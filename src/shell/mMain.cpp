@@ -19,6 +19,7 @@
 
 #include <algorithm>
 #include <array>
+#include <new>
 #include <optional>
 
 namespace railwright {
@@ -112,15 +113,30 @@ std::optional<std::string> SimulatorFolder() {
     return FolderOf(chosen);
 }
 
+/// Runs what can take long, while the pointer tells to wait.
+void RunWaiting(const std::function<void()>& task) {
+    try {
+        const WaitPointer wait;
+        task();
+    } catch (const std::bad_alloc&) {
+        ShowError("There is not enough memory for this document!");
+    }
+}
+
 /// Opens a file whose extension tells what it is.
 bool OpenDocument(const std::string& file, const DocumentFlow& flow) {
-    if (!flow.Load(file)) {
+    bool loaded = false;
+    {
+        const WaitPointer wait;
+        loaded = flow.Load(file).Done;
+    }
+    if (!loaded) {
         ShowError(flow.LoadError);
         return false;
     }
     sDocumentFile = file;
     iDocumentKind = flow.Kind;
-    flow.Refresh();
+    RunWaiting(flow.Refresh);
     return true;
 }
 
@@ -140,8 +156,10 @@ void ApplyTool(std::int16_t kind, const std::function<void()>& change, void (*re
     // After a failed open the controls of the document before are still there, but not its data.
     if (iDocumentKind != kind)
         return;
-    change();
-    refresh();
+    RunWaiting([&] {
+        change();
+        refresh();
+    });
     frmMain::Instance().HasChanged();
 }
 
@@ -186,7 +204,12 @@ bool SaveNoLimitsFile() {
         const std::string chosen = AskForName(*flow);
         if (chosen.empty())
             return true;
-        if (!flow->Save(chosen)) {
+        bool saved = false;
+        {
+            const WaitPointer wait;
+            saved = flow->Save(chosen).Done;
+        }
+        if (!saved) {
             ShowError(flow->SaveError);
             return false;
         }

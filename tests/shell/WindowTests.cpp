@@ -287,6 +287,16 @@ void WindowTests::KeepsTheOldFileOfASaveThatFails() {
     }
 }
 
+void WindowTests::TellsToWaitAndGetsOverLackOfMemory() {
+    Program program(Comet);
+    bool waits = false;
+    ApplyTrackTool([&] { waits = QGuiApplication::overrideCursor() != nullptr; });
+    QVERIFY(waits && QGuiApplication::overrideCursor() == nullptr);
+    program.Box("Error|There is not enough memory for this document!|Warning|OK", "OK");
+    ApplyTrackTool([] { throw std::bad_alloc(); });
+    QVERIFY(QGuiApplication::overrideCursor() == nullptr && bDocumentChanged);
+}
+
 void WindowTests::PassesNamesThroughTheDialogs() {
     // A name that has no room is not offered; the dialog comes all the same.
     Program program;

@@ -79,6 +79,7 @@ private slots:
     void FailsToOpen();
     void Saves();
     void KeepsTheOldFileOfASaveThatFails();
+    void TellsToWaitAndGetsOverLackOfMemory();
     void PassesNamesThroughTheDialogs();
     void ClosesAsAnswered();
     void ChangesTheDocument();

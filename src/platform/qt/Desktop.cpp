@@ -4,8 +4,8 @@
 
 #include <cstdlib>
 
-#include <QCoreApplication>
 #include <QDesktopServices>
+#include <QGuiApplication>
 #include <QMessageBox>
 #include <QUrl>
 
@@ -64,6 +64,14 @@ void OpenWebPage(const std::string& address) {
 
 std::string ProgramFolder() {
     return PathFromOutside(QCoreApplication::applicationDirPath().toStdString());
+}
+
+WaitPointer::WaitPointer() {
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+}
+
+WaitPointer::~WaitPointer() {
+    QGuiApplication::restoreOverrideCursor();
 }
 
 void RunPendingEvents() {

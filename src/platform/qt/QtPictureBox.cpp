@@ -1,5 +1,7 @@
 #include "platform/qt/QtPictureBox.h"
 
+#include "platform/Desktop.h"
+
 #include <algorithm>
 #include <cmath>
 #include <optional>
@@ -43,6 +45,9 @@ std::optional<QLineF> Clipped(QPointF from, QPointF to) {
     }
     return QLineF(from, to);
 }
+
+/// From so many on the painting takes a time that a user notices.
+constexpr std::size_t ManyStrokes = 100'000;
 
 /// How a line is drawn.
 struct Brush {
@@ -128,8 +133,12 @@ QPixmap QtPictureBox::Drawn(double ratio) const {
 }
 
 void QtPictureBox::paintEvent(QPaintEvent* /*event*/) {
-    if (drawn.isNull() || drawn.devicePixelRatio() != devicePixelRatioF())
+    if (drawn.isNull() || drawn.devicePixelRatio() != devicePixelRatioF()) {
+        std::optional<WaitPointer> wait;
+        if (strokes.size() > ManyStrokes)
+            wait.emplace();
         drawn = Drawn(devicePixelRatioF());
+    }
     QPainter(this).drawPixmap(0, 0, drawn);
 }
 
