@@ -1,0 +1,27 @@
+#include "fuzz/HeapWatch.h"
+#include "platform/posix/RegistryText.h"
+
+namespace railwright {
+
+static bool operator==(const RegistryValue& a, const RegistryValue& b) {
+    return a.Name == b.Name && a.Type == b.Type && a.Data == b.Data;
+}
+static bool operator==(const RegistryKey& a, const RegistryKey& b) {
+    return a.Path == b.Path && a.Values == b.Values;
+}
+
+} // namespace railwright
+
+using namespace railwright;
+
+/// What parses is written and parses to the same.
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const auto tree = ParseRegistry({data, size});
+    if (!tree)
+        return 0;
+    const auto written = FormatRegistry(*tree);
+    const auto again = ParseRegistry(written);
+    fuzz::Require(again && again->Keys() == tree->Keys(), "what is written parses to the same");
+    fuzz::Require(FormatRegistry(*again) == written, "what was written is written the same again");
+    return 0;
+}
