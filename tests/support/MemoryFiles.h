@@ -114,8 +114,9 @@ private:
 
     /// The path in lower case, without what does not count in it.
     static std::string Key(Name path) {
-        const text characters = FromUtf8(path, SystemCodePage());
-        const bool holds = ToUtf8(characters, SystemCodePage()) == path;
+        const bool plain = std::all_of(path.begin(), path.end(), [](char c) { return c >= 0; });
+        const text characters = plain ? path : FromUtf8(path, SystemCodePage());
+        const bool holds = plain || ToUtf8(characters, SystemCodePage()) == path;
         const std::string folded =
             holds ? ToUtf8(LowerCase(characters, SystemCodePage()), SystemCodePage()) : path;
         std::string key;
