@@ -1,46 +1,40 @@
 #pragma once
 
 #include "element/mNoLimits_ElementIO_1_3.h"
-#include "fuzz/HeapWatch.h"
-#include "tests/support/MemoryFiles.h"
+#include "fuzz/Fuzz.h"
 #include "track/mNoLimits_TrackIO_1_3.h"
 
 namespace railwright::fuzz {
 
-using Bytes = testing::MemoryFiles::Bytes;
-
 /// What is done with the files of one kind of document.
 struct Kind {
-    std::string_view Extension;
+    std::string File;
     void (*Clear)();
     FileResult (*Load)(const std::string&);
     FileResult (*Save)(const std::string&);
 };
-inline constexpr Kind Tracks = {TrackExtension, ClearTrackDocument, LoadTrackFile, SaveTrackFile};
-inline constexpr Kind Elements = {ElementExtension, ClearElementDocument, LoadElementFile, SaveElementFile};
+inline const Kind track = {"a.nltrack", ClearTrackDocument, LoadTrackFile, SaveTrackFile};
+inline const Kind element = {"a.nlelem", ClearElementDocument, LoadElementFile, SaveElementFile};
 
 /// @return the file of the document in hand.
 inline Bytes Saved(const Kind& kind) {
-    testing::MemoryFiles files;
-    const std::string name = "saved" + std::string(kind.Extension);
-    Require(kind.Save(name).Done, "what is in hand can be saved");
-    return *files.Find(name);
+    const testing::MemoryFiles files;
+    Require(kind.Save(kind.File).Done, "what is in hand can be saved");
+    return *files.Find(kind.File);
 }
 
-/// @return whether a file could be loaded. One that could not has left an empty document and a reason.
+/// @return whether a file could be loaded. One that could not has left a reason and an empty document.
 inline bool Load(const Kind& kind, const Bytes& file) {
-    testing::MemoryFiles files;
-    const std::string name = "loaded" + std::string(kind.Extension);
-    files.Put(name, file);
     kind.Clear();
-    static const Bytes empty[] = {Saved(Tracks), Saved(Elements)};
-    HeapWatch watch;
-    const FileResult loaded = kind.Load(name);
-    watch.RequireSmall(file.size());
-    const auto length = static_cast<std::int64_t>(file.size());
-    Require(loaded.Done == loaded.Reason.empty() && loaded.Byte >= 0 && loaded.Byte <= length,
+    static const Bytes empty[] = {Saved(track), Saved(element)};
+    testing::MemoryFiles files;
+    files.Put(kind.File, file);
+    Heap::Start();
+    const FileResult loaded = kind.Load(kind.File);
+    Heap::StopAfter(file.size());
+    Require(loaded.Done == loaded.Reason.empty() && loaded.Byte >= 0 && loaded.Byte <= std::ssize(file),
             "a failure has a reason and a byte of the file");
-    Require(loaded.Done || Saved(kind) == empty[&kind == &Elements], "a failure leaves an empty document");
+    Require(loaded.Done || Saved(kind) == empty[&kind == &element], "a failure leaves an empty document");
     return loaded.Done;
 }
 

@@ -1,27 +1,20 @@
-#include <cstdint>
-#include <cstdio>
+#include "fuzz/Fuzz.h"
+
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <vector>
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 /// Runs the target once over every file of the given folders, none of which may be empty.
-int main(int count, char** arguments) {
+int main(int count, char** folders) {
     for (int i = 1; i < count; ++i) {
-        int files = 0;
-        for (const auto& entry : std::filesystem::directory_iterator(arguments[i])) {
+        if (std::filesystem::is_empty(folders[i]))
+            return std::printf("%s is empty\n", folders[i]), 1;
+        for (const auto& entry : std::filesystem::directory_iterator(folders[i])) {
+            std::fprintf(stderr, "%s\n", entry.path().c_str()); // the last line names the file at fault
             std::ifstream stream(entry.path(), std::ios::binary);
-            const std::vector<char> bytes{std::istreambuf_iterator<char>(stream), {}};
-            std::printf("%s\n", entry.path().c_str()); // the last line names the file at fault
-            std::fflush(stdout);
-            LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
-            ++files;
+            const railwright::fuzz::Bytes bytes{std::istreambuf_iterator<char>(stream), {}};
+            LLVMFuzzerTestOneInput(bytes.data(), bytes.size());
         }
-        std::printf("%d files in %s\n", files, arguments[i]);
-        if (files == 0)
-            return 1;
     }
     return count > 1 ? 0 : 1;
 }

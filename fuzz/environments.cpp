@@ -1,19 +1,17 @@
-#include "fuzz/HeapWatch.h"
+#include "fuzz/Fuzz.h"
 #include "install/mTool_EnvironmentCleaner.h"
-#include "tests/support/MemoryFiles.h"
+#include "platform/CodePage.h"
 
 #include <set>
 
-namespace railwright::fuzz {
-namespace {
+using namespace railwright;
+using namespace railwright::fuzz;
 
-using testing::MemoryFiles;
-using Bytes = MemoryFiles::Bytes;
+namespace {
 
 const std::string Simulator = "C:\\Simulator\\";
 
-class Quiet final : public OrganizerProgress {
-public:
+struct Quiet final : OrganizerProgress {
     void Clear() override {}
     void ShowShare(int) override {}
     void ShowDone() override {}
@@ -21,94 +19,73 @@ public:
     void Tell(const std::string&) override {}
 };
 
-text TextOf(const MemoryFiles& files, const std::string& path) {
-    const auto* const bytes = files.Find(path);
-    Require(bytes != nullptr, "no .env is lost");
-    return {bytes->begin(), bytes->end()};
-}
+/// What is asked of an environment's file before and after a run.
+struct Environment {
+    text Settings;
+    /// Those that it finds, in the order of its settings; an empty one for each that is missing.
+    std::vector<Bytes> Textures;
+    /// The settings without what a run may change in them.
+    text WhatStays;
 
-/// All files, by their paths in lower case.
-std::map<std::string, Bytes> FilesOf(const MemoryFiles& files) {
-    std::map<std::string, Bytes> all;
-    for (const auto& [key, entry] : files.Entries())
-        if (entry.Content)
-            all[key] = *entry.Content;
-    return all;
-}
-
-/// @return the textures that an environment finds, in the order of its settings; empty for a missing one.
-std::vector<Bytes> TexturesOf(const MemoryFiles& files, text settings) {
-    std::replace(settings.begin(), settings.end(), '/', '\\');
-    std::vector<Bytes> textures;
-    for (const text& path : ParseTexturePaths(settings)) {
-        const Bytes* const found = files.Find(Simulator + ToUtf8(path, SystemCodePage()));
-        textures.push_back(found == nullptr ? Bytes{} : *found);
+    Environment(const railwright::testing::MemoryFiles& files, const EnvironmentEntry& entry) {
+        const Bytes* const file = files.Find(entry.FilePath);
+        Require(file != nullptr, "no environment is lost");
+        Settings.assign(file->begin(), file->end());
+        text settings = Settings;
+        std::replace(settings.begin(), settings.end(), '/', '\\');
+        for (const text& path : ParseTexturePaths(settings)) {
+            const Bytes* const texture = files.Find(Simulator + ToUtf8(path, SystemCodePage()));
+            Textures.push_back(texture == nullptr ? Bytes{} : *texture);
+        }
+        const auto plain = [](const text& some) { return LowerCase(some, SystemCodePage()); };
+        const text folder = plain(FromUtf8(entry.Name, SystemCodePage())) + '\\';
+        WhatStays = plain(settings.substr(0, settings.find_last_not_of("\r\n") + 1));
+        for (std::size_t at = 0; (at = WhatStays.find(folder, at)) != text::npos;)
+            WhatStays.erase(at, folder.size());
     }
-    return textures;
-}
-
-/// @return an environment's text without what the organizer may change in it.
-text WhatStays(text settings, const text& name) {
-    while (settings.ends_with("\r\n"))
-        settings.resize(settings.size() - 2);
-    std::replace(settings.begin(), settings.end(), '/', '\\');
-    text lower = LowerCase(settings, SystemCodePage());
-    const text folder = LowerCase(name, SystemCodePage()) + '\\';
-    for (std::size_t at = 0; (at = lower.find(folder, at)) != text::npos;)
-        lower.erase(at, folder.size());
-    return lower;
-}
+};
 
 } // namespace
-} // namespace railwright::fuzz
-
-using namespace railwright;
-using namespace railwright::fuzz;
 
 /// The input is the simulator's folder: files with a NUL between them, each a path in its first line and its
-/// text. A texture holds its own name, so that no two are the same.
+/// text. A texture begins with its own path, so that no two are the same.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    MemoryFiles files;
+    railwright::testing::MemoryFiles files;
     for (const auto *at = data, *const end = data + size; at < end;) {
         const auto* const next = std::find(at, end, 0);
         const auto* const name = std::find(at, next, '\n');
         const std::string path(at, name);
-        const bool isEnvironment = HasExtension(path, ".env");
-        if (path.find_first_of(":/") == std::string::npos && ("\\" + path).find("\\..") == std::string::npos)
-            files.Put(Simulator + path, {isEnvironment ? std::min(name + 1, next) : at, next});
+        const auto* const content = HasExtension(path, ".env") ? std::min(name + 1, next) : at;
+        if (path.find_first_of(":/") == std::string::npos && path.find("..") == std::string::npos)
+            files.Put(Simulator + path, {content, next});
         at = next + 1;
     }
-    const auto before = FilesOf(files);
-    const EnvironmentScan scan = ScanEnvironments(Simulator);
-    std::map<std::string, std::pair<text, std::vector<Bytes>>> environments;
-    for (const EnvironmentEntry& entry : scan.EnvironmentList) {
-        const text settings = TextOf(files, entry.FilePath);
-        environments[entry.FilePath] = {settings, TexturesOf(files, settings)};
-    }
+    const auto before = files.Contents();
+    const std::vector<EnvironmentEntry> entries = ScanEnvironments(Simulator).EnvironmentList;
+    std::vector<Environment> environments;
+    for (const EnvironmentEntry& entry : entries)
+        environments.emplace_back(files, entry);
     Quiet progress;
-    const bool allWell = OrganizeEnvironments(Simulator, progress);
-    const auto after = FilesOf(files);
+    bool isDone = OrganizeEnvironments(Simulator, progress);
 
+    const auto after = files.Contents();
     std::set<Bytes> contents;
     for (const auto& [path, content] : after)
         contents.insert(content);
     for (const auto& [path, content] : before)
-        Require(path.ends_with(".env") || contents.contains(content), "no texture is lost");
-    bool isClosed = true;
-    for (const EnvironmentEntry& entry : scan.EnvironmentList) {
-        const auto& [settings, textures] = environments[entry.FilePath];
-        const text now = TextOf(files, entry.FilePath);
-        const text name = FromUtf8(entry.Name, SystemCodePage());
-        Require(WhatStays(now, name) == WhatStays(settings, name), "an environment keeps its text");
-        Require(!entry.Organized || now == settings, "an organized environment stays as it is");
-        const std::vector<Bytes> found = TexturesOf(files, now);
-        for (std::size_t i = 0; i < textures.size() && !entry.Organized; ++i)
-            Require(textures[i].empty() || found.at(i) == textures[i], "an environment finds its textures");
-        isClosed = isClosed && settings.ends_with("\r\n");
+        Require(HasExtension(path, ".env") || contents.contains(content), "no texture is lost");
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        const Environment& old = environments[i];
+        const Environment now(files, entries[i]);
+        Require(now.WhatStays == old.WhatStays, "an environment keeps its text but for folders");
+        Require(!entries[i].Organized || now.Settings == old.Settings, "what is organized stays as it is");
+        for (std::size_t k = 0; k < old.Textures.size() && !entries[i].Organized; ++k)
+            Require(old.Textures[k].empty() || now.Textures.at(k) == old.Textures[k], "a texture is found");
+        isDone = isDone && old.Settings.ends_with("\r\n"); // an open line only counts once it has been closed
     }
-    if (allWell && isClosed) {
+    if (isDone) {
         OrganizeEnvironments(Simulator, progress);
-        Require(FilesOf(files) == after, "a second run changes nothing");
+        Require(files.Contents() == after, "a second run changes nothing");
     }
     return 0;
 }

@@ -1,4 +1,4 @@
-#include "fuzz/HeapWatch.h"
+#include "fuzz/Fuzz.h"
 #include "platform/posix/RegistryText.h"
 
 namespace railwright {
@@ -12,16 +12,12 @@ static bool operator==(const RegistryKey& a, const RegistryKey& b) {
 
 } // namespace railwright
 
-using namespace railwright;
-
 /// What parses is written and parses to the same.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const auto tree = ParseRegistry({data, size});
-    if (!tree)
-        return 0;
-    const auto written = FormatRegistry(*tree);
-    const auto again = ParseRegistry(written);
-    fuzz::Require(again && again->Keys() == tree->Keys(), "what is written parses to the same");
-    fuzz::Require(FormatRegistry(*again) == written, "what was written is written the same again");
+    using namespace railwright;
+    if (const auto tree = ParseRegistry({data, size})) {
+        const auto again = ParseRegistry(FormatRegistry(*tree));
+        fuzz::Require(again && again->Keys() == tree->Keys(), "what is written parses to the same");
+    }
     return 0;
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "base/FileName.h"
-#include "platform/CodePage.h"
 #include "platform/FileOperations.h"
 
 #include <algorithm>
@@ -9,84 +8,78 @@
 
 namespace railwright::testing {
 
-/// Files and folders held in memory, in force while it lives. Names are the same in any case of letters.
+/// Files and folders held in memory, in force while it lives. Names are the same in any case of plain
+/// letters.
 class MemoryFiles final : public FileOperations {
     using Name = const std::string&;
     using Error = std::error_code&;
     using Opened = std::unique_ptr<OpenFile>;
+    using Kind = FileStatus::Kind;
 
 public:
     using Bytes = std::vector<std::uint8_t>;
-    struct Entry {
-        std::string Path;
-        std::shared_ptr<Bytes> Content; // none for a folder
-    };
 
     /// Puts a file in its place, with the folders above it. Nothing happens where something else stands.
     void Put(Name path, Bytes content) {
-        std::error_code error;
+        std::error_code taken;
         for (std::size_t end = path.find('\\'); end != std::string::npos; end = path.find('\\', end + 1))
-            CreateFolder(path.substr(0, end), error);
-        error.clear();
-        if (const Opened file = OpenNew(path, "", error); file)
-            file->Write(content, error);
+            Add(path.substr(0, end), nullptr, taken);
+        Add(path, std::make_shared<Bytes>(std::move(content)), taken);
     }
     /// @return the bytes of a file, null if there is none.
     const Bytes* Find(Name path) const {
-        const auto found = entries.find(Key(path));
-        return found == entries.end() ? nullptr : found->second.Content.get();
+        const auto found = all.find(Clean(path));
+        return found == all.end() ? nullptr : found->second.get();
     }
-    /// All that there is, by paths in lower case.
-    const std::map<std::string, Entry>& Entries() const { return entries; }
+    /// @return the bytes of all files by their paths.
+    std::map<std::string, Bytes> Contents() const {
+        std::map<std::string, Bytes> contents;
+        for (const auto& [path, content] : all)
+            if (content)
+                contents[path] = *content;
+        return contents;
+    }
 
     FileStatus Status(Name path) override {
-        const auto found = entries.find(Key(path));
-        if (found == entries.end())
-            return {};
-        const auto& [made, content] = found->second;
-        return {content ? FileStatus::Kind::File : FileStatus::Kind::Folder, BaseName(made).starts_with('.'),
-                true, content ? static_cast<std::int64_t>(content->size()) : 0};
+        const Bytes* const file = Find(path);
+        const Kind kind = file ? Kind::File : all.contains(Clean(path)) ? Kind::Folder : Kind::Missing;
+        return {kind, BaseName(path).starts_with('.'), true, file ? std::ssize(*file) : 0};
     }
     FileStatus ExactStatus(Name path) override { return Status(path); }
     std::string BehindLinks(Name path) override { return path; }
     std::string TemporaryNameBeside(Name path) override { return FolderOf(path) + ".railwright.tmp"; }
     void FlushFolder(Name) override {}
-    Opened OpenToRead(Name path, Error error) override {
-        const auto found = entries.find(Key(path));
-        const bool isFile = found != entries.end() && found->second.Content;
-        return Fails(!isFile, error) ? nullptr : std::make_unique<File>(found->second.Content);
+    Opened OpenToRead(Name a, Error e) override {
+        return Fails(!Find(a), e) ? nullptr : std::make_unique<File>(all[Clean(a)]);
     }
     Opened OpenToOverwrite(Name path, Error error) override { return OpenToRead(path, error); }
     Opened OpenNew(Name path, Name, Error error) override {
-        return Add(path, std::make_shared<Bytes>(), error) ? OpenToRead(path, error) : nullptr;
+        Add(path, std::make_shared<Bytes>(), error);
+        return error ? nullptr : OpenToRead(path, error);
     }
     void CreateFolder(Name path, Error error) override { Add(path, nullptr, error); }
     void Replace(Name from, Name to, Error error) override {
-        if (!Fails(!Find(from) || (!Find(to) && entries.contains(Key(to))), error) && Key(from) != Key(to))
-            entries.erase(Key(to)), Move(from, to, error);
+        if (!Fails(!Find(from) || Status(to).What == Kind::Folder, error))
+            all.erase(Clean(to)), Move(from, to, error);
     }
     void Move(Name from, Name to, Error error) override {
-        const std::string start = Key(from);
-        if (Fails(!entries.contains(start) || entries.contains(Key(to)) || !HasFolder(Key(to)), error))
+        const std::string start = Clean(from), below = start + '\\';
+        if (Fails(!all.contains(start), error) || !Add(to, nullptr, error))
             return;
-        const auto all = entries;
-        for (const auto& [key, entry] : all)
-            if (key == start || key.starts_with(start + '\\')) {
-                entries.erase(key);
-                const std::string path = to + entry.Path.substr(std::min(from.size(), entry.Path.size()));
-                entries[Key(to) + key.substr(start.size())] = {path, entry.Content};
-            }
+        for (const auto& [path, content] : std::map(all))
+            if (path == all.find(start)->first || Same(path.substr(0, below.size()), below))
+                all.erase(path), all[Clean(to) + path.substr(start.size())] = content;
     }
     void Delete(Name path, Error error) override {
         if (!Fails(!Find(path), error))
-            entries.erase(Key(path));
+            all.erase(Clean(path));
     }
     std::vector<std::string> List(Name folder, Error error) override {
         std::vector<std::string> names;
-        Fails(!entries.contains(Key(folder)) || Find(folder), error);
-        for (const auto& [key, entry] : entries)
-            if (FolderOf(key) == Key(folder) + '\\')
-                names.push_back(BaseName(entry.Path));
+        Fails(Status(folder).What != Kind::Folder, error);
+        for (const auto& [path, content] : all)
+            if (Same(FolderOf(path), Clean(folder) + '\\'))
+                names.push_back(BaseName(path));
         return names;
     }
 
@@ -95,15 +88,13 @@ private:
         explicit File(std::shared_ptr<Bytes> content) : Content(std::move(content)) {}
         std::size_t Read(std::span<std::uint8_t> into, Error) override {
             const std::size_t count = std::min(into.size(), Content->size() - At);
-            std::copy_n(Content->begin() + static_cast<std::ptrdiff_t>(At), count, into.begin());
-            At += count;
-            return count;
+            std::copy_n(Content->data() + At, count, into.data());
+            return At += count, count;
         }
         std::size_t Write(std::span<const std::uint8_t> bytes, Error) override {
             Content->resize(std::max(Content->size(), At + bytes.size()));
-            std::copy(bytes.begin(), bytes.end(), Content->begin() + static_cast<std::ptrdiff_t>(At));
-            At += bytes.size();
-            return bytes.size();
+            std::ranges::copy(bytes, Content->data() + At);
+            return At += bytes.size(), bytes.size();
         }
         void CutOff(Error) override { Content->resize(At); }
         void Flush(Error) override {}
@@ -111,36 +102,36 @@ private:
         std::shared_ptr<Bytes> Content;
         std::size_t At = 0;
     };
-
-    /// The path in lower case, without what does not count in it.
-    static std::string Key(Name path) {
-        const bool plain = std::all_of(path.begin(), path.end(), [](char c) { return c >= 0; });
-        const text characters = plain ? path : FromUtf8(path, SystemCodePage());
-        const bool holds = plain || ToUtf8(characters, SystemCodePage()) == path;
-        const std::string folded =
-            holds ? ToUtf8(LowerCase(characters, SystemCodePage()), SystemCodePage()) : path;
-        std::string key;
-        for (std::size_t start = 0, end = 0; start < folded.size(); start = end + 1) {
-            end = std::min(folded.find('\\', start), folded.size());
-            if (const std::string part = folded.substr(start, end - start); !part.empty() && part != ".")
-                key += (key.empty() ? "" : "\\") + part;
+    struct Before {
+        static char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 0x20) : c; }
+        bool operator()(Name a, Name b) const {
+            return std::ranges::lexicographical_compare(a, b, {}, Lower, Lower);
         }
-        return key;
+    };
+    static bool Same(Name a, Name b) { return !Before()(a, b) && !Before()(b, a); }
+
+    /// The path without what does not count in it.
+    static std::string Clean(Name path) {
+        std::string clean;
+        for (std::size_t start = 0, end = 0; start < path.size(); start = end + 1) {
+            end = std::min(path.find('\\', start), path.size());
+            if (end > start && path.compare(start, end - start, ".") != 0)
+                clean += (clean.empty() ? "" : "\\") + path.substr(start, end - start);
+        }
+        return clean;
     }
-    bool HasFolder(Name key) const {
-        const auto above = entries.find(key.substr(0, std::min(key.rfind('\\'), key.size())));
-        return key.find('\\') == std::string::npos || (above != entries.end() && !above->second.Content);
-    }
+    /// Adds what is new and has a folder to lie in.
     bool Add(Name path, std::shared_ptr<Bytes> content, Error error) {
-        return !Fails(entries.contains(Key(path)) || !HasFolder(Key(path)), error) &&
-               entries.emplace(Key(path), Entry{path, std::move(content)}).second;
+        const std::string clean = Clean(path), above = FolderOf(clean);
+        return !Fails(all.contains(clean) || (!above.empty() && Status(above).What != Kind::Folder), error) &&
+               all.emplace(clean, std::move(content)).second;
     }
     static bool Fails(bool fails, Error error) {
         error = fails ? std::make_error_code(std::errc::no_such_file_or_directory) : error;
         return fails;
     }
 
-    std::map<std::string, Entry> entries;
+    std::map<std::string, std::shared_ptr<Bytes>, Before> all; // no bytes for a folder
     ScopedFileOperations scope{*this};
 };
 
