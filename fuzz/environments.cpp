@@ -1,6 +1,7 @@
 #include "fuzz/Fuzz.h"
 #include "install/mTool_EnvironmentCleaner.h"
 #include "platform/CodePage.h"
+#include "platform/WholeFile.h"
 
 #include <set>
 
@@ -19,15 +20,15 @@ struct Quiet final : OrganizerProgress {
     void Tell(const std::string&) override {}
 };
 
-/// What is asked of an environment's file before and after a run.
+/// What an environment's file tells before and after a run.
 struct Environment {
     text Settings;
-    /// Those that it finds, in the order of its settings; an empty one for each that is missing.
-    std::vector<Bytes> Textures;
+    /// What it finds, in the order of its settings; null for what is missing.
+    std::vector<std::optional<Bytes>> Textures;
     /// The settings without what a run may change in them.
     text WhatStays;
 
-    Environment(const railwright::testing::MemoryFiles& files, const EnvironmentEntry& entry) {
+    Environment(const MemoryFiles& files, const EnvironmentEntry& entry) {
         const Bytes* const file = files.Find(entry.FilePath);
         Require(file != nullptr, "no environment is lost");
         Settings.assign(file->begin(), file->end());
@@ -35,57 +36,60 @@ struct Environment {
         std::replace(settings.begin(), settings.end(), '/', '\\');
         for (const text& path : ParseTexturePaths(settings)) {
             const Bytes* const texture = files.Find(Simulator + ToUtf8(path, SystemCodePage()));
-            Textures.push_back(texture == nullptr ? Bytes{} : *texture);
+            Textures.push_back(texture == nullptr ? std::nullopt : std::optional(*texture));
         }
-        const auto plain = [](const text& some) { return LowerCase(some, SystemCodePage()); };
-        const text folder = plain(FromUtf8(entry.Name, SystemCodePage())) + '\\';
-        WhatStays = plain(settings.substr(0, settings.find_last_not_of("\r\n") + 1));
+        const text folder = LowerCase(FromUtf8(entry.Name, SystemCodePage()), SystemCodePage()) + '\\';
+        WhatStays = LowerCase(settings.substr(0, settings.find_last_not_of("\r\n") + 1), SystemCodePage());
         for (std::size_t at = 0; (at = WhatStays.find(folder, at)) != text::npos;)
             WhatStays.erase(at, folder.size());
     }
 };
+
+std::vector<Environment> Tell(const MemoryFiles& files, const std::vector<EnvironmentEntry>& entries) {
+    std::vector<Environment> environments;
+    for (const EnvironmentEntry& entry : entries)
+        environments.emplace_back(files, entry);
+    return environments;
+}
 
 } // namespace
 
 /// The input is the simulator's folder: files with a NUL between them, each a path in its first line and its
 /// text. A texture begins with its own path, so that no two are the same.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    railwright::testing::MemoryFiles files;
+    const MemoryFiles files;
     for (const auto *at = data, *const end = data + size; at < end;) {
         const auto* const next = std::find(at, end, 0);
         const auto* const name = std::find(at, next, '\n');
-        const std::string path(at, name);
-        const auto* const content = HasExtension(path, ".env") ? std::min(name + 1, next) : at;
-        if (path.find_first_of(":/") == std::string::npos && path.find("..") == std::string::npos)
-            files.Put(Simulator + path, {content, next});
+        const std::string path = Simulator + std::string(at, name);
+        if (path.find_first_of(":/", 2) == std::string::npos && path.find("..") == std::string::npos &&
+            CreateFolders(FolderOf(path)))
+            WriteWholeFile(path, {HasExtension(path, ".env") ? std::min(name + 1, next) : at, next});
         at = next + 1;
     }
-    const auto before = files.Contents();
+    const auto before = files.All();
     const std::vector<EnvironmentEntry> entries = ScanEnvironments(Simulator).EnvironmentList;
-    std::vector<Environment> environments;
-    for (const EnvironmentEntry& entry : entries)
-        environments.emplace_back(files, entry);
+    const std::vector<Environment> old = Tell(files, entries);
     Quiet progress;
     bool isDone = OrganizeEnvironments(Simulator, progress);
+    const auto after = files.All();
+    const std::vector<Environment> now = Tell(files, entries);
 
-    const auto after = files.Contents();
-    std::set<Bytes> contents;
+    std::set<std::optional<Bytes>> contents = {std::nullopt};
     for (const auto& [path, content] : after)
         contents.insert(content);
     for (const auto& [path, content] : before)
         Require(HasExtension(path, ".env") || contents.contains(content), "no texture is lost");
     for (std::size_t i = 0; i < entries.size(); ++i) {
-        const Environment& old = environments[i];
-        const Environment now(files, entries[i]);
-        Require(now.WhatStays == old.WhatStays, "an environment keeps its text but for folders");
-        Require(!entries[i].Organized || now.Settings == old.Settings, "what is organized stays as it is");
-        for (std::size_t k = 0; k < old.Textures.size() && !entries[i].Organized; ++k)
-            Require(old.Textures[k].empty() || now.Textures.at(k) == old.Textures[k], "a texture is found");
-        isDone = isDone && old.Settings.ends_with("\r\n"); // an open line only counts once it has been closed
+        Require(now[i].WhatStays == old[i].WhatStays, "an environment keeps its text but for folders");
+        Require(!entries[i].Organized || now[i].Settings == old[i].Settings, "what is organized stays");
+        for (std::size_t k = 0; k < old[i].Textures.size() && !entries[i].Organized; ++k)
+            Require(!old[i].Textures[k] || now[i].Textures.at(k) == old[i].Textures[k], "textures are found");
+        isDone = isDone && old[i].Settings.ends_with("\r\n"); // an open line counts once a run has closed it
     }
     if (isDone) {
         OrganizeEnvironments(Simulator, progress);
-        Require(files.Contents() == after, "a second run changes nothing");
+        Require(files.All() == after, "a second run changes nothing");
     }
     return 0;
 }

@@ -5,11 +5,11 @@
 
 #include <algorithm>
 #include <map>
+#include <optional>
 
 namespace railwright::testing {
 
-/// Files and folders held in memory, in force while it lives. Names are the same in any case of plain
-/// letters.
+/// Files and folders held in memory, in force while it lives. Plain letters of their names are lower case.
 class MemoryFiles final : public FileOperations {
     using Name = const std::string&;
     using Error = std::error_code&;
@@ -19,119 +19,98 @@ class MemoryFiles final : public FileOperations {
 public:
     using Bytes = std::vector<std::uint8_t>;
 
-    /// Puts a file in its place, with the folders above it. Nothing happens where something else stands.
-    void Put(Name path, Bytes content) {
-        std::error_code taken;
-        for (std::size_t end = path.find('\\'); end != std::string::npos; end = path.find('\\', end + 1))
-            Add(path.substr(0, end), nullptr, taken);
-        Add(path, std::make_shared<Bytes>(std::move(content)), taken);
-    }
+    /// Everything by its path: the bytes of a file, none for a folder.
+    const std::map<std::string, std::optional<Bytes>>& All() const { return all; }
     /// @return the bytes of a file, null if there is none.
     const Bytes* Find(Name path) const {
-        const auto found = all.find(Clean(path));
-        return found == all.end() ? nullptr : found->second.get();
-    }
-    /// @return the bytes of all files by their paths.
-    std::map<std::string, Bytes> Contents() const {
-        std::map<std::string, Bytes> contents;
-        for (const auto& [path, content] : all)
-            if (content)
-                contents[path] = *content;
-        return contents;
+        const auto found = all.find(Key(path));
+        return found == all.end() || !found->second ? nullptr : &*found->second;
     }
 
     FileStatus Status(Name path) override {
         const Bytes* const file = Find(path);
-        const Kind kind = file ? Kind::File : all.contains(Clean(path)) ? Kind::Folder : Kind::Missing;
+        const Kind kind = file ? Kind::File : all.contains(Key(path)) ? Kind::Folder : Kind::Missing;
         return {kind, BaseName(path).starts_with('.'), true, file ? std::ssize(*file) : 0};
     }
     FileStatus ExactStatus(Name path) override { return Status(path); }
     std::string BehindLinks(Name path) override { return path; }
     std::string TemporaryNameBeside(Name path) override { return FolderOf(path) + ".railwright.tmp"; }
     void FlushFolder(Name) override {}
-    Opened OpenToRead(Name a, Error e) override {
-        return Fails(!Find(a), e) ? nullptr : std::make_unique<File>(all[Clean(a)]);
+    Opened OpenToRead(Name path, Error error) override {
+        return Fails(!Find(path), error) ? nullptr : std::make_unique<File>(*all[Key(path)]);
     }
     Opened OpenToOverwrite(Name path, Error error) override { return OpenToRead(path, error); }
     Opened OpenNew(Name path, Name, Error error) override {
-        Add(path, std::make_shared<Bytes>(), error);
-        return error ? nullptr : OpenToRead(path, error);
+        return Add(path, Bytes{}, error) ? OpenToRead(path, error) : nullptr;
     }
-    void CreateFolder(Name path, Error error) override { Add(path, nullptr, error); }
+    void CreateFolder(Name path, Error error) override { Add(path, {}, error); }
     void Replace(Name from, Name to, Error error) override {
         if (!Fails(!Find(from) || Status(to).What == Kind::Folder, error))
-            all.erase(Clean(to)), Move(from, to, error);
+            all.erase(Key(to)), Move(from, to, error);
     }
     void Move(Name from, Name to, Error error) override {
-        const std::string start = Clean(from), below = start + '\\';
-        if (Fails(!all.contains(start), error) || !Add(to, nullptr, error))
+        const std::string start = Key(from);
+        if (Fails(!all.contains(start), error) || !Add(to, {}, error))
             return;
-        for (const auto& [path, content] : std::map(all))
-            if (path == all.find(start)->first || Same(path.substr(0, below.size()), below))
-                all.erase(path), all[Clean(to) + path.substr(start.size())] = content;
+        for (const auto& [path, bytes] : std::map(all))
+            if (path == start || path.starts_with(start + '\\'))
+                all.erase(path), all[Key(to) + path.substr(start.size())] = bytes;
     }
     void Delete(Name path, Error error) override {
         if (!Fails(!Find(path), error))
-            all.erase(Clean(path));
+            all.erase(Key(path));
     }
     std::vector<std::string> List(Name folder, Error error) override {
         std::vector<std::string> names;
         Fails(Status(folder).What != Kind::Folder, error);
-        for (const auto& [path, content] : all)
-            if (Same(FolderOf(path), Clean(folder) + '\\'))
+        for (const auto& [path, bytes] : all)
+            if (FolderOf(path) == Key(folder) + '\\')
                 names.push_back(BaseName(path));
         return names;
     }
 
 private:
     struct File final : OpenFile {
-        explicit File(std::shared_ptr<Bytes> content) : Content(std::move(content)) {}
+        explicit File(Bytes& bytes) : All(bytes) {}
         std::size_t Read(std::span<std::uint8_t> into, Error) override {
-            const std::size_t count = std::min(into.size(), Content->size() - At);
-            std::copy_n(Content->data() + At, count, into.data());
-            return At += count, count;
+            const auto part = std::span(All).subspan(At, std::min(into.size(), All.size() - At));
+            std::ranges::copy(part, into.begin());
+            return At += part.size(), part.size();
         }
         std::size_t Write(std::span<const std::uint8_t> bytes, Error) override {
-            Content->resize(std::max(Content->size(), At + bytes.size()));
-            std::ranges::copy(bytes, Content->data() + At);
+            All.resize(std::max(All.size(), At + bytes.size()));
+            std::ranges::copy(bytes, All.data() + At);
             return At += bytes.size(), bytes.size();
         }
-        void CutOff(Error) override { Content->resize(At); }
+        void CutOff(Error) override { All.resize(At); }
         void Flush(Error) override {}
         void Close(Error) override {}
-        std::shared_ptr<Bytes> Content;
+        Bytes& All;
         std::size_t At = 0;
     };
-    struct Before {
-        static char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 0x20) : c; }
-        bool operator()(Name a, Name b) const {
-            return std::ranges::lexicographical_compare(a, b, {}, Lower, Lower);
-        }
-    };
-    static bool Same(Name a, Name b) { return !Before()(a, b) && !Before()(b, a); }
 
-    /// The path without what does not count in it.
-    static std::string Clean(Name path) {
-        std::string clean;
+    static std::string Key(Name path) {
+        std::string key;
         for (std::size_t start = 0, end = 0; start < path.size(); start = end + 1) {
             end = std::min(path.find('\\', start), path.size());
             if (end > start && path.compare(start, end - start, ".") != 0)
-                clean += (clean.empty() ? "" : "\\") + path.substr(start, end - start);
+                key += (key.empty() ? "" : "\\") + path.substr(start, end - start);
         }
-        return clean;
+        for (char& c : key)
+            c = c >= 'A' && c <= 'Z' ? static_cast<char>(c + 0x20) : c;
+        return key;
     }
     /// Adds what is new and has a folder to lie in.
-    bool Add(Name path, std::shared_ptr<Bytes> content, Error error) {
-        const std::string clean = Clean(path), above = FolderOf(clean);
-        return !Fails(all.contains(clean) || (!above.empty() && Status(above).What != Kind::Folder), error) &&
-               all.emplace(clean, std::move(content)).second;
+    bool Add(Name path, std::optional<Bytes> bytes, Error error) {
+        const std::string above = FolderOf(Key(path));
+        const bool isFree = above.empty() || Status(above).What == Kind::Folder;
+        return !Fails(!isFree || !all.emplace(Key(path), std::move(bytes)).second, error);
     }
     static bool Fails(bool fails, Error error) {
-        error = fails ? std::make_error_code(std::errc::no_such_file_or_directory) : error;
-        return fails;
+        return fails && (error = std::make_error_code(std::errc::no_such_file_or_directory));
     }
 
-    std::map<std::string, std::shared_ptr<Bytes>, Before> all; // no bytes for a folder
+    std::map<std::string, std::optional<Bytes>> all;
     ScopedFileOperations scope{*this};
 };
 
