@@ -90,8 +90,10 @@ public:
             return;
         if (FindIgnoringCase(settings, TextureKey, 0) == text::npos)
             return; // it could not be read when it was looked at
-        if (ToUtf8(FromUtf8(entry.Name, SystemCodePage()), SystemCodePage()) != entry.Name)
+        if (ToUtf8(FromUtf8(entry.Name, SystemCodePage()), SystemCodePage()) != entry.Name) {
+            allWell = false; // it goes on naming loose files
             return bar.Tell(entry.Name + ": no setting can hold this name, it is passed over");
+        }
         const text before = settings;
         std::replace(settings.begin(), settings.end(), '/', '\\');
         if (!RelocateTextures(settings, entry.Name))
