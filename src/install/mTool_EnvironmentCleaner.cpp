@@ -67,7 +67,7 @@ std::string SimulatorFolder(const std::string& sNoLimitsPath) {
 }
 
 bool IsOrganized(const std::string& sEnvFolder, const std::string& name) {
-    if (Exists(sEnvFolder + name))
+    if (Files().Status(sEnvFolder + name).What == FileStatus::Kind::Folder)
         return !Exists(sEnvFolder + name + UnfinishedMark);
     text settings;
     return ReadTextFile(sEnvFolder + name + std::string(EnvironmentExtension), settings) &&
