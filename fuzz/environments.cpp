@@ -36,7 +36,8 @@ struct Environment {
         std::replace(settings.begin(), settings.end(), '/', '\\');
         for (const text& path : ParseTexturePaths(settings)) {
             const Bytes* const texture = files.Find(Simulator + ToUtf8(path, SystemCodePage()));
-            Textures.push_back(texture == nullptr ? std::nullopt : std::optional(*texture));
+            const bool asWritten = settings.find(path) != text::npos; // not with an equals sign inside
+            Textures.push_back(texture != nullptr && asWritten ? std::optional(*texture) : std::nullopt);
         }
         const text folder = LowerCase(FromUtf8(entry.Name, SystemCodePage()), SystemCodePage()) + '\\';
         WhatStays = LowerCase(settings.substr(0, settings.find_last_not_of("\r\n") + 1), SystemCodePage());
@@ -55,14 +56,15 @@ std::vector<Environment> Tell(const MemoryFiles& files, const std::vector<Enviro
 } // namespace
 
 /// The input is the simulator's folder: files with a NUL between them, each a path in its first line and its
-/// text. A texture begins with its own path, so that no two are the same.
+/// text. A texture begins with its own path, so that no two are the same. What leads elsewhere is left out,
+/// and so is the organizer's own "~".
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const MemoryFiles files;
     for (const auto *at = data, *const end = data + size; at < end;) {
         const auto* const next = std::find(at, end, 0);
         const auto* const name = std::find(at, next, '\n');
         const std::string path = Simulator + std::string(at, name);
-        if (path.find_first_of(":/", 2) == std::string::npos && path.find("..") == std::string::npos &&
+        if (path.find_first_of(":/~", 2) == std::string::npos && path.find("..") == std::string::npos &&
             CreateFolders(FolderOf(path)))
             WriteWholeFile(path, {HasExtension(path, ".env") ? std::min(name + 1, next) : at, next});
         at = next + 1;
