@@ -7,8 +7,7 @@
 /// Runs the target once over every file of the given folders, none of which may be empty.
 int main(int count, char** folders) {
     for (int i = 1; i < count; ++i) {
-        if (std::filesystem::is_empty(folders[i]))
-            return std::printf("%s is empty\n", folders[i]), 1;
+        railwright::fuzz::Require(!std::filesystem::is_empty(folders[i]), "there are files to run over");
         for (const auto& entry : std::filesystem::directory_iterator(folders[i])) {
             std::fprintf(stderr, "%s\n", entry.path().c_str()); // the last line names the file at fault
             std::ifstream stream(entry.path(), std::ios::binary);

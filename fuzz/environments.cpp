@@ -46,13 +46,6 @@ struct Environment {
     }
 };
 
-std::vector<Environment> Tell(const MemoryFiles& files, const std::vector<EnvironmentEntry>& entries) {
-    std::vector<Environment> environments;
-    for (const EnvironmentEntry& entry : entries)
-        environments.emplace_back(files, entry);
-    return environments;
-}
-
 } // namespace
 
 /// The input is the simulator's folder: files with a NUL between them, each a path in its first line and its
@@ -69,29 +62,31 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
             WriteWholeFile(path, {HasExtension(path, ".env") ? std::min(name + 1, next) : at, next});
         at = next + 1;
     }
-    const auto before = files.All();
+    const auto before = files.All;
     const std::vector<EnvironmentEntry> entries = ScanEnvironments(Simulator).EnvironmentList;
-    const std::vector<Environment> old = Tell(files, entries);
+    std::vector<Environment> environments;
+    for (const EnvironmentEntry& entry : entries)
+        environments.emplace_back(files, entry);
     Quiet progress;
     bool isDone = OrganizeEnvironments(Simulator, progress);
-    const auto after = files.All();
-    const std::vector<Environment> now = Tell(files, entries);
 
+    const auto after = files.All;
     std::set<std::optional<Bytes>> contents = {std::nullopt};
     for (const auto& [path, content] : after)
         contents.insert(content);
     for (const auto& [path, content] : before)
         Require(HasExtension(path, ".env") || contents.contains(content), "no texture is lost");
     for (std::size_t i = 0; i < entries.size(); ++i) {
-        Require(now[i].WhatStays == old[i].WhatStays, "an environment keeps its text but for folders");
-        Require(!entries[i].Organized || now[i].Settings == old[i].Settings, "what is organized stays");
-        for (std::size_t k = 0; k < old[i].Textures.size() && !entries[i].Organized; ++k)
-            Require(!old[i].Textures[k] || now[i].Textures.at(k) == old[i].Textures[k], "textures are found");
-        isDone = isDone && old[i].Settings.ends_with("\r\n"); // an open line counts once a run has closed it
+        const Environment &old = environments[i], now(files, entries[i]);
+        Require(now.WhatStays == old.WhatStays, "an environment keeps its text but for folders");
+        Require(!entries[i].Organized || now.Settings == old.Settings, "what is organized stays");
+        for (std::size_t k = 0; k < old.Textures.size() && !entries[i].Organized; ++k)
+            Require(!old.Textures[k] || now.Textures.at(k) == old.Textures[k], "textures are found");
+        isDone = isDone && old.Settings.ends_with("\r\n"); // an open line counts once a run has closed it
     }
     if (isDone) {
         OrganizeEnvironments(Simulator, progress);
-        Require(files.All() == after, "a second run changes nothing");
+        Require(files.All == after, "a second run changes nothing");
     }
     return 0;
 }
