@@ -18,7 +18,6 @@ class MemoryFiles final : public FileOperations {
 
 public:
     using Bytes = std::vector<std::uint8_t>;
-
     /// Everything by its path: the bytes of a file, none for a folder.
     std::map<std::string, std::optional<Bytes>> All;
     /// @return the bytes of a file, null if there is none.
