@@ -86,6 +86,14 @@ bool IsOrganized(const std::string& sEnvFolder, const std::string& name) {
            FindIgnoringCase(settings, TextureKey, 0) == text::npos;
 }
 
+/// Whether a setting can name what lies in the subfolder of that environment.
+bool FitsInSetting(const std::string& name) {
+    const text folder = EnvironmentsFolder + FromUtf8(name, SystemCodePage()) + '\\';
+    const text setting = TextureKey + ('=' + folder) + text(EndOfLine);
+    return ToUtf8(folder, SystemCodePage()) == EnvironmentsFolder + name + '\\' &&
+           ParseTexturePaths(setting) == std::vector{folder};
+}
+
 /// One run of the organizer.
 class Run {
 public:
@@ -102,7 +110,7 @@ public:
             return;
         if (FindIgnoringCase(settings, TextureKey, 0) == text::npos)
             return; // it could not be read when it was looked at
-        if (ToUtf8(FromUtf8(entry.Name, SystemCodePage()), SystemCodePage()) != entry.Name) {
+        if (!FitsInSetting(entry.Name)) {
             allWell = false; // it goes on naming loose files
             return bar.Tell(entry.Name + ": no setting can hold this name, it is passed over");
         }
