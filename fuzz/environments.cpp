@@ -36,7 +36,7 @@ struct Environment {
         std::replace(settings.begin(), settings.end(), '/', '\\');
         for (const text& path : ParseTexturePaths(settings)) {
             const Bytes* const texture = files.Find(Simulator + ToUtf8(path, SystemCodePage()));
-            const bool asWritten = settings.find(path) != text::npos; // not with an equals sign inside
+            const bool asWritten = settings.find(path + "\r\n") != text::npos; // no equals sign inside
             Textures.push_back(texture != nullptr && asWritten ? std::optional(*texture) : std::nullopt);
         }
         const text folder = LowerCase(FromUtf8(entry.Name, SystemCodePage()), SystemCodePage()) + '\\';
