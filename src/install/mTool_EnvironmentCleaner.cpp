@@ -7,6 +7,7 @@
 #include "platform/FileOperations.h"
 
 #include <algorithm>
+#include <map>
 #include <string_view>
 
 namespace railwright {
@@ -34,9 +35,20 @@ text ReplacedIgnoringCase(const text& in, const text& piece, const text& by) {
     return replaced + in.substr(from);
 }
 
-void ReplaceEvery(text& in, const text& piece, const text& by) {
-    for (std::size_t at = in.find(piece); at != text::npos; at = in.find(piece, at + by.size()))
-        in.replace(at, piece.size(), by);
+/// Replaces each of some pieces, wherever it stands, by what belongs to it. Where several begin, the longest
+/// is taken, and nothing is replaced twice.
+text ReplacedAtOnce(const text& in, const std::map<text, text>& pieces) {
+    text replaced;
+    for (std::size_t at = 0; at < in.size();) {
+        std::pair<text, text> longest;
+        for (const auto& piece : pieces)
+            if (piece.first.size() > longest.first.size() &&
+                in.compare(at, piece.first.size(), piece.first) == 0)
+                longest = piece;
+        replaced += longest.first.empty() ? text(1, in[at]) : longest.second;
+        at += std::max<std::size_t>(longest.first.size(), 1);
+    }
+    return replaced;
 }
 
 /// Whether a path below the simulator's folder could lead to somewhere else: up, or to another drive.
@@ -67,11 +79,19 @@ std::string SimulatorFolder(const std::string& sNoLimitsPath) {
 }
 
 bool IsOrganized(const std::string& sEnvFolder, const std::string& name) {
-    if (Exists(sEnvFolder + name))
+    if (Files().Status(sEnvFolder + name).What == FileStatus::Kind::Folder)
         return !Exists(sEnvFolder + name + UnfinishedMark);
     text settings;
     return ReadTextFile(sEnvFolder + name + std::string(EnvironmentExtension), settings) &&
            FindIgnoringCase(settings, TextureKey, 0) == text::npos;
+}
+
+/// Whether a setting can name what lies in the subfolder of that environment.
+bool FitsInSetting(const std::string& name) {
+    const text folder = EnvironmentsFolder + FromUtf8(name, SystemCodePage()) + '\\';
+    const text setting = TextureKey + ('=' + folder) + text(EndOfLine);
+    return ToUtf8(folder, SystemCodePage()) == EnvironmentsFolder + name + '\\' &&
+           ParseTexturePaths(setting) == std::vector{folder};
 }
 
 /// One run of the organizer.
@@ -90,8 +110,10 @@ public:
             return;
         if (FindIgnoringCase(settings, TextureKey, 0) == text::npos)
             return; // it could not be read when it was looked at
-        if (ToUtf8(FromUtf8(entry.Name, SystemCodePage()), SystemCodePage()) != entry.Name)
+        if (!FitsInSetting(entry.Name)) {
+            allWell = false; // it goes on naming loose files
             return bar.Tell(entry.Name + ": no setting can hold this name, it is passed over");
+        }
         const text before = settings;
         std::replace(settings.begin(), settings.end(), '/', '\\');
         if (!RelocateTextures(settings, entry.Name))
@@ -125,8 +147,10 @@ private:
     /// written.
     bool RelocateTextures(text& settings, const std::string& name) {
         const text newFolder = EnvironmentsFolder + FromUtf8(name, SystemCodePage()) + '\\';
+        std::map<text, text> newPaths;
         for (const text& path : ParseTexturePaths(settings)) {
             const std::string shown = name + ": " + ToUtf8(path, SystemCodePage());
+            newPaths[path] = path;
             if (MayLeaveFolder(path)) {
                 bar.Tell(shown + " leads out of the simulator's folder and is left alone");
                 continue;
@@ -135,9 +159,9 @@ private:
             const text newPath = isThere ? path : ReplacedIgnoringCase(path, EnvironmentsFolder, newFolder);
             if (!CopyTexture(ToUtf8(path, SystemCodePage()), ToUtf8(newPath, SystemCodePage()), name, shown))
                 return false;
-            if (!path.empty())
-                ReplaceEvery(settings, path, newPath);
+            newPaths[path] = newPath;
         }
+        settings = ReplacedAtOnce(settings, newPaths);
         return true;
     }
 

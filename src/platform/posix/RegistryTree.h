@@ -17,6 +17,8 @@ struct RegistryValue {
     std::uint32_t Type = 0;
     /// As the registry holds it: texts in UTF-16LE, with their NUL if they have one.
     std::vector<std::uint8_t> Data;
+
+    bool operator==(const RegistryValue&) const = default;
 };
 
 struct RegistryKey {
@@ -24,6 +26,8 @@ struct RegistryKey {
     RegistryName Path;
     /// By the folded name.
     std::map<RegistryName, RegistryValue> Values;
+
+    bool operator==(const RegistryKey&) const = default;
 };
 
 /// Whether values of that type are texts, which the ANSI calls convert.

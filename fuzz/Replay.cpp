@@ -1,0 +1,19 @@
+#include "fuzz/Fuzz.h"
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+/// Runs the target once over every file of the given folders, none of which may be empty.
+int main(int count, char** folders) {
+    for (int i = 1; i < count; ++i) {
+        railwright::fuzz::Require(!std::filesystem::is_empty(folders[i]), "there are files to run over");
+        for (const auto& entry : std::filesystem::directory_iterator(folders[i])) {
+            std::fprintf(stderr, "%s\n", entry.path().c_str()); // the last line names the file at fault
+            std::ifstream stream(entry.path(), std::ios::binary);
+            const railwright::fuzz::Bytes bytes{std::istreambuf_iterator<char>(stream), {}};
+            LLVMFuzzerTestOneInput(bytes.data(), bytes.size());
+        }
+    }
+    return count > 1 ? 0 : 1;
+}

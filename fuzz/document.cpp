@@ -1,0 +1,117 @@
+#include "cli/Dump.h"
+#include "cli/Steps.h"
+#include "element/mNoLimits_ElementIO_1_3.h"
+#include "fuzz/Fuzz.h"
+#include "geometry/Preview.h"
+#include "geometry/mNoLimits_TrackTools.h"
+#include "platform/svg/SvgPictureBox.h"
+#include "tools/mNLT_Overview.h"
+#include "track/mNoLimits_TrackIO_1_3.h"
+
+#include <sstream>
+
+// They are there in a build with the address sanitizer.
+extern "C" [[gnu::weak]] int __sanitizer_install_malloc_and_free_hooks(void (*)(const volatile void*,
+                                                                                std::size_t),
+                                                                       void (*)(const volatile void*));
+extern "C" [[gnu::weak]] std::size_t __sanitizer_get_allocated_size(const volatile void*);
+
+using namespace railwright;
+using namespace railwright::fuzz;
+
+namespace {
+
+/// How much more of the heap is in use at once, while it is measured, than was at the beginning.
+bool isMeasured = false;
+std::ptrdiff_t used = 0, peak = 0;
+
+void Taken(const volatile void*, std::size_t size) {
+    if (isMeasured)
+        peak = std::max(peak, used += static_cast<std::ptrdiff_t>(size));
+}
+void GivenBack(const volatile void* memory) {
+    if (isMeasured && memory != nullptr)
+        used -= static_cast<std::ptrdiff_t>(__sanitizer_get_allocated_size(memory));
+}
+
+/// What is done with the files of one kind of document.
+struct Kind {
+    std::string File;
+    void (*Clear)();
+    FileResult (*Load)(const std::string&);
+    FileResult (*Save)(const std::string&);
+};
+const Kind track = {"a.nltrack", ClearTrackDocument, LoadTrackFile, SaveTrackFile};
+const Kind element = {"a.nlelem", ClearElementDocument, LoadElementFile, SaveElementFile};
+
+/// @return the file of the document in hand.
+Bytes Saved(const Kind& kind) {
+    const MemoryFiles files;
+    Require(kind.Save(kind.File).Done, "what is in hand can be saved");
+    return *files.Find(kind.File);
+}
+
+/// @return whether a file could be loaded. One that could not has left a reason and an empty document.
+bool Load(const Kind& kind, const Bytes& file) {
+    static const bool hooked = __sanitizer_install_malloc_and_free_hooks != nullptr &&
+                               __sanitizer_install_malloc_and_free_hooks(Taken, GivenBack) > 0;
+    kind.Clear();
+    static const Bytes empty[] = {Saved(track), Saved(element)};
+    const MemoryFiles files;
+    WriteWholeFile(kind.File, file);
+    used = peak = 0;
+    isMeasured = hooked;
+    const FileResult loaded = kind.Load(kind.File);
+    isMeasured = false;
+    // The nodes of RASC take 16 bytes for 4 of the file, their supports, in a list that doubles, as much
+    // again as the file, and the file itself is held once.
+    Require(peak <= 6 * std::ssize(file) + 8192, "a load takes a small multiple of the file");
+    static double largest = 0;
+    if (const double share = static_cast<double>(peak) / static_cast<double>(file.size());
+        file.size() >= 10'000 && share > largest)
+        std::fprintf(stderr, "heap for each byte of a large file: %.2f\n", largest = share);
+    Require(loaded.Done == loaded.Reason.empty() && loaded.Byte >= 0 && loaded.Byte <= std::ssize(file),
+            "a failure has a reason and a byte of the file");
+    Require(loaded.Done || Saved(kind) == empty[&kind == &element], "a failure leaves an empty document");
+    return loaded.Done;
+}
+
+/// Asks everything about the document in hand. @return its drawings.
+std::string Drawings(bool isTrack) {
+    const MemoryFiles none;
+    (isTrack ? AnalyzeTrack : AnalyzeElement)();
+    SvgPictureBox plan, side;
+    (isTrack ? DrawTrackPreview : DrawElementPreview)(plan, side);
+    isTrack ? BuildTrackOverview(track.File, {}) + DumpTrack() : DumpElement();
+    return plan.Document() + side.Document();
+}
+
+} // namespace
+
+/// The input is a file of the kind that the build names, which is to come back from a save. For a chain it is
+/// of either kind, and behind its last NUL stand steps as the command line has them, each on a line of its
+/// own. A step that does not fit is passed over.
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    constexpr std::string_view target = RAILWRIGHT_TARGET;
+    const bool isTrack = target == "track" || (target == "chain" && size > 0 && (*data | 0x20) != 'e');
+    const Kind& kind = isTrack ? track : element;
+    const Bytes input(data, data + size);
+    if (!Load(kind, input))
+        return 0;
+    std::string drawings;
+    if (target == "chain") {
+        std::istringstream lines({std::find(input.rbegin(), input.rend(), 0).base(), input.end()});
+        std::string step;
+        for (int i = 0; i < 16 && std::getline(lines, step); ++i)
+            (isTrack ? ApplyTrackSteps : ApplyElementSteps)(std::span(&step, 1));
+        drawings = Drawings(isTrack);
+        Require(drawings.find("nan") == std::string::npos && drawings.find("inf") == std::string::npos,
+                "all that is drawn has a place");
+    }
+    const Bytes saved = Saved(kind);
+    Require(Load(kind, saved), "what was saved can be loaded");
+    Require(Saved(kind) == saved, "what was saved is saved the same again");
+    // An element's first node is only stored as the origin, near which a tool may have left it.
+    Require(target != "chain" || !isTrack || Drawings(true) == drawings, "what was saved is drawn the same");
+    return 0;
+}

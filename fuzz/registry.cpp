@@ -1,0 +1,15 @@
+#include "fuzz/Fuzz.h"
+#include "platform/posix/RegistryText.h"
+
+/// What parses is written and parses to the same.
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    using namespace railwright;
+    if (const auto tree = ParseRegistry({data, size})) {
+        const auto written = FormatRegistry(*tree);
+        // Each of a key's 512 levels takes room for its path, two bytes for a character.
+        fuzz::Require(written.size() <= 1100 * (size + 100), "a key takes little room");
+        const auto again = ParseRegistry(written);
+        fuzz::Require(again && again->Keys() == tree->Keys(), "what is written parses to the same");
+    }
+    return 0;
+}
