@@ -1,5 +1,5 @@
 #include "benches/Documents.h"
-#include "benches/MemoryFiles.h"
+#include "benches/OneFile.h"
 #include "benches/Yardsticks.h"
 #include "cli/Steps.h"
 #include "geometry/Preview.h"
@@ -64,7 +64,7 @@ void Save() {
 }
 template <void (*Work)()>
 void InMemory() {
-    const MemoryFiles memory(bytes);
+    const OneFile memory(bytes);
     Work();
 }
 void CopyFresh() {

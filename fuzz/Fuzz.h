@@ -9,7 +9,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
 namespace railwright::fuzz {
 
-using testing::MemoryFiles;
 using Bytes = MemoryFiles::Bytes;
 
 /// Ends the process where a property does not hold.

@@ -7,7 +7,7 @@
 #include <map>
 #include <optional>
 
-namespace railwright::testing {
+namespace railwright::fuzz {
 
 /// Files and folders held in memory, in force while it lives. Plain letters of their names are lower case.
 class MemoryFiles final : public FileOperations {
@@ -106,4 +106,4 @@ private:
     ScopedFileOperations scope{*this};
 };
 
-} // namespace railwright::testing
+} // namespace railwright::fuzz

@@ -23,9 +23,11 @@ struct Quiet final : OrganizerProgress {
 /// What an environment's file tells before and after a run.
 struct Environment {
     text Settings;
-    /// Every line is closed, and no value has an equals sign, which the organizer takes out when it looks.
+    /// Every line is closed, neither a value nor the name has an equals sign, which the organizer takes out
+    /// when it looks, and no file has the environment's name.
     bool IsPlain;
-    /// What it finds, in the order of its settings; null for what is missing.
+    /// What it finds, in the order of its settings; null for what is missing, or changes as an environment
+    /// does.
     std::vector<std::optional<Bytes>> Textures;
     /// The settings without what a run may change in them.
     text WhatStays;
@@ -34,12 +36,14 @@ struct Environment {
         const Bytes* const file = files.Find(entry.FilePath);
         Require(file != nullptr, "no environment is lost");
         Settings.assign(file->begin(), file->end());
-        IsPlain = Settings.ends_with("\r\n");
+        IsPlain = Settings.ends_with("\r\n") && entry.Name.find('=') == std::string::npos &&
+                  files.Find(FolderOf(entry.FilePath) + entry.Name) == nullptr;
         text settings = Settings;
         std::replace(settings.begin(), settings.end(), '/', '\\');
         for (const text& path : ParseTexturePaths(settings)) {
             const Bytes* const texture = files.Find(Simulator + ToUtf8(path, SystemCodePage()));
-            Textures.push_back(texture == nullptr ? std::nullopt : std::optional(*texture));
+            const bool isKept = texture != nullptr && !HasExtension(ToUtf8(path, SystemCodePage()), ".env");
+            Textures.push_back(isKept ? std::optional(*texture) : std::nullopt);
             IsPlain = IsPlain && settings.find(path + "\r\n") != text::npos;
         }
         const text folder = LowerCase(FromUtf8(entry.Name, SystemCodePage()), SystemCodePage()) + '\\';
@@ -52,15 +56,14 @@ struct Environment {
 } // namespace
 
 /// The input is the simulator's folder: files with a NUL between them, each a path in its first line and its
-/// text. A texture begins with its own path, so that no two are the same. What leads elsewhere is left out,
-/// and so is the organizer's own "~".
+/// text. A texture begins with its own path, so that no two are the same. What leads elsewhere is left out.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const MemoryFiles files;
     for (const auto *at = data, *const end = data + size; at < end;) {
         const auto* const next = std::find(at, end, 0);
         const auto* const name = std::find(at, next, '\n');
         const std::string path = Simulator + std::string(at, name);
-        if (path.find_first_of(":/~", 2) == std::string::npos && path.find("..") == std::string::npos &&
+        if (path.find_first_of(":/", 2) == std::string::npos && path.find("..") == std::string::npos &&
             CreateFolders(FolderOf(path)))
             WriteWholeFile(path, {HasExtension(path, ".env") ? std::min(name + 1, next) : at, next});
         at = next + 1;

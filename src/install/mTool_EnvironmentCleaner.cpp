@@ -19,9 +19,9 @@ constexpr std::string_view EndOfLine = "\r\n";
 constexpr const char* EnvironmentsFolder = "Environments\\";
 constexpr const char* UnusedFolder = "__Unused Files__";
 /// A folder takes this name until it is an environment's, and holds this file until the environment is
-/// finished.
+/// finished. No texture can have that name, because no setting holds an equals sign.
 constexpr const char* StagingFolder = "~railwright";
-constexpr const char* UnfinishedMark = "\\~unfinished";
+constexpr const char* UnfinishedMark = "\\~unfinished=";
 
 std::size_t FindIgnoringCase(const text& in, const text& piece, std::size_t from) {
     return LowerCase(in, SystemCodePage()).find(LowerCase(piece, SystemCodePage()), from);
@@ -79,19 +79,11 @@ std::string SimulatorFolder(const std::string& sNoLimitsPath) {
 }
 
 bool IsOrganized(const std::string& sEnvFolder, const std::string& name) {
-    if (Files().Status(sEnvFolder + name).What == FileStatus::Kind::Folder)
+    if (Exists(sEnvFolder + name))
         return !Exists(sEnvFolder + name + UnfinishedMark);
     text settings;
     return ReadTextFile(sEnvFolder + name + std::string(EnvironmentExtension), settings) &&
            FindIgnoringCase(settings, TextureKey, 0) == text::npos;
-}
-
-/// Whether a setting can name what lies in the subfolder of that environment.
-bool FitsInSetting(const std::string& name) {
-    const text folder = EnvironmentsFolder + FromUtf8(name, SystemCodePage()) + '\\';
-    const text setting = TextureKey + ('=' + folder) + text(EndOfLine);
-    return ToUtf8(folder, SystemCodePage()) == EnvironmentsFolder + name + '\\' &&
-           ParseTexturePaths(setting) == std::vector{folder};
 }
 
 /// One run of the organizer.
@@ -110,7 +102,7 @@ public:
             return;
         if (FindIgnoringCase(settings, TextureKey, 0) == text::npos)
             return; // it could not be read when it was looked at
-        if (!FitsInSetting(entry.Name)) {
+        if (ToUtf8(FromUtf8(entry.Name, SystemCodePage()), SystemCodePage()) != entry.Name) {
             allWell = false; // it goes on naming loose files
             return bar.Tell(entry.Name + ": no setting can hold this name, it is passed over");
         }
@@ -190,6 +182,9 @@ private:
         if (Exists(sEnvFolder + name))
             return {};
         const std::string staging = sEnvFolder + StagingFolder;
+        if (!IsBare(staging))
+            return FileResult::Failure("cannot be created while " + std::string(StagingFolder) +
+                                       " holds something");
         if (FileResult made = CreateFolders(staging); !made)
             return made;
         if (FileResult marked = WriteFileBuffer(staging + UnfinishedMark, {}); !marked)
@@ -197,6 +192,16 @@ private:
         std::error_code error;
         Files().Move(staging, sEnvFolder + name, error);
         return error ? FileResult::Failure("cannot be created: " + error.message()) : FileResult{};
+    }
+
+    /// Whether there is no such folder, or only what a run that was cut off has left in it: empty files.
+    static bool IsBare(const std::string& staging) {
+        std::error_code error;
+        const std::vector<std::string> names = Files().List(staging, error);
+        return !Exists(staging) || (!error && std::all_of(names.begin(), names.end(), [&](const auto& name) {
+            const FileStatus status = Files().Status(staging + '\\' + name);
+            return status.What == FileStatus::Kind::File && status.Length == 0;
+        }));
     }
 
     void FinishFolder(const std::string& name) {

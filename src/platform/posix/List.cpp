@@ -28,7 +28,7 @@ void FreeFromList(void* memory, std::size_t size) noexcept {
     if (IsLong(size))
         ::operator delete(memory, Alignment);
     else
-        ::operator delete(memory, size);
+        ::operator delete(memory);
 }
 
 } // namespace railwright

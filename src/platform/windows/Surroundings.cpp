@@ -74,8 +74,8 @@ void* AllocateForList(std::size_t size) {
     return ::operator new(size);
 }
 
-void FreeFromList(void* memory, std::size_t size) noexcept {
-    ::operator delete(memory, size);
+void FreeFromList(void* memory, std::size_t) noexcept {
+    ::operator delete(memory);
 }
 
 std::vector<std::string> StartCommandLine(int, char**) {

@@ -8,11 +8,11 @@ namespace railwright::bench {
 
 /// While it lives, every name is that of one file in memory, and what is written goes nowhere: there remains
 /// the program's own work, and a copy in the place of the system's reading.
-class MemoryFiles final : public FileOperations {
+class OneFile final : public FileOperations {
 public:
     using Path = const std::string&;
     using Error = std::error_code&;
-    explicit MemoryFiles(std::span<const std::uint8_t> file) : bytes(file), inForce(*this) {}
+    explicit OneFile(std::span<const std::uint8_t> file) : bytes(file), inForce(*this) {}
 
     FileStatus Status(Path) override {
         return {FileStatus::Kind::File, false, true, static_cast<std::int64_t>(bytes.size())};
