@@ -5,7 +5,7 @@
 namespace railwright {
 namespace {
 
-constexpr std::size_t LargePage = 2 * 1024 * 1024;
+constexpr auto LargePage = std::size_t{2} * 1024 * 1024;
 constexpr auto Alignment = std::align_val_t{LargePage};
 
 /// From half a page on, one whole page costs less than the small ones do.
