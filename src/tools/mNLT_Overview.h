@@ -20,7 +20,8 @@ std::string TrackTypeName(std::int32_t TrackType);
 std::string YesNoText(bool value);
 
 /// @return the length of the centre line in metres, measured in space along all of its samples; 0 with fewer
-/// than two nodes.
+/// than two nodes. The report takes the same figure from the analysis, which goes through these samples
+/// anyway.
 float TrackLength();
 
 } // namespace railwright
