@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <numeric>
 
 namespace railwright {
 namespace {
@@ -12,17 +13,21 @@ namespace {
 /// the subkeys of a key follow it directly.
 constexpr char16_t Separator = 1;
 
-char16_t Folded(char16_t character) {
+/// For each character the small one of its letter. Only those of the code page have one.
+RegistryName FoldedCharacters() {
+    constexpr std::size_t characters = 0x10000;
+    RegistryName folded(characters, u'\0');
+    std::iota(folded.begin(), folded.end(), u'\0');
     const CodePage& page = SystemCodePage();
-    const auto* const found = std::find(page.Unicode.begin(), page.Unicode.end(), char32_t{character});
-    if (found == page.Unicode.end())
-        return character;
-    return static_cast<char16_t>(
-        page.Unicode[page.Lower[static_cast<std::size_t>(found - page.Unicode.begin())]]);
+    for (std::size_t byte = 0; byte < page.Unicode.size(); ++byte)
+        folded[page.Unicode[byte]] = static_cast<char16_t>(page.Unicode[page.Lower[byte]]);
+    return folded;
 }
 
 RegistryName FoldedName(RegistryName name) {
-    std::transform(name.begin(), name.end(), name.begin(), Folded);
+    static const RegistryName folded = FoldedCharacters();
+    std::transform(name.begin(), name.end(), name.begin(),
+                   [&](char16_t character) { return folded[character]; });
     return name;
 }
 
@@ -73,7 +78,8 @@ RegistryKey* RegistryTree::Find(const RegistryName& path) {
 
 RegistryKey& RegistryTree::Make(const RegistryName& path) {
     if (const std::size_t above = path.rfind(u'\\'); above != RegistryName::npos)
-        Make(path.substr(0, above));
+        if (const RegistryName parent = path.substr(0, above); Find(parent) == nullptr)
+            Make(parent);
     RegistryKey& key = keys[SortedForm(path)];
     if (key.Path.empty())
         key.Path = path;
