@@ -14,7 +14,7 @@ struct EnvironmentEntry {
     std::string FilePath;
     /// The file's name without any ".env".
     std::string Name;
-    /// It has a subfolder of its name, or no texture.
+    /// There is a subfolder, or anything else, of its name, or it has no texture.
     bool Organized = false;
 };
 

@@ -85,7 +85,7 @@ FileResult OpenWholeFile(const std::string& path, FileToRead& opened) {
     if (!opened.File)
         return Failed("cannot be opened", error);
     opened.Length = FileLength(path);
-    if (opened.Length >= LongestFile)
+    if (opened.Length > LongestFile)
         return FileResult::Failure("is too long, 2 GiB and more cannot be read");
     return {};
 }

@@ -114,12 +114,15 @@ std::optional<std::string> SimulatorFolder() {
 }
 
 /// Runs what can take long, while the pointer tells to wait.
-void RunWaiting(const std::function<void()>& task) {
+/// @return whether there was enough memory for it.
+bool RunWaiting(const std::function<void()>& task) {
     try {
         const WaitPointer wait;
         task();
+        return true;
     } catch (const std::bad_alloc&) {
         ShowError("There is not enough memory for this document!");
+        return false;
     }
 }
 
@@ -136,8 +139,7 @@ bool OpenDocument(const std::string& file, const DocumentFlow& flow) {
     }
     sDocumentFile = file;
     iDocumentKind = flow.Kind;
-    RunWaiting(flow.Refresh);
-    return true;
+    return RunWaiting(flow.Refresh);
 }
 
 /// @return the name chosen to save under, empty on Cancel.

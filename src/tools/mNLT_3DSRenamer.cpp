@@ -10,7 +10,10 @@ namespace railwright {
 void RenameSceneryObject(std::int32_t Index, const text& NewName, bool AllOfSameName) {
     const auto count = static_cast<std::size_t>(Track.SceneryObjects.Count);
     const auto objects = std::span(Track.SceneryObjects.Items).first(count);
-    SceneryObject& chosen = objects[static_cast<std::size_t>(Index)];
+    const auto place = static_cast<std::size_t>(Index);
+    if (place >= count)
+        return;
+    SceneryObject& chosen = objects[place];
     if (!AllOfSameName) {
         chosen.FileName = NewName;
         return;

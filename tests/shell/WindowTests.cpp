@@ -295,6 +295,11 @@ void WindowTests::TellsToWaitAndGetsOverLackOfMemory() {
     program.Box("Error|There is not enough memory for this document!|Warning|OK", "OK");
     ApplyTrackTool([] { throw std::bad_alloc(); });
     QVERIFY(QGuiApplication::overrideCursor() == nullptr && bDocumentChanged);
+    // The panels still show what was there before.
+    program.Find<QLineEdit>("txtTDSRenamer").setText("other.3ds");
+    Track.SceneryObjects = {};
+    program.Click("btnTDSRenamer");
+    QVERIFY(Track.SceneryObjects.Items.empty());
 }
 
 void WindowTests::PassesNamesThroughTheDialogs() {

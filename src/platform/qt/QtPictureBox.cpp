@@ -54,7 +54,6 @@ struct Brush {
     Rgb Colour;
     int Width;
     bool Smooth;
-    bool AsPoints;
 
     bool operator==(const Brush&) const = default;
 };
@@ -103,32 +102,25 @@ QPixmap QtPictureBox::Drawn(double ratio) const {
     QPainter painter(&picture);
     // A whole coordinate means the middle of its pixel.
     painter.translate(0.5, 0.5);
-    Brush brush{};
-    std::vector<QLineF> lines; // that are drawn with it, one after the other
-    const auto draw = [&] {
-        painter.setRenderHint(QPainter::Antialiasing, brush.Smooth);
-        painter.setPen(QPen(QColor(brush.Colour.Red, brush.Colour.Green, brush.Colour.Blue), brush.Width,
-                            Qt::SolidLine, Qt::RoundCap));
-        if (brush.AsPoints)
-            for (const QLineF& line : lines)
-                painter.drawPoint(line.p1());
-        else
-            painter.drawLines(lines.data(), static_cast<int>(lines.size()));
-        lines.clear();
-    };
+    std::optional<Brush> brush; // that the painter has in hand
     for (const Stroke& stroke : strokes) {
         const std::optional<QLineF> line = Clipped({stroke.X1, stroke.Y1}, {stroke.X2, stroke.Y2});
         if (!line)
             continue;
         const bool isPoint = line->isNull();
         // A line along a row or a column of pixels fills just these.
-        const Brush own = {stroke.Colour, stroke.Width, isPoint || !IsAlongPixels(*line), isPoint};
-        if (own != brush)
-            draw();
-        brush = own;
-        lines.push_back(*line);
+        const Brush own = {stroke.Colour, stroke.Width, isPoint || !IsAlongPixels(*line)};
+        if (own != brush) {
+            painter.setRenderHint(QPainter::Antialiasing, own.Smooth);
+            painter.setPen(QPen(QColor(own.Colour.Red, own.Colour.Green, own.Colour.Blue), own.Width,
+                                Qt::SolidLine, Qt::RoundCap));
+            brush = own;
+        }
+        if (isPoint)
+            painter.drawPoint(line->p1());
+        else
+            painter.drawLine(*line);
     }
-    draw();
     return picture;
 }
 
