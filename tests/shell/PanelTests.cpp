@@ -212,6 +212,7 @@ void WindowTests::ChoosesTheFileAssociation() {
     const auto select = [&](const char* name, int index) {
         program.Find<QRadioButton>(Indexed(name, index)).click();
     };
+    program.Choose("mnuNLFileAssoc");
     QCOMPARE(program.Marks("chkNLAssocRtClk", 4), QString("xXXX"));
     for (const auto& [index, marks] : {std::pair(1, "XxXX"), std::pair(2, "XXxX")}) {
         select("optNLAssocDblClk", index);

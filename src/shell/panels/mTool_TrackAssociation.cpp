@@ -48,6 +48,14 @@ QGroupBox* AddGroup(ucFrame& frame, const char* name, const char* caption, const
     return Placed(new QGroupBox(caption, &frame), name, place);
 }
 
+/// @return the index of the option that is selected.
+template <class Options>
+std::size_t SelectedIn(const Options& options) {
+    const auto selected = std::find_if(options.begin(), options.end(),
+                                       [](const QRadioButton* option) { return option->isChecked(); });
+    return static_cast<std::size_t>(selected - options.begin());
+}
+
 } // namespace
 
 FileAssociationPanel::FileAssociationPanel(ucFrame& frame) {
@@ -57,7 +65,6 @@ FileAssociationPanel::FileAssociationPanel(ucFrame& frame) {
         const int number = static_cast<int>(index);
         auto* const icon =
             new Picture(frame, Indexed("imgNLIcons", number), {6960, 180 + 540 * number, 480, 480}, IconSize);
-        icon->Load(Artwork(QString("icon-%1").arg(index)));
         icon->hide();
         imgNLIcons[index] = icon;
     }
@@ -117,19 +124,25 @@ void FileAssociationPanel::AddIcon(ucFrame& frame) {
 void FileAssociationPanel::Prepare() {
     PrepareFileAssociation(sNoLimitsPath);
     btnNLAssoc->setEnabled(true);
+    LoadIcons();
+}
+
+void FileAssociationPanel::LoadIcons() {
+    if (!imgNLIcons[0]->Shown().isNull())
+        return;
+    for (std::size_t index = 0; index < imgNLIcons.size(); ++index)
+        imgNLIcons[index]->Load(Artwork(QString("icon-%1").arg(index)));
+    optNLAssocIcon_Click(SelectedIn(optNLAssocIcon));
 }
 
 void FileAssociationPanel::btnNLAssoc_Click() {
-    const auto selected = [](const auto& options) {
-        const auto found = std::find_if(options.begin(), options.end(),
-                                        [](const QRadioButton* option) { return option->isChecked(); });
-        return static_cast<std::int16_t>(found - options.begin());
-    };
-    const std::int16_t iDoubleClick = selected(optNLAssocDblClk);
-    chkNLAssocRtClk[static_cast<std::size_t>(iDoubleClick)]->setChecked(true);
-    SetTrackAssociation(iDoubleClick, chkNLAssocRtClk[0]->isChecked(), chkNLAssocRtClk[1]->isChecked(),
-                        chkNLAssocRtClk[2]->isChecked(), chkNLAssocRtClk[3]->isChecked(),
-                        selected(optNLAssocIcon), PathFromOutside(txtNLAssoc->text().toStdString()));
+    const std::size_t iDoubleClick = SelectedIn(optNLAssocDblClk);
+    chkNLAssocRtClk[iDoubleClick]->setChecked(true);
+    SetTrackAssociation(static_cast<std::int16_t>(iDoubleClick), chkNLAssocRtClk[0]->isChecked(),
+                        chkNLAssocRtClk[1]->isChecked(), chkNLAssocRtClk[2]->isChecked(),
+                        chkNLAssocRtClk[3]->isChecked(),
+                        static_cast<std::int16_t>(SelectedIn(optNLAssocIcon)),
+                        PathFromOutside(txtNLAssoc->text().toStdString()));
 }
 
 void FileAssociationPanel::optNLAssocDblClk_Click(std::size_t Index) {

@@ -23,6 +23,8 @@ public:
     void Prepare() override;
 
 private:
+    /// The icons are loaded when the panel is shown for the first time.
+    void LoadIcons();
     void AddDoubleClick(ucFrame& frame);
     void AddRightClick(ucFrame& frame);
     void AddIcon(ucFrame& frame);
