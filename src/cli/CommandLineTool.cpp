@@ -242,7 +242,7 @@ int RunCommandLineTool(std::vector<std::string> words, std::ostream& out, std::o
     }
 
     bool all = true;
-    const auto fail = [&](const std::string& file, const char* reason) {
+    const auto fail = [&](const std::string& file, std::string_view reason) {
         (chosen->TellsFailures ? out : errors << "railwright-cli: ") << file << ": " << reason << '\n';
         all = false;
     };
@@ -250,7 +250,7 @@ int RunCommandLineTool(std::vector<std::string> words, std::ostream& out, std::o
         try {
             chosen->Work(file, arguments, out);
         } catch (const FileFailure& failure) {
-            fail(failure.File, failure.Reason.c_str());
+            fail(failure.File, failure.Reason);
         } catch (const std::bad_alloc&) {
             fail(file, "there is not enough memory");
         }

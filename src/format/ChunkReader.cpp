@@ -117,7 +117,11 @@ void ChunkReader::Characters(const char* name, std::int32_t length, text& charac
 }
 
 void ChunkReader::Fail(const std::string& reason, std::int64_t byte) const {
-    throw BrokenFile{tag + ": " + reason, byte};
+    // Where a tag is to stand there can be anything, which no terminal should come to see.
+    std::string shown = tag;
+    std::replace_if(
+        shown.begin(), shown.end(), [](char character) { return character <= ' ' || character > '~'; }, '?');
+    throw BrokenFile{shown + ": " + reason, byte};
 }
 
 } // namespace railwright

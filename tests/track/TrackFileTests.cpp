@@ -104,6 +104,12 @@ TEST_F(TrackFile, BelievesTheNumberOfSubChunksAndNothingElse) {
     EXPECT_TRUE(Load(file));
     ExpectSame(FileOf(Track), empty);
 
+    // A tag can be anything.
+    file = FileOf(TrackDocument{});
+    file.resize(36);
+    std::copy_n("\0\xE9p7", 4, &file[32]);
+    EXPECT_EQ(Load(file).Reason, "\?\?P7: the file ends too early");
+
     // Terrain of no size is terrain all the same, and the smallest segments need no more than they have.
     odd.Terrain.HasTerrain = true;
     odd.SegmentList = {{}, true, 200, List<TrackSegment>(200, {.SegmentType = 7})};
