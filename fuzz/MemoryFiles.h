@@ -65,8 +65,9 @@ public:
 private:
     struct File final : OpenFile {
         explicit File(Bytes& bytes) : Content(bytes) {}
+        /// Few bytes at a time, so that every record comes to lie across two of them.
         std::size_t Read(std::span<std::uint8_t> into, Error) override {
-            const std::size_t count = std::min(into.size(), Content.size() - At);
+            const std::size_t count = std::min({into.size(), Content.size() - At, std::size_t{251}});
             std::ranges::copy(std::span(Content).subspan(At, count), into.begin());
             return At += count, count;
         }
