@@ -64,7 +64,7 @@ bool Load(const Kind& kind, const Bytes& file) {
     const FileResult loaded = kind.Load(kind.File);
     isMeasured = false;
     // The nodes of RASC take 16 bytes for 4 of the file, their supports, in a list that doubles, as much
-    // again as the file, and the file itself is held once.
+    // again as the file.
     Require(peak <= 6 * std::ssize(file) + 8192, "a load takes a small multiple of the file");
     static double largest = 0;
     if (const double share = static_cast<double>(peak) / static_cast<double>(file.size());
