@@ -20,7 +20,7 @@ MessageAnswer ShowMessageBox(WindowHandle owner, const std::string& text, const 
                              MessageButtons buttons, MessageIcon icon);
 
 /// Shows a web page in the user's browser. A failure goes without a word.
-void OpenWebPage(const std::string& address);
+void OpenWebPage(WindowHandle owner, const std::string& address);
 
 /// @return the folder of the running program, in Windows form.
 std::string ProgramFolder();

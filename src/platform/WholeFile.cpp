@@ -2,6 +2,7 @@
 
 #include "base/FileName.h"
 #include "platform/FileOperations.h"
+#include "platform/Paths.h"
 
 #include <cstddef>
 #include <limits>
@@ -153,15 +154,23 @@ FileResult WriteWholeFile(const std::string& path, const FileContent& content) {
         return Failed("cannot be written", error);
     }
     error = Fill(*file, content);
-    if (!error)
+    const bool whole = !error;
+    if (whole)
         files.Replace(temporary, target, error);
-    if (error) {
-        std::error_code ignored;
-        files.Delete(temporary, ignored);
-        return Failed("cannot be written", error);
+    if (!error) {
+        files.FlushFolder(FolderOf(target));
+        return {};
     }
-    files.FlushFolder(FolderOf(target));
-    return {};
+    FileResult failed = Failed("cannot be written", error);
+    if (whole && exists && files.ExactStatus(target).What == Kind::Missing) {
+        // The old file has gone in the middle of the exchange: this is all there is.
+        failed.KeptIn = PathForOutside(temporary);
+        failed.Reason += ", and the file of that name is gone; what was to be in it is in " + failed.KeptIn;
+        return failed;
+    }
+    std::error_code ignored;
+    files.Delete(temporary, ignored);
+    return failed;
 }
 
 FileResult CreateFolders(const std::string& path) {

@@ -24,8 +24,9 @@ bool IsEnter(const QKeyEvent& event) {
     return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
 }
 
+/// Marks the control that has the keyboard, once the user has touched a key.
 void DrawFocus(QWidget& control) {
-    if (!control.hasFocus())
+    if (!control.hasFocus() || !control.window()->testAttribute(Qt::WA_KeyboardFocusChange))
         return;
     QStyleOptionFocusRect option;
     option.initFrom(&control);

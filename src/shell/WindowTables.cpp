@@ -34,7 +34,7 @@ void Show() {
 
 template <const char* const& Page>
 void Visit() {
-    OpenWebPage(Page);
+    OpenWebPage(frmMain::Instance().Handle(), Page);
 }
 
 constexpr const char* TrackTools = "lblTrackTools";

@@ -11,12 +11,16 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDropEvent>
 #include <QLabel>
 #include <QLayout>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QScreen>
 #include <QStyle>
+#include <QTimer>
+#include <QUrl>
 
 // The pictures stand in a library, so they are not found without a word from its user.
 static void ReadyArtwork() {
@@ -52,6 +56,7 @@ frmMain::frmMain() {
     setWindowTitle("Railwright");
     setWindowIcon(Artwork("window"));
     setFont(ControlFont());
+    setAcceptDrops(true);
 
     auto* const window = new QWidget(this);
     window->setFixedSize(InPixels(Client).size());
@@ -207,6 +212,24 @@ bool frmMain::Form_Unload() {
     if (answer == MessageAnswer::Yes)
         return SaveNoLimitsFile();
     return answer != MessageAnswer::Cancel;
+}
+
+/// The one file that is dragged, as the user knows it; empty for anything else.
+static QString DraggedFile(const QDropEvent& event) {
+    const QList<QUrl> addresses = event.mimeData()->urls();
+    return addresses.size() == 1 ? addresses.first().toLocalFile() : QString();
+}
+
+void frmMain::dragEnterEvent(QDragEnterEvent* event) {
+    if (!DraggedFile(*event).isEmpty())
+        event->acceptProposedAction();
+}
+
+void frmMain::dropEvent(QDropEvent* event) {
+    const std::string file = DraggedFile(*event).toStdString();
+    event->acceptProposedAction();
+    // The program that the file comes from waits until the drop is over.
+    QTimer::singleShot(0, this, [file] { OpenNoLimitsFile(PathFromOutside(file)); });
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {

@@ -68,6 +68,9 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    /// A file that is dropped on the window opens as if it were chosen in the dialog.
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     void BuildTitleStrip(QWidget& window);

@@ -83,7 +83,7 @@ std::string AskForFile(const std::string& title, std::string filter, const std::
     return file;
 }
 
-void ShowError(const char* text) {
+void ShowError(const std::string& text) {
     ShowMessageBox(frmMain::Instance().Handle(), text, "Error", MessageButtons::Ok, MessageIcon::Exclamation);
 }
 
@@ -206,13 +206,14 @@ bool SaveNoLimitsFile() {
         const std::string chosen = AskForName(*flow);
         if (chosen.empty())
             return true;
-        bool saved = false;
+        FileResult saved;
         {
             const WaitPointer wait;
-            saved = flow->Save(chosen).Done;
+            saved = flow->Save(chosen);
         }
         if (!saved) {
-            ShowError(flow->SaveError);
+            const bool isKept = !saved.KeptIn.empty();
+            ShowError(flow->SaveError + (isKept ? "\r\nWhat was to be saved is in " + saved.KeptIn : ""));
             return false;
         }
         sDocumentFile = chosen;

@@ -5,10 +5,6 @@
 #include <QApplication>
 
 int main(int argc, char** argv) {
-    std::string commandLine;
-    for (const std::string& argument : railwright::StartCommandLine(argc, argv))
-        commandLine += (commandLine.empty() ? "" : " ") + argument;
-
     // The toolkit sees the program's name only: the rest is the name of a file, whatever it looks like.
     int count = 1;
     QApplication application(count, argv);
@@ -17,7 +13,7 @@ int main(int argc, char** argv) {
     // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the application has taken the style over.
     QApplication::setQuitOnLastWindowClosed(false);
     railwright::frmMain window;
-    window.Form_Load(commandLine);
+    window.Form_Load(railwright::CommandLineText(argc, argv));
     window.show();
     QApplication::setQuitOnLastWindowClosed(true);
     return QApplication::exec();

@@ -5,68 +5,35 @@
 
 #include <QApplication>
 #include <QCheckBox>
-#include <QDialogButtonBox>
-#include <QMessageBox>
 
 namespace railwright::testing {
-namespace {
-
-QString PlainCaption(const QAbstractButton& button) {
-    return button.text().remove('&');
-}
-
-QString Seen(const QWidget& widget) {
-    const auto* const box = qobject_cast<const QMessageBox*>(&widget);
-    if (box == nullptr)
-        return widget.windowTitle();
-    static const QStringList icons = {"None", "Information", "Warning", "Critical", "Question"};
-    QStringList buttons;
-    for (const auto button : {QMessageBox::Ok, QMessageBox::Yes, QMessageBox::No, QMessageBox::Cancel})
-        if (const QAbstractButton* const there = box->button(button))
-            buttons += PlainCaption(*there);
-    return QStringList{box->windowTitle(), box->text(), icons[box->icon()], buttons.join(',')}.join('|');
-}
-
-} // namespace
 
 Program& Program::Box(const QString& shown, const QString& button) {
-    expected.push_back({shown, [button](QWidget& box) {
-                            for (QAbstractButton* const each : box.findChildren<QAbstractButton*>())
-                                if (PlainCaption(*each) == button)
-                                    QTest::mouseClick(each, Qt::LeftButton);
-                        }});
+    expected.push_back({shown, [button](Shown& box) { box.Press(button); }});
     return *this;
 }
 
 Program& Program::File(const QString& title, const std::string& name, QString* fieldBefore) {
-    expected.push_back({title, [name, fieldBefore](QWidget& dialog) {
-                            auto* const field = dialog.findChild<QLineEdit*>("fileNameEdit");
+    expected.push_back({title, [name, fieldBefore](Shown& dialog) {
+                            const QString before = dialog.Name(QString::fromStdString(name));
                             if (fieldBefore != nullptr)
-                                *fieldBefore = field->text();
-                            // Keys would bring up the list of completions, which takes the next of them.
-                            field->setText(QString::fromStdString(name));
-                            for (auto* const button : dialog.findChild<QDialogButtonBox*>()->buttons())
-                                if ((PlainCaption(*button) == "Cancel") == name.empty())
-                                    QTest::mouseClick(button, Qt::LeftButton);
+                                *fieldBefore = before;
                         }});
     return *this;
 }
 
 void Program::Look() {
-    QWidget* const shown = QApplication::activeModalWidget();
-    if (shown == nullptr)
+    const std::unique_ptr<Shown> shown = Shown::InFront();
+    if (!shown)
         return;
-    constexpr const char* looks = "looks";
     constexpr int patience = 300;
-    const int seenBefore = shown->property(looks).toInt();
-    shown->setProperty(looks, seenBefore + 1);
-    const QString seen = Seen(*shown);
-    if (seenBefore == 0 && next < expected.size() && expected[next].first == seen) {
-        // The answer may bring up the next box before it returns, and a timer does not run within itself.
-        QTimer::singleShot(0, shown, [shown, answer = expected[next++].second] { answer(*shown); });
-    } else if (seenBefore == 0 || seenBefore == patience) {
-        faults += (seenBefore == 0 ? "not expected: " : "does not go: ") + seen;
-        qobject_cast<QDialog*>(shown)->reject();
+    const int looks = shown->CountLook();
+    const QString seen = looks == 0 || looks == patience ? shown->Seen() : "";
+    if (looks == 0 && next < expected.size() && expected[next].first == seen) {
+        expected[next++].second(*shown);
+    } else if (!seen.isEmpty()) {
+        faults += (looks == 0 ? "not expected: " : "does not go: ") + seen;
+        shown->GiveUp();
     }
 }
 

@@ -244,9 +244,8 @@ void WindowTests::Saves() {
     QCOMPARE(Track.BezierCurve.Nodes[0].Position.X, x);
     // The name of a file that exists is asked about. Another extension is left alone by the dialog, and the
     // writer adds its own behind it. From then on the name tells no format: nothing is asked or written.
-    const QString replace = "|saved.nltrack already exists.\nDo you want to replace it?|Warning|Yes,No";
     program.File(SaveTrackTitle, program.Path("saved.nltrack"))
-        .Box(SaveTrackTitle + replace, "Yes")
+        .Box(OverwriteQuestion(SaveTrackTitle, "saved.nltrack"), "Yes")
         .File(SaveTrackTitle, program.Path("other.dat"));
     const float back = Change(program);
     program.Choose("mnuSaveAs");
@@ -275,7 +274,7 @@ void WindowTests::KeepsTheOldFileOfASaveThatFails() {
     for (int failing = 1; failing <= calls + 1; ++failing) {
         const bool fails = failing <= calls;
         program.File(title, file);
-        program.Box(title + "|a.nlelem already exists.\nDo you want to replace it?|Warning|Yes,No", "Yes");
+        program.Box(OverwriteQuestion(title, "a.nlelem"), "Yes");
         if (fails)
             program.Box("Error|Error Saving Element File!|Warning|OK", "OK");
         FailingFiles files;

@@ -4,6 +4,7 @@
 #include "shell/Controls.h"
 #include "shell/frmMain.h"
 #include "shell/mMain.h"
+#include "tests/shell/Shown.h"
 #include "tests/support/FailingFiles.h"
 #include "tests/support/TemporaryFolder.h"
 #include "track/TrackDocument.h"
@@ -54,7 +55,7 @@ public:
 private:
     void Look();
     TemporaryFolder folder;
-    std::vector<std::pair<QString, std::function<void(QWidget&)>>> expected;
+    std::vector<std::pair<QString, std::function<void(Shown&)>>> expected;
     std::size_t next = 0;
     QStringList faults;
     QTimer timer;

@@ -55,4 +55,11 @@ std::vector<std::string> StartCommandLine(int count, char** arguments) {
     return {arguments + std::min(1, count), arguments + count};
 }
 
+std::string CommandLineText(int count, char** arguments) {
+    std::string all;
+    for (const std::string& argument : StartCommandLine(count, arguments))
+        all += (all.empty() ? "" : " ") + argument;
+    return all;
+}
+
 } // namespace railwright

@@ -4,10 +4,8 @@
 
 #include <cstdlib>
 
-#include <QDesktopServices>
 #include <QGuiApplication>
 #include <QMessageBox>
-#include <QUrl>
 
 namespace railwright {
 namespace {
@@ -56,10 +54,6 @@ MessageAnswer ShowMessageBox(WindowHandle owner, const std::string& text, const 
     default:
         return MessageAnswer::Ok;
     }
-}
-
-void OpenWebPage(const std::string& address) {
-    QDesktopServices::openUrl(QUrl(QString::fromStdString(address)));
 }
 
 std::string ProgramFolder() {

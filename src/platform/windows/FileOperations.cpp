@@ -1,6 +1,8 @@
 #include "platform/FileOperations.h"
 
 #include "base/FileName.h"
+#include "platform/windows/AccessRights.h"
+#include "platform/windows/Errors.h"
 #include "platform/windows/Wide.h"
 
 #include <algorithm>
@@ -13,26 +15,20 @@ namespace {
 
 constexpr DWORD LongestCall = 1U << 30U; // a single call takes a 32-bit length
 
-/// The last failure of the system in the terms of the standard library, so that callers can compare it.
-std::error_code LastError() {
-    switch (const DWORD code = GetLastError()) {
-    case ERROR_ACCESS_DENIED:
-    case ERROR_SHARING_VIOLATION:
-    case ERROR_LOCK_VIOLATION:
-        return std::make_error_code(std::errc::permission_denied);
-    case ERROR_WRITE_PROTECT:
-        return std::make_error_code(std::errc::read_only_file_system);
-    case ERROR_DISK_FULL:
-    case ERROR_HANDLE_DISK_FULL:
-        return std::make_error_code(std::errc::no_space_on_device);
-    case ERROR_FILE_NOT_FOUND:
-    case ERROR_PATH_NOT_FOUND:
-        return std::make_error_code(std::errc::no_such_file_or_directory);
-    case ERROR_FILE_EXISTS:
-    case ERROR_ALREADY_EXISTS:
-        return std::make_error_code(std::errc::file_exists);
-    default:
-        return {static_cast<int>(code), std::system_category()};
+/// Virus scanners, and folders that are kept in step with others, hold a file open for a moment. Runs a call until it
+/// succeeds, fails for another reason, or has been waited for some ten times, a second in all.
+template <class Call>
+BOOL Patiently(Call call, bool deniedMayPass = false) {
+    constexpr DWORD longestWait = 180; // milliseconds, reached in ten steps
+    for (DWORD wait = longestWait / 10;; wait += longestWait / 10) {
+        if (call())
+            return TRUE;
+        const DWORD code = GetLastError();
+        const bool isHeld = code == ERROR_SHARING_VIOLATION || code == ERROR_LOCK_VIOLATION ||
+                            (deniedMayPass && code == ERROR_ACCESS_DENIED);
+        if (!isHeld || wait > longestWait)
+            return FALSE;
+        Sleep(wait);
     }
 }
 
@@ -82,7 +78,7 @@ public:
     FileStatus Status(const std::string& path) override {
         WIN32_FILE_ATTRIBUTE_DATA found{};
         FileStatus status;
-        if (GetFileAttributesExW(ToWide(path).c_str(), GetFileExInfoStandard, &found) == FALSE)
+        if (GetFileAttributesExW(NativePath(path).c_str(), GetFileExInfoStandard, &found) == FALSE)
             return status;
         const DWORD attributes = found.dwFileAttributes;
         const bool folder = (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
@@ -100,10 +96,10 @@ public:
     FileStatus ExactStatus(const std::string& path) override { return Status(path); }
 
     std::string BehindLinks(const std::string& path) override {
-        const DWORD attributes = GetFileAttributesW(ToWide(path).c_str());
+        const DWORD attributes = GetFileAttributesW(NativePath(path).c_str());
         if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0)
             return path;
-        const WindowsFile link(CreateFileW(ToWide(path).c_str(), 0,
+        const WindowsFile link(CreateFileW(NativePath(path).c_str(), 0,
                                            FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                            OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
         std::wstring name(32768, 0);
@@ -114,48 +110,53 @@ public:
 
     std::unique_ptr<OpenFile> OpenToRead(const std::string& path, std::error_code& error) override {
         return Opened(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                      OPEN_EXISTING, error);
+                      OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, error);
     }
 
-    std::unique_ptr<OpenFile> OpenNew(const std::string& path, const std::string&,
+    std::unique_ptr<OpenFile> OpenNew(const std::string& path, const std::string& like,
                                       std::error_code& error) override {
-        return Opened(path, GENERIC_WRITE, 0, CREATE_NEW, error);
+        // Nobody else opens it until it is closed, so its rights are in time. It stays hidden until it takes its name.
+        DWORD attributes = FILE_ATTRIBUTE_HIDDEN;
+        if (!like.empty() && (AttributesOf(like) & FILE_ATTRIBUTE_ENCRYPTED) != 0)
+            attributes |= FILE_ATTRIBUTE_ENCRYPTED;
+        auto file = Opened(path, GENERIC_WRITE, 0, CREATE_NEW, attributes, error);
+        if (file && !like.empty())
+            CopyAccessRights(NativePath(like), NativePath(path), error);
+        if (!file || !error)
+            return file;
+        file.reset();
+        DeleteFileW(NativePath(path).c_str());
+        return nullptr;
     }
 
     std::unique_ptr<OpenFile> OpenToOverwrite(const std::string& path, std::error_code& error) override {
-        return Opened(path, GENERIC_WRITE, 0, OPEN_EXISTING, error);
+        return Opened(path, GENERIC_WRITE, 0, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, error);
     }
 
     void Replace(const std::string& from, const std::string& to, std::error_code& error) override {
-        const std::wstring source = ToWide(from);
-        const std::wstring target = ToWide(to);
-        // ReplaceFile hands the old file's attributes and access rights to the new one; where the file system
-        // does not know it, or nothing stands under the name, a plain move does.
-        if (GetFileAttributesW(target.c_str()) != INVALID_FILE_ATTRIBUTES &&
-            ReplaceFileW(target.c_str(), source.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr,
-                         nullptr) != FALSE)
-            return;
-        Check(MoveFileExW(source.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH),
-              error);
+        TakeOverProperties(from, to, error);
+        if (!error)
+            Rename(from, to, MOVEFILE_REPLACE_EXISTING, error);
     }
 
     void Move(const std::string& from, const std::string& to, std::error_code& error) override {
-        Check(MoveFileExW(ToWide(from).c_str(), ToWide(to).c_str(), MOVEFILE_WRITE_THROUGH), error);
+        Rename(from, to, 0, error);
     }
 
     void Delete(const std::string& path, std::error_code& error) override {
-        Check(DeleteFileW(ToWide(path).c_str()), error);
+        const std::wstring name = NativePath(path);
+        Check(Patiently([&] { return DeleteFileW(name.c_str()); }), error);
     }
 
     void CreateFolder(const std::string& path, std::error_code& error) override {
-        Check(CreateDirectoryW(ToWide(path).c_str(), nullptr), error);
+        Check(CreateDirectoryW(NativePath(path).c_str(), nullptr), error);
     }
 
     std::vector<std::string> List(const std::string& folder, std::error_code& error) override {
         std::vector<std::string> names;
         WIN32_FIND_DATAW found{};
         const std::string inFolder = folder.empty() || folder.ends_with('\\') ? folder : folder + '\\';
-        HANDLE search = FindFirstFileW(ToWide(inFolder + '*').c_str(), &found);
+        HANDLE search = FindFirstFileW(NativePath(inFolder + '*').c_str(), &found);
         if (search == INVALID_HANDLE_VALUE) {
             error = LastError();
             return names;
@@ -182,14 +183,54 @@ public:
     }
 
 private:
-    static std::unique_ptr<OpenFile> Opened(const std::string& path, DWORD access, DWORD sharing,
-                                            DWORD disposition, std::error_code& error) {
-        HANDLE handle = CreateFileW(ToWide(path).c_str(), access, sharing, nullptr, disposition,
-                                    FILE_ATTRIBUTE_NORMAL, nullptr);
+    static std::unique_ptr<OpenFile> Opened(const std::string& path, DWORD access, DWORD sharing, DWORD disposition,
+                                            DWORD attributes, std::error_code& error) {
+        const std::wstring name = NativePath(path);
+        HANDLE handle = INVALID_HANDLE_VALUE;
+        Patiently([&] {
+            handle = CreateFileW(name.c_str(), access, sharing, nullptr, disposition, attributes, nullptr);
+            return handle != INVALID_HANDLE_VALUE;
+        });
         if (handle != INVALID_HANDLE_VALUE)
             return std::make_unique<WindowsFile>(handle);
         error = LastError();
         return nullptr;
+    }
+
+    static DWORD AttributesOf(const std::string& path) {
+        const DWORD attributes = GetFileAttributesW(NativePath(path).c_str());
+        return attributes == INVALID_FILE_ATTRIBUTES ? 0 : attributes;
+    }
+
+    /// Gives a new file the attributes and the date of creation of the one whose place it takes; one that takes nobody's
+    /// place is no longer hidden.
+    static void TakeOverProperties(const std::string& from, const std::string& to, std::error_code& error) {
+        constexpr DWORD kept = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
+        FILE_BASIC_INFO properties{}; // a time of 0 stays as it is
+        properties.FileAttributes = FILE_ATTRIBUTE_ARCHIVE;
+        WIN32_FILE_ATTRIBUTE_DATA old{};
+        if (GetFileAttributesExW(NativePath(to).c_str(), GetFileExInfoStandard, &old) != FALSE) {
+            properties.FileAttributes |= old.dwFileAttributes & kept;
+            properties.CreationTime.LowPart = old.ftCreationTime.dwLowDateTime;
+            properties.CreationTime.HighPart = static_cast<LONG>(old.ftCreationTime.dwHighDateTime);
+        }
+        const auto file = Opened(from, FILE_WRITE_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                 OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, error);
+        if (file)
+            Check(SetFileInformationByHandle(static_cast<WindowsFile&>(*file).Handle(), FileBasicInfo, &properties,
+                                             sizeof properties),
+                  error);
+    }
+
+    /// A rename is one step of the file system and is on the disk when it returns. Over a file that somebody has open it
+    /// is denied.
+    static void Rename(const std::string& from, const std::string& to, DWORD how, std::error_code& error) {
+        const std::wstring source = NativePath(from);
+        const std::wstring target = NativePath(to);
+        const bool replaces = how == MOVEFILE_REPLACE_EXISTING && AttributesOf(to) != 0;
+        Check(Patiently([&] { return MoveFileExW(source.c_str(), target.c_str(), how | MOVEFILE_WRITE_THROUGH); },
+                        replaces),
+              error);
     }
 };
 

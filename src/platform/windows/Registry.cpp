@@ -1,5 +1,7 @@
 #include "platform/Registry.h"
 
+#include <string>
+
 #include <windows.h>
 
 namespace railwright::registry {
@@ -10,6 +12,13 @@ HKEY Native(Handle key) {
     const bool isRoot = key >= 0x80000000U && key <= 0xFFFFFFFFU;
     return reinterpret_cast<HKEY>(isRoot ? static_cast<std::intptr_t>(static_cast<std::int32_t>(key))
                                          : static_cast<std::intptr_t>(key));
+}
+
+/// The registrations of the user, which HKEY_CLASSES_ROOT shows before those of the machine.
+constexpr const char* UserClasses = "Software\\Classes\\";
+
+LSTATUS Create(HKEY root, const char* subKey, HKEY* created) {
+    return ::RegCreateKeyExA(root, subKey, 0, nullptr, 0, KEY_READ | KEY_WRITE, nullptr, created, nullptr);
 }
 
 } // namespace
@@ -25,7 +34,10 @@ std::int32_t RegOpenKeyExA(Handle key, const char* subKey, std::uint32_t options
 
 std::int32_t RegCreateKeyA(Handle key, const char* subKey, Handle* result) {
     HKEY opened = nullptr;
-    const LSTATUS status = ::RegCreateKeyA(Native(key), subKey, &opened);
+    LSTATUS status = Create(Native(key), subKey, &opened);
+    // The machine's registrations belong to administrators; everybody else has registrations of their own.
+    if (status == ERROR_ACCESS_DENIED && Native(key) == HKEY_CLASSES_ROOT)
+        status = Create(HKEY_CURRENT_USER, (std::string(UserClasses) + subKey).c_str(), &opened);
     if (status == 0)
         *result = reinterpret_cast<Handle>(opened);
     return status;

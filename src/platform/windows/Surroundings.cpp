@@ -47,6 +47,25 @@ std::string Setting(LCTYPE which) {
     return length > 0 ? FromWide({value.data(), static_cast<std::size_t>(length - 1)}) : "";
 }
 
+/// @return the files that a name with "*" or "?" in it stands for, in the order of their names.
+std::vector<std::string> FilesThatFit(const std::wstring& pattern) {
+    std::vector<std::string> files;
+    WIN32_FIND_DATAW found{};
+    if (pattern.find_first_of(L"*?") == std::wstring::npos)
+        return files;
+    HANDLE search = FindFirstFileW(pattern.c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE)
+        return files;
+    const std::wstring folder = pattern.substr(0, pattern.find_last_of(L"\\/:") + 1);
+    do {
+        if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
+            files.push_back(FromWide(folder + &found.cFileName[0]));
+    } while (FindNextFileW(search, &found) != FALSE);
+    FindClose(search);
+    std::sort(files.begin(), files.end());
+    return files;
+}
+
 } // namespace
 
 const CodePage& SystemCodePage() {
@@ -84,11 +103,25 @@ std::vector<std::string> StartCommandLine(int, char**) {
     int count = 0;
     std::vector<std::string> arguments;
     if (wchar_t** const wide = CommandLineToArgvW(GetCommandLineW(), &count); wide != nullptr) {
-        for (int i = 1; i < count; ++i)
-            arguments.push_back(FromWide(wide[i]));
+        for (int i = 1; i < count; ++i) {
+            std::vector<std::string> files = FilesThatFit(wide[i]);
+            if (files.empty())
+                files.push_back(FromWide(wide[i]));
+            arguments.insert(arguments.end(), files.begin(), files.end());
+        }
         LocalFree(wide);
     }
     return arguments;
+}
+
+std::string CommandLineText(int, char**) {
+    // The program's name ends at its closing quote, or at the first blank.
+    std::wstring_view line = GetCommandLineW();
+    const bool isQuoted = line.starts_with(L'"');
+    const std::size_t end = line.find(isQuoted ? L'"' : L' ', isQuoted ? 1 : 0);
+    line.remove_prefix(end == std::wstring_view::npos ? line.size() : end + 1);
+    line.remove_prefix(std::min(line.find_first_not_of(L" \t"), line.size()));
+    return FromWide(line.substr(0, line.find_last_not_of(L" \t") + 1));
 }
 
 } // namespace railwright

@@ -11,4 +11,8 @@ std::wstring ToWide(std::string_view utf8);
 /// @return `wide` as UTF-8.
 std::string FromWide(std::wstring_view wide);
 
+/// @return a path as the system's calls take it: one that is too long for them gets the prefix that lifts the
+/// limit, on a drive as in the network.
+std::wstring NativePath(std::string_view path);
+
 } // namespace railwright

@@ -1,0 +1,78 @@
+#include "platform/FilePicker.h"
+
+#include "base/FileName.h"
+#include "platform/windows/Wide.h"
+
+#include <windows.h>
+
+#include <commdlg.h>
+
+#include <cderr.h>
+
+namespace railwright {
+namespace {
+
+/// As many characters as a path can have.
+constexpr std::size_t PathBuffer = 32768;
+
+/// A dialog takes the process to the folder in which it was left, where relative names would mean other files.
+class KeptFolder {
+public:
+    KeptFolder() : folder(GetCurrentDirectoryW(0, nullptr), 0) {
+        GetCurrentDirectoryW(static_cast<DWORD>(folder.size()), folder.data());
+    }
+    ~KeptFolder() { SetCurrentDirectoryW(folder.c_str()); }
+    KeptFolder(const KeptFolder&) = delete;
+    KeptFolder& operator=(const KeptFolder&) = delete;
+
+private:
+    std::wstring folder;
+};
+
+/// Labels and masks by turns, each ended by a NUL; the string's own end is the last one.
+std::wstring SystemFilter(const std::vector<FileFilter>& filters) {
+    std::wstring pieces;
+    for (const auto& [label, masks] : filters)
+        pieces += ToWide(label) + L'\0' + ToWide(masks) + L'\0';
+    return pieces;
+}
+
+} // namespace
+
+std::optional<PickedFile> PickFile(const FileQuestion& question) {
+    const KeptFolder kept;
+    const std::wstring filter = SystemFilter(question.Filters);
+    const std::wstring title = ToWide(question.Title);
+    const std::wstring extension = ToWide(question.DefaultExtension);
+    std::wstring folder = ToWide(question.Folder);
+    std::wstring path = ToWide(question.Path);
+    path.resize(PathBuffer);
+
+    OPENFILENAMEW dialog{};
+    dialog.lStructSize = sizeof dialog;
+    dialog.hwndOwner = question.Owner == NoWindow ? nullptr : reinterpret_cast<HWND>(question.Owner);
+    dialog.lpstrFilter = filter.c_str();
+    dialog.nFilterIndex = static_cast<DWORD>(question.FilterIndex);
+    dialog.lpstrFile = path.data();
+    dialog.nMaxFile = static_cast<DWORD>(path.size());
+    dialog.lpstrInitialDir = folder.empty() ? nullptr : folder.c_str();
+    dialog.lpstrTitle = title.c_str();
+    dialog.Flags = static_cast<DWORD>(question.Flags) | OFN_EXPLORER | OFN_NOCHANGEDIR;
+    dialog.lpstrDefExt = extension.c_str();
+
+    const auto show = question.Purpose == FilePurpose::Open ? ::GetOpenFileNameW : ::GetSaveFileNameW;
+    bool picked = show(&dialog) != FALSE;
+    if (!picked && CommDlgExtendedError() == FNERR_INVALIDFILENAME) {
+        // It does not come up with such a name in its field.
+        folder = ToWide(FolderOf(question.Path));
+        if (!folder.empty())
+            dialog.lpstrInitialDir = folder.c_str();
+        path.front() = 0;
+        picked = show(&dialog) != FALSE;
+    }
+    if (!picked)
+        return std::nullopt;
+    return PickedFile{FromWide(path.c_str()), static_cast<std::int32_t>(dialog.nFilterIndex)};
+}
+
+} // namespace railwright

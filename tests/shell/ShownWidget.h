@@ -1,0 +1,25 @@
+#pragma once
+
+#include "tests/shell/Shown.h"
+
+#include <QWidget>
+
+namespace railwright::testing {
+
+/// A modal widget of the toolkit's.
+class ShownWidget final : public Shown {
+public:
+    explicit ShownWidget(QWidget& modal) : widget(modal) {}
+    /// The one in front, null if there is none.
+    static std::unique_ptr<Shown> InFront();
+    int CountLook() override;
+    QString Seen() const override;
+    void Press(const QString& button) override;
+    QString Name(const QString& name) override;
+    void GiveUp() override;
+
+private:
+    QWidget& widget;
+};
+
+} // namespace railwright::testing
