@@ -172,12 +172,18 @@ void WindowTests::StartsWithFileAndSimulator() {
              {"lblNolimitsTools(0)", "lblNolimitsTools(1)", "mnuNLEnvOrganizer", "mnuNLFileAssoc"})
             QCOMPARE(program.IsEnabled(name), !chosen.empty());
     }
-    const std::string file = simulator.File("two [*] words.NLTrack");
+#ifdef Q_OS_WIN
+    const QString mark = "[.]"; // no name has an asterisk there
+#else
+    const QString mark = "[*]";
+#endif
+    const QString words = "two " + mark + " words";
+    const std::string file = simulator.File(words.toStdString() + ".NLTrack");
     WriteBytes(file, ReadBytes(Comet));
     Program program('"' + file + '"');
     // The toolkit shows a doubled mark as one.
-    QCOMPARE(program.Title(), QString("Railwright: two [*][*] words.NLTrack"));
-    QVERIFY(program.Report().startsWith("File Name...: two [*] words\n") && !bDocumentChanged);
+    QCOMPARE(program.Title().replace("[*][*]", "[*]"), "Railwright: " + words + ".NLTrack");
+    QVERIFY(program.Report().startsWith("File Name...: " + words + '\n') && !bDocumentChanged);
     QCOMPARE(sNoLimitsPath, PathFromOutside(QCoreApplication::applicationDirPath().toStdString()) + '\\');
 
     // Where the simulator was installed is taken as it stands, and counts even if it is empty.
