@@ -82,6 +82,9 @@ private slots:
     void KeepsTheOldFileOfASaveThatFails();
     void TellsToWaitAndGetsOverLackOfMemory();
     void PassesNamesThroughTheDialogs();
+    void TellsOfNamesThatAreTooLong();
+    void SaysWhereTheContentIsThatLostItsFile();
+    void OpensAFileThatIsDropped();
     void ClosesAsAnswered();
     void ChangesTheDocument();
     void CaptionsFollowTheScrollBars();
