@@ -19,8 +19,8 @@ public:
     virtual QString Seen() const = 0;
     virtual void Press(const QString& button) = 0;
     /// Types a name into a file dialog and takes it; an empty name cancels.
-    /// @return what stood in the field before.
-    virtual QString Name(const QString& name) = 0;
+    /// @param before takes what stood in the field, unless it is null.
+    virtual void Name(const QString& name, QString* before) = 0;
     virtual void GiveUp() = 0;
 };
 

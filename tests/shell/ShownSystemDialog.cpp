@@ -44,13 +44,13 @@ public:
                 Command(number);
     }
 
-    QString Name(const QString& name) override {
+    void Name(const QString& name, QString* before) override {
         HWND field = GetDlgItem(dialog, cmb13); // a list with a field in it, or the field alone
         field = field == nullptr ? GetDlgItem(dialog, edt1) : field;
-        const QString before = TextOf(field);
+        if (before != nullptr)
+            *before = TextOf(field);
         SendMessageW(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(qUtf16Printable(name)));
         Command(name.isEmpty() ? IDCANCEL : IDOK);
-        return before;
     }
 
     void GiveUp() override { Command(IDCANCEL); }

@@ -15,11 +15,6 @@ QString PlainCaption(const QAbstractButton& button) {
     return button.text().remove('&');
 }
 
-/// The answer may bring up the next box before it returns, and a timer does not run within itself.
-void ClickSoon(QAbstractButton* button) {
-    QTimer::singleShot(0, button, [button] { QTest::mouseClick(button, Qt::LeftButton); });
-}
-
 } // namespace
 
 std::unique_ptr<ShownBox> ShownWidget::InFront() {
@@ -46,21 +41,28 @@ QString ShownWidget::Seen() const {
     return QStringList{box->windowTitle(), box->text(), icons[box->icon()], buttons.join(',')}.join('|');
 }
 
+// An answer may bring up the next box before it returns, and a timer does not run within itself: it is given
+// soon.
+
 void ShownWidget::Press(const QString& button) {
-    for (QAbstractButton* const each : widget.findChildren<QAbstractButton*>())
-        if (PlainCaption(*each) == button)
-            ClickSoon(each);
+    QTimer::singleShot(0, &widget, [&box = widget, button] {
+        for (QAbstractButton* const each : box.findChildren<QAbstractButton*>())
+            if (PlainCaption(*each) == button)
+                QTest::mouseClick(each, Qt::LeftButton);
+    });
 }
 
-QString ShownWidget::Name(const QString& name) {
-    auto* const field = widget.findChild<QLineEdit*>("fileNameEdit");
-    const QString before = field->text();
-    // Keys would bring up the list of completions, which takes the next of them.
-    field->setText(name);
-    for (auto* const button : widget.findChild<QDialogButtonBox*>()->buttons())
-        if ((PlainCaption(*button) == "Cancel") == name.isEmpty())
-            ClickSoon(button);
-    return before;
+void ShownWidget::Name(const QString& name, QString* before) {
+    QTimer::singleShot(0, &widget, [&dialog = widget, name, before] {
+        auto* const field = dialog.findChild<QLineEdit*>("fileNameEdit");
+        if (before != nullptr)
+            *before = field->text();
+        // Keys would bring up the list of completions, which takes the next of them.
+        field->setText(name);
+        for (auto* const button : dialog.findChild<QDialogButtonBox*>()->buttons())
+            if ((PlainCaption(*button) == "Cancel") == name.isEmpty())
+                QTest::mouseClick(button, Qt::LeftButton);
+    });
 }
 
 void ShownWidget::GiveUp() {

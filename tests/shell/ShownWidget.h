@@ -15,7 +15,7 @@ public:
     int CountLook() override;
     QString Seen() const override;
     void Press(const QString& button) override;
-    QString Name(const QString& name) override;
+    void Name(const QString& name, QString* before) override;
     void GiveUp() override;
 
 private:

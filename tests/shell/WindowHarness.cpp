@@ -16,9 +16,7 @@ Program& Program::Box(const QString& shown, const QString& button) {
 Program& Program::File(const QString& title, const std::string& name, QString* fieldBefore) {
     const std::string typed = PathForOutside(PathFromOutside(name));
     expected.push_back({title, [typed, fieldBefore](ShownBox& dialog) {
-                            const QString before = dialog.Name(QString::fromStdString(typed));
-                            if (fieldBefore != nullptr)
-                                *fieldBefore = before;
+                            dialog.Name(QString::fromStdString(typed), fieldBefore);
                         }});
     return *this;
 }
