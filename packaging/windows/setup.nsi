@@ -1,5 +1,5 @@
-; The setup program. scripts/package-windows gives it VERSION, COPYRIGHT and KILOBYTES of the program, ICON, OUTPUT, and
-; in FILES the list of what is installed.
+; The setup program. scripts/package-windows gives it VERSION, COPYRIGHT and KILOBYTES of the program, the folder
+; ARTWORK, OUTPUT, and in FILES the list of what is installed.
 ;
 ; Command line: /S asks nothing, /AllUsers or /CurrentUser says for whom, /D=FOLDER (last, without quotes) where.
 ; It ends with 0 when all is done, 1 when the user cancels, 2 when it cannot be done.
@@ -45,9 +45,10 @@ Var ForMe
 Var ForAll
 Var Kept       ; a registry key that could not be removed
 
-!define MUI_ICON "${ICON}"
-!define MUI_UNICON "${ICON}"
+!define MUI_ICON "${ARTWORK}/railwright.ico"
+!define MUI_UNICON "${ARTWORK}/railwright.ico"
 !define MUI_DIRECTORYPAGE_TEXT_TOP $FolderText
+!define MUI_WELCOMEFINISHPAGE_BITMAP "${ARTWORK}/finish.bmp"
 !define MUI_FINISHPAGE_RUN
 !define MUI_FINISHPAGE_RUN_FUNCTION StartProgram
 !define MUI_FINISHPAGE_SHOWREADME "$INSTDIR\${GUIDE}"
@@ -80,9 +81,11 @@ Page custom ModePage LeaveModePage
     StrCpy $0 1
     ClearErrors
     GetTempFileName $1 $INSTDIR
+    FileOpen $3 $1 w
     ${If} ${Errors}
         StrCpy $0 0
     ${Else}
+        FileClose $3
         Delete $1
     ${EndIf}
     ${If} $2 = 1
