@@ -6,12 +6,12 @@
 namespace railwright {
 
 /// @return the arguments behind the program's name, as UTF-8, and readies standard output for UTF-8 text with
-/// LF line ends. An argument with "*" or "?" stands for the files it fits, where the user's shell leaves that to
-/// the program. `count` and `arguments` are those of main.
+/// LF line ends. An argument with "*" or "?" stands for the files it fits, where the user's shell leaves that
+/// to the program. `count` and `arguments` are those of main.
 std::vector<std::string> StartCommandLine(int count, char** arguments);
 
-/// @return all that stands behind the program's name as one UTF-8 text: on Windows just as it was given, elsewhere
-/// the arguments with a blank between each two.
+/// @return all that stands behind the program's name as one UTF-8 text: on Windows just as it was given,
+/// elsewhere the arguments with a blank between each two.
 std::string CommandLineText(int count, char** arguments);
 
 } // namespace railwright

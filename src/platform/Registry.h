@@ -33,8 +33,8 @@ inline constexpr std::int32_t ERROR_KEY_DELETED = 1018;
 std::int32_t RegOpenKeyExA(Handle key, const char* subKey, std::uint32_t options, std::uint32_t access,
                            Handle* result);
 
-/// Opens a key and makes it if it is missing, those above it included. What an ordinary user may not change below
-/// HKEY_CLASSES_ROOT becomes the user's own.
+/// Opens a key and makes it if it is missing, those above it included. What an ordinary user may not change
+/// below HKEY_CLASSES_ROOT becomes the user's own.
 std::int32_t RegCreateKeyA(Handle key, const char* subKey, Handle* result);
 
 /// Reads a value.

@@ -19,7 +19,8 @@ struct FileResult {
     std::string Reason;
     /// The byte of the file that the reason speaks of, counted from 0.
     std::int64_t Byte = 0;
-    /// After a save that has lost the old file as well: the file that holds the new content, as the user knows it.
+    /// After a save that has lost the old file as well: the file that holds the new content, as the user
+    /// knows it.
     std::string KeptIn = {};
 
     explicit operator bool() const { return Done; }
@@ -57,8 +58,8 @@ using FileContent = std::function<void(OpenFile& file, std::error_code& error)>;
 /// Writes a whole file. At every moment either the old file or the new one stands whole under the name: the
 /// bytes go to a temporary file in the same folder, to the disk, and then under the name. A symbolic link is
 /// followed, the permissions of the old file are kept. Only where the folder takes no new file is the old one
-/// overwritten in place. On failure the old file is as it was and no temporary file stays; only if a file system
-/// loses the old file in the middle of the exchange, the temporary one stays and KeptIn names it.
+/// overwritten in place. On failure the old file is as it was and no temporary file stays; only if a file
+/// system loses the old file in the middle of the exchange, the temporary one stays and KeptIn names it.
 FileResult WriteWholeFile(const std::string& path, const FileContent& content);
 FileResult WriteWholeFile(const std::string& path, std::span<const std::uint8_t> bytes);
 

@@ -50,4 +50,26 @@ TEST(WholeFile, OnlyAClosedFolderIsAnsweredByWritingInPlace) {
     EXPECT_EQ(folder.Names(), Names{"a"});
 }
 
+TEST(WholeFile, KeepsTheNewContentIfTheOldFileIsLost) {
+    // 1177 and its like are what an exchange gives that has taken the old file away and not yet put the new
+    // one there.
+    for (const bool flushed : {true, false}) {
+        const TemporaryFolder folder;
+        WriteBytes(folder.File("a"), Old);
+        FailingFiles files;
+        files.LosesTheOldFile = true;
+        files.FailAt = flushed ? 0 : 6; // content that is not on the disk is not worth keeping
+        const FileResult saved = WriteWholeFile(folder.Inside("a"), New);
+        ASSERT_FALSE(saved);
+        EXPECT_EQ(saved.KeptIn.empty(), !flushed);
+        if (!flushed) {
+            EXPECT_EQ(folder.Names(), Names{"a"});
+            continue;
+        }
+        EXPECT_NE(saved.Reason.find(saved.KeptIn), std::string::npos);
+        EXPECT_EQ(folder.Names().size(), 1U);
+        EXPECT_EQ(ReadBytes(saved.KeptIn), New);
+    }
+}
+
 } // namespace railwright::testing

@@ -16,7 +16,7 @@ QString TextOf(HWND window) {
 }
 
 /// A dialog of the system's: its file dialogs, and the question that comes up in front of one.
-class ShownSystemDialog final : public Shown {
+class ShownSystemDialog final : public ShownBox {
 public:
     explicit ShownSystemDialog(HWND shown) : dialog(shown) {}
 
@@ -83,7 +83,7 @@ BOOL CALLBACK TakeDialogInFront(HWND window, LPARAM found) {
 
 } // namespace
 
-std::unique_ptr<Shown> Shown::InFront() {
+std::unique_ptr<ShownBox> ShownBox::InFront() {
     HWND found = nullptr;
     EnumThreadWindows(GetCurrentThreadId(), TakeDialogInFront, reinterpret_cast<LPARAM>(&found));
     return found == nullptr ? ShownWidget::InFront() : std::make_unique<ShownSystemDialog>(found);

@@ -1,5 +1,6 @@
 #include "tests/shell/ShownWidget.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QLineEdit>
@@ -21,7 +22,7 @@ void ClickSoon(QAbstractButton* button) {
 
 } // namespace
 
-std::unique_ptr<Shown> ShownWidget::InFront() {
+std::unique_ptr<ShownBox> ShownWidget::InFront() {
     QWidget* const modal = QApplication::activeModalWidget();
     return modal == nullptr ? nullptr : std::make_unique<ShownWidget>(*modal);
 }
@@ -63,12 +64,12 @@ QString ShownWidget::Name(const QString& name) {
 }
 
 void ShownWidget::GiveUp() {
-    qobject_cast<QDialog&>(widget).reject();
+    qobject_cast<QDialog*>(&widget)->reject();
 }
 
 #ifndef Q_OS_WIN
 
-std::unique_ptr<Shown> Shown::InFront() {
+std::unique_ptr<ShownBox> ShownBox::InFront() {
     return ShownWidget::InFront();
 }
 

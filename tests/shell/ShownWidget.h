@@ -1,17 +1,17 @@
 #pragma once
 
-#include "tests/shell/Shown.h"
+#include "tests/shell/ShownBox.h"
 
 #include <QWidget>
 
 namespace railwright::testing {
 
 /// A modal widget of the toolkit's.
-class ShownWidget final : public Shown {
+class ShownWidget final : public ShownBox {
 public:
     explicit ShownWidget(QWidget& modal) : widget(modal) {}
     /// The one in front, null if there is none.
-    static std::unique_ptr<Shown> InFront();
+    static std::unique_ptr<ShownBox> InFront();
     int CountLook() override;
     QString Seen() const override;
     void Press(const QString& button) override;

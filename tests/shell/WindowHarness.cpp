@@ -9,13 +9,14 @@
 namespace railwright::testing {
 
 Program& Program::Box(const QString& shown, const QString& button) {
-    expected.push_back({shown, [button](Shown& box) { box.Press(button); }});
+    expected.push_back({shown, [button](ShownBox& box) { box.Press(button); }});
     return *this;
 }
 
 Program& Program::File(const QString& title, const std::string& name, QString* fieldBefore) {
-    expected.push_back({title, [name, fieldBefore](Shown& dialog) {
-                            const QString before = dialog.Name(QString::fromStdString(name));
+    const std::string typed = PathForOutside(PathFromOutside(name));
+    expected.push_back({title, [typed, fieldBefore](ShownBox& dialog) {
+                            const QString before = dialog.Name(QString::fromStdString(typed));
                             if (fieldBefore != nullptr)
                                 *fieldBefore = before;
                         }});
@@ -23,7 +24,7 @@ Program& Program::File(const QString& title, const std::string& name, QString* f
 }
 
 void Program::Look() {
-    const std::unique_ptr<Shown> shown = Shown::InFront();
+    const std::unique_ptr<ShownBox> shown = ShownBox::InFront();
     if (!shown)
         return;
     constexpr int patience = 300;

@@ -4,7 +4,7 @@
 #include "shell/Controls.h"
 #include "shell/frmMain.h"
 #include "shell/mMain.h"
-#include "tests/shell/Shown.h"
+#include "tests/shell/ShownBox.h"
 #include "tests/support/FailingFiles.h"
 #include "tests/support/TemporaryFolder.h"
 #include "track/TrackDocument.h"
@@ -55,7 +55,7 @@ public:
 private:
     void Look();
     TemporaryFolder folder;
-    std::vector<std::pair<QString, std::function<void(Shown&)>>> expected;
+    std::vector<std::pair<QString, std::function<void(ShownBox&)>>> expected;
     std::size_t next = 0;
     QStringList faults;
     QTimer timer;
@@ -82,6 +82,9 @@ private slots:
     void KeepsTheOldFileOfASaveThatFails();
     void TellsToWaitAndGetsOverLackOfMemory();
     void PassesNamesThroughTheDialogs();
+    void TellsOfNamesThatAreTooLong();
+    void SaysWhereTheContentIsThatLostItsFile();
+    void OpensAFileThatIsDropped();
     void ClosesAsAnswered();
     void ChangesTheDocument();
     void CaptionsFollowTheScrollBars();

@@ -27,6 +27,8 @@ public:
     bool Stays = false;          // every call behind that one fails as well
     std::errc Cause = Causes[0]; // what the failure gives
     bool EndsSuddenly = false;   // instead of a failure the process ends at that call
+    bool LosesTheOldFile =
+        false; // an exchange breaks off in the middle: the old file is gone, the new one has no name
     bool WritesNothing = false;  // a write that fails gives no error, it only writes nothing
     std::errc OpenNewError = {}; // what OpenNew gives; no error for the system's own answer
 
@@ -43,7 +45,12 @@ public:
     Opened OpenToOverwrite(Name path, Error e) override {
         return Fails(e) ? nullptr : Wrap(real.OpenToOverwrite(path, e));
     }
-    void Replace(Name from, Name to, Error e) override { Fails(e) ? void() : real.Replace(from, to, e); }
+    void Replace(Name from, Name to, Error e) override {
+        if (!LosesTheOldFile)
+            return Fails(e) ? void() : real.Replace(from, to, e);
+        real.Delete(to, e);
+        e = std::error_code(1177, std::system_category());
+    }
     void Move(Name from, Name to, Error e) override { Fails(e) ? void() : real.Move(from, to, e); }
     void Delete(Name path, Error e) override { Fails(e) ? void() : real.Delete(path, e); }
     void CreateFolder(Name path, Error e) override { Fails(e) ? void() : real.CreateFolder(path, e); }

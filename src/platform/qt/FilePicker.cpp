@@ -46,8 +46,10 @@ std::optional<PickedFile> PickFile(const FileQuestion& question) {
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setOption(QFileDialog::DontConfirmOverwrite, (question.Flags & OFN_OVERWRITEPROMPT) == 0);
     dialog.setWindowTitle(QString::fromStdString(question.Title));
-    dialog.setAcceptMode(question.Purpose == FilePurpose::Open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
-    dialog.setFileMode((question.Flags & OFN_FILEMUSTEXIST) != 0 ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    dialog.setAcceptMode(question.Purpose == FilePurpose::Open ? QFileDialog::AcceptOpen
+                                                               : QFileDialog::AcceptSave);
+    dialog.setFileMode((question.Flags & OFN_FILEMUSTEXIST) != 0 ? QFileDialog::ExistingFile
+                                                                 : QFileDialog::AnyFile);
     dialog.setDefaultSuffix(QString::fromStdString(question.DefaultExtension));
     const QStringList filters = NameFilters(question.Filters);
     dialog.setNameFilters(filters);

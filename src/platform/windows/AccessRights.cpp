@@ -12,35 +12,36 @@
 namespace railwright {
 namespace {
 
-/// The list of who may do what with a file.
+/// The list of who may do what with a file, bit for bit.
 class AccessList {
 public:
     /// @param code what the system says of the attempt to read it.
     AccessList(const std::wstring& path, DWORD& code) {
         PSECURITY_DESCRIPTOR read = nullptr;
-        code = GetNamedSecurityInfoW(path.c_str(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr, &list,
-                                     nullptr, &read);
+        code = GetNamedSecurityInfoW(path.c_str(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr,
+                                     nullptr, &list, nullptr, &read);
         descriptor.reset(read);
-        SECURITY_DESCRIPTOR_CONTROL control = 0;
         DWORD revision = 0;
-        if (code == ERROR_SUCCESS && GetSecurityDescriptorControl(read, &control, &revision) != FALSE)
-            isProtected = (control & SE_DACL_PROTECTED) != 0;
+        if (code == ERROR_SUCCESS)
+            GetSecurityDescriptorControl(read, &control, &revision);
     }
 
-    bool IsLike(const AccessList& other) const {
-        if (list == nullptr || other.list == nullptr)
-            return list == other.list;
-        return isProtected == other.isProtected && list->AclSize == other.list->AclSize &&
-               std::memcmp(list, other.list, list->AclSize) == 0;
+    bool operator==(const AccessList& other) const {
+        if (list == nullptr || other.list == nullptr || control != other.control)
+            return list == other.list && control == other.control;
+        return list->AclSize == other.list->AclSize && std::memcmp(list, other.list, list->AclSize) == 0;
     }
 
-    /// A list that takes over entries of the folder goes on doing so.
+    /// Entries taken over from a folder stay marked as such, so that they go on following it.
     DWORD Give(const std::wstring& path) const {
-        const SECURITY_INFORMATION inheritance =
-            isProtected ? PROTECTED_DACL_SECURITY_INFORMATION : UNPROTECTED_DACL_SECURITY_INFORMATION;
-        std::wstring name = path; // the call takes no constant
-        return SetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION | inheritance, nullptr,
-                                     nullptr, list, nullptr);
+        constexpr SECURITY_DESCRIPTOR_CONTROL follows = SE_DACL_AUTO_INHERIT_REQ | SE_DACL_AUTO_INHERITED;
+        if ((control & SE_DACL_AUTO_INHERITED) != 0)
+            SetSecurityDescriptorControl(descriptor.get(), follows, follows);
+        SECURITY_INFORMATION what = DACL_SECURITY_INFORMATION;
+        if ((control & SE_DACL_PROTECTED) != 0)
+            what |= PROTECTED_DACL_SECURITY_INFORMATION;
+        return SetFileSecurityW(path.c_str(), what, descriptor.get()) != FALSE ? ERROR_SUCCESS
+                                                                               : GetLastError();
     }
 
 private:
@@ -49,11 +50,12 @@ private:
     };
     std::unique_ptr<void, Free> descriptor;
     ACL* list = nullptr; // a piece of the descriptor
-    bool isProtected = false;
+    SECURITY_DESCRIPTOR_CONTROL control = 0;
 };
 
 bool HasNoRights(DWORD code) {
-    return code == ERROR_NOT_SUPPORTED || code == ERROR_INVALID_FUNCTION || code == ERROR_CALL_NOT_IMPLEMENTED;
+    return code == ERROR_NOT_SUPPORTED || code == ERROR_INVALID_FUNCTION ||
+           code == ERROR_CALL_NOT_IMPLEMENTED;
 }
 
 } // namespace
@@ -63,7 +65,7 @@ void CopyAccessRights(const std::wstring& from, const std::wstring& to, std::err
     const AccessList wanted(from, code);
     if (code == ERROR_SUCCESS) {
         const AccessList present(to, code);
-        if (code == ERROR_SUCCESS && !wanted.IsLike(present))
+        if (code == ERROR_SUCCESS && !(present == wanted))
             code = wanted.Give(to);
     }
     if (code != ERROR_SUCCESS && !HasNoRights(code)) {

@@ -35,18 +35,20 @@ public:
 
     std::string message(int code) const override {
         std::array<wchar_t, 512> text{};
-        const DWORD length =
-            FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_MAX_WIDTH_MASK,
-                           nullptr, static_cast<DWORD>(code), 0, text.data(), static_cast<DWORD>(text.size()), nullptr);
+        const DWORD length = FormatMessageW(
+            FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_MAX_WIDTH_MASK,
+            nullptr, static_cast<DWORD>(code), 0, text.data(), static_cast<DWORD>(text.size()), nullptr);
         std::string message = FromWide({text.data(), length});
         message.erase(message.find_last_not_of(" .") + 1);
         return message.empty() ? "error " + std::to_string(code) : message;
     }
 
     std::error_condition default_error_condition(int code) const noexcept override {
-        const auto known = std::find_if(Conditions.begin(), Conditions.end(),
-                                        [&](const Condition& each) { return each.Code == static_cast<DWORD>(code); });
-        return known == Conditions.end() ? std::error_condition(code, *this) : std::make_error_condition(known->Means);
+        const auto known = std::find_if(Conditions.begin(), Conditions.end(), [&](const Condition& each) {
+            return each.Code == static_cast<DWORD>(code);
+        });
+        return known == Conditions.end() ? std::error_condition(code, *this)
+                                         : std::make_error_condition(known->Means);
     }
 };
 

@@ -15,8 +15,8 @@ namespace {
 
 constexpr DWORD LongestCall = 1U << 30U; // a single call takes a 32-bit length
 
-/// Virus scanners, and folders that are kept in step with others, hold a file open for a moment. Runs a call until it
-/// succeeds, fails for another reason, or has been waited for some ten times, a second in all.
+/// Virus scanners, and folders that are kept in step with others, hold a file open for a moment. Runs a call
+/// until it succeeds, fails for another reason, or has been waited for some ten times, a second in all.
 template <class Call>
 BOOL Patiently(Call call, bool deniedMayPass = false) {
     constexpr DWORD longestWait = 180; // milliseconds, reached in ten steps
@@ -115,7 +115,8 @@ public:
 
     std::unique_ptr<OpenFile> OpenNew(const std::string& path, const std::string& like,
                                       std::error_code& error) override {
-        // Nobody else opens it until it is closed, so its rights are in time. It stays hidden until it takes its name.
+        // Nobody else opens it until it is closed, so its rights are in time. It stays hidden until it takes
+        // its name.
         DWORD attributes = FILE_ATTRIBUTE_HIDDEN;
         if (!like.empty() && (AttributesOf(like) & FILE_ATTRIBUTE_ENCRYPTED) != 0)
             attributes |= FILE_ATTRIBUTE_ENCRYPTED;
@@ -183,8 +184,8 @@ public:
     }
 
 private:
-    static std::unique_ptr<OpenFile> Opened(const std::string& path, DWORD access, DWORD sharing, DWORD disposition,
-                                            DWORD attributes, std::error_code& error) {
+    static std::unique_ptr<OpenFile> Opened(const std::string& path, DWORD access, DWORD sharing,
+                                            DWORD disposition, DWORD attributes, std::error_code& error) {
         const std::wstring name = NativePath(path);
         HANDLE handle = INVALID_HANDLE_VALUE;
         Patiently([&] {
@@ -202,10 +203,11 @@ private:
         return attributes == INVALID_FILE_ATTRIBUTES ? 0 : attributes;
     }
 
-    /// Gives a new file the attributes and the date of creation of the one whose place it takes; one that takes nobody's
-    /// place is no longer hidden.
+    /// Gives a new file the attributes and the date of creation of the one whose place it takes; one that
+    /// takes nobody's place is no longer hidden.
     static void TakeOverProperties(const std::string& from, const std::string& to, std::error_code& error) {
-        constexpr DWORD kept = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
+        constexpr DWORD kept =
+            FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
         FILE_BASIC_INFO properties{}; // a time of 0 stays as it is
         properties.FileAttributes = FILE_ATTRIBUTE_ARCHIVE;
         WIN32_FILE_ATTRIBUTE_DATA old{};
@@ -214,22 +216,24 @@ private:
             properties.CreationTime.LowPart = old.ftCreationTime.dwLowDateTime;
             properties.CreationTime.HighPart = static_cast<LONG>(old.ftCreationTime.dwHighDateTime);
         }
-        const auto file = Opened(from, FILE_WRITE_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                                 OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, error);
+        const auto file =
+            Opened(from, FILE_WRITE_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                   OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, error);
         if (file)
-            Check(SetFileInformationByHandle(static_cast<WindowsFile&>(*file).Handle(), FileBasicInfo, &properties,
-                                             sizeof properties),
+            Check(SetFileInformationByHandle(static_cast<WindowsFile&>(*file).Handle(), FileBasicInfo,
+                                             &properties, sizeof properties),
                   error);
     }
 
-    /// A rename is one step of the file system and is on the disk when it returns. Over a file that somebody has open it
-    /// is denied.
+    /// A rename is one step of the file system and is on the disk when it returns. Over a file that somebody
+    /// has open it is denied.
     static void Rename(const std::string& from, const std::string& to, DWORD how, std::error_code& error) {
         const std::wstring source = NativePath(from);
         const std::wstring target = NativePath(to);
         const bool replaces = how == MOVEFILE_REPLACE_EXISTING && AttributesOf(to) != 0;
-        Check(Patiently([&] { return MoveFileExW(source.c_str(), target.c_str(), how | MOVEFILE_WRITE_THROUGH); },
-                        replaces),
+        Check(Patiently(
+                  [&] { return MoveFileExW(source.c_str(), target.c_str(), how | MOVEFILE_WRITE_THROUGH); },
+                  replaces),
               error);
     }
 };

@@ -15,7 +15,8 @@ namespace {
 /// As many characters as a path can have.
 constexpr std::size_t PathBuffer = 32768;
 
-/// A dialog takes the process to the folder in which it was left, where relative names would mean other files.
+/// A dialog takes the process to the folder in which it was left, where relative names would mean other
+/// files.
 class KeptFolder {
 public:
     KeptFolder() : folder(GetCurrentDirectoryW(0, nullptr), 0) {

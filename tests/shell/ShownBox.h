@@ -7,11 +7,11 @@
 namespace railwright::testing {
 
 /// The box or dialog that the program waits for, as the user sees it: of the toolkit or of the system.
-class Shown {
+class ShownBox {
 public:
-    virtual ~Shown() = default;
+    virtual ~ShownBox() = default;
     /// The one in front, null if there is none.
-    static std::unique_ptr<Shown> InFront();
+    static std::unique_ptr<ShownBox> InFront();
 
     /// @return how often this has been called for it before.
     virtual int CountLook() = 0;
