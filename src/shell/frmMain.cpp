@@ -19,7 +19,6 @@
 #include <QMimeData>
 #include <QScreen>
 #include <QStyle>
-#include <QTimer>
 #include <QUrl>
 
 // The pictures stand in a library, so they are not found without a word from its user.
@@ -57,6 +56,8 @@ frmMain::frmMain() {
     setWindowIcon(Artwork("window"));
     setFont(ControlFont());
     setAcceptDrops(true);
+    afterDrop.setSingleShot(true);
+    connect(&afterDrop, &QTimer::timeout, this, [this] { OpenNoLimitsFile(dropped); });
 
     auto* const window = new QWidget(this);
     window->setFixedSize(InPixels(Client).size());
@@ -226,10 +227,10 @@ void frmMain::dragEnterEvent(QDragEnterEvent* event) {
 }
 
 void frmMain::dropEvent(QDropEvent* event) {
-    const std::string file = DraggedFile(*event).toStdString();
     event->acceptProposedAction();
+    dropped = PathFromOutside(DraggedFile(*event).toStdString());
     // The program that the file comes from waits until the drop is over.
-    QTimer::singleShot(0, this, [file] { OpenNoLimitsFile(PathFromOutside(file)); });
+    afterDrop.start();
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include <QMainWindow>
+#include <QTimer>
 
 class QLabel;
 
@@ -82,6 +83,9 @@ private:
     /// @return whether the window may close.
     bool Form_Unload();
 
+    /// A file that was dropped, and the moment at which it opens.
+    std::string dropped;
+    QTimer afterDrop;
     std::vector<LinkLabel*> toolLabels;
     QLabel* lblTitle = nullptr;
     QLabel* lblIndicator = nullptr;
