@@ -1,0 +1,12 @@
+# Completion of railwright-cli's words in fish.
+
+function __railwright_cli_steps
+    if string match -qri '\.nlelem$' -- (commandline -opc)
+%FISH_ELEMENT_STEPS%
+    else
+%FISH_TRACK_STEPS%
+    end
+end
+
+complete -c railwright-cli -f
+%FISH_COMMANDS%

@@ -1,0 +1,117 @@
+// Draws the plan of a document as a small picture, for file managers.
+#include "base/FileName.h"
+#include "base/Text.h"
+#include "base/Version.h"
+#include "element/mNoLimits_ElementIO_1_3.h"
+#include "geometry/Preview.h"
+#include "geometry/mNoLimits_TrackTools.h"
+#include "platform/FilePath.h"
+#include "platform/WholeFile.h"
+#include "platform/qt/PaintedPicture.h"
+#include "track/mNoLimits_TrackIO_1_3.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <iostream>
+#include <new>
+
+#include <QBuffer>
+
+namespace railwright {
+namespace {
+
+constexpr int Failed = 1;
+constexpr int Usage = 2;
+
+/// Bytes. A file manager waits for the picture, and a longer file would take seconds or much memory.
+constexpr std::int64_t LongestDrawn = 16 << 20;
+
+/// A picture that nobody looks at.
+class NoPicture final : public PictureBox {
+public:
+    void Cls() override {}
+    void Line(float, float, float, float, Rgb) override {}
+    void PSet(float, float, Rgb) override {}
+    void DrawWidth(int) override {}
+};
+
+struct Kind {
+    std::string_view Extension;
+    FileResult (*Load)(const FilePath&);
+    void (*Analyze)();
+    void (*Draw)(PictureBox&, PictureBox&);
+};
+
+constexpr std::array Kinds = {Kind{TrackExtension, LoadTrackFile, AnalyzeTrack, DrawTrackPreview},
+                              Kind{ElementExtension, LoadElementFile, AnalyzeElement, DrawElementPreview}};
+
+/// @param size width and height in pixels.
+/// @return what is wrong with the file, if anything.
+FileResult DrawPlan(const FilePath& file, int size, QImage& drawn) {
+    const auto* const kind = std::find_if(Kinds.begin(), Kinds.end(), [&](const Kind& one) {
+        return HasExtension(file.Native(), one.Extension);
+    });
+    if (kind == Kinds.end())
+        return FileResult::Failure("the name ends in neither .nltrack nor .nlelem");
+    if (FileLength(file) > LongestDrawn)
+        return FileResult::Failure("the file is too long to be drawn while somebody waits");
+    if (FileResult loaded = kind->Load(file); !loaded)
+        return loaded;
+    kind->Analyze();
+    PaintedPicture plan;
+    NoPicture side;
+    kind->Draw(plan, side);
+    drawn = plan.Drawn(static_cast<double>(size) / PictureBox::Size);
+    return {};
+}
+
+FileResult WritePng(const FilePath& file, const QImage& image) {
+    QBuffer png;
+    if (!image.save(&png, "PNG"))
+        return FileResult::Failure("the picture cannot be made");
+    const auto* const bytes = reinterpret_cast<const std::uint8_t*>(png.data().constData());
+    return WriteWholeFile(file, std::span(bytes, static_cast<std::size_t>(png.size())));
+}
+
+int Run(int count, char** words) {
+    CLI::App app("Draws the plan of a NoLimits track or element as a PNG file.", "railwright-thumbnailer");
+    int size = 0;
+    std::string file;
+    std::string picture;
+    app.add_option("SIZE", size, "width and height of the picture in pixels, up to 1024")
+        ->required()
+        ->check(CLI::Range(1, 1024))
+        ->type_name("");
+    app.add_option("FILE", file, "track or element to draw")->required()->type_name("");
+    app.add_option("PICTURE", picture, "PNG file to write")->required()->type_name("");
+    app.set_version_flag("--version", "railwright-thumbnailer " + std::string(Version),
+                         "print the version and exit");
+    try {
+        app.parse(count, words);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error, std::cout, std::cerr) == 0 ? 0 : Usage;
+    }
+    QImage drawn;
+    FileResult result = DrawPlan(FilePath::FromUser(file), size, drawn);
+    const std::string& concerned = result ? picture : file;
+    if (result)
+        result = WritePng(FilePath::FromUser(picture), drawn);
+    if (!result) {
+        std::cerr << "railwright-thumbnailer: " << OnOneLine(concerned + ": " + result.Reason) << '\n';
+        return Failed;
+    }
+    return 0;
+}
+
+} // namespace
+} // namespace railwright
+
+int main(int count, char** words) {
+    try {
+        return railwright::Run(count, words);
+    } catch (const std::bad_alloc&) {
+        std::cerr << "railwright-thumbnailer: there is not enough memory\n";
+        return railwright::Failed;
+    }
+}
