@@ -35,6 +35,7 @@ VIAddVersionKey /LANG=1033 LegalCopyright "${COPYRIGHT}"
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Railwright"
 !define TRACK_KEY "Software\Classes\NoLimits.Trackfile"
 !define GUIDE "railwright-docs\user-guide.html"
+!define LIST "railwright-docs\files.txt"
 
 Var Mode       ; AllUsers or CurrentUser
 Var ModeGiven  ; on the command line: no page asks for it
@@ -64,6 +65,9 @@ Page custom ModePage LeaveModePage
 !insertmacro MUI_UNPAGE_CONFIRM
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE "English"
+
+!define NOT_OURS "This file would be overwritten, and is not Railwright's. Move it away, or choose another \
+    folder.$\n$\n$INSTDIR\$0"
 
 !macro Fail TEXT
     MessageBox MB_OK|MB_ICONSTOP "${TEXT}" /SD IDOK
@@ -117,6 +121,32 @@ Page custom ModePage LeaveModePage
     !insertmacro CheckProgram railwright-cli.exe
     !insertmacro CheckProgram RailwrightIcons.dll
 !macroend
+
+; A file of ours is on the list that the installation before has left, or that came out of the zip file. $0 becomes the
+; name of one that is not.
+!macro CheckFile FILE
+    ${If} $0 == ""
+    ${AndIf} ${FileExists} "$INSTDIR\${FILE}"
+        StrCpy $0 "${FILE}"
+        ClearErrors
+        FileOpen $1 "$INSTDIR\${LIST}" r
+        ${Unless} ${Errors}
+            ${Do}
+                FileRead $1 $2
+                ${If} $2 == "${FILE}$\r$\n"
+                    StrCpy $0 ""
+                ${EndIf}
+            ${LoopUntil} $2 == ""
+            FileClose $1
+        ${EndUnless}
+    ${EndIf}
+!macroend
+
+; Sets $0 to the name of a file that is somebody else's and would be overwritten, or to nothing.
+Function CheckFiles
+    StrCpy $0 ""
+    !insertmacro CheckDocuments
+FunctionEnd
 
 ; $0 is 1 with an administrator's rights.
 !macro CheckRights
@@ -278,6 +308,11 @@ Function LeaveFolderPage
             install Railwright for everybody on this computer."
         Abort
     ${EndIf}
+    Call CheckFiles
+    ${If} $0 != ""
+        MessageBox MB_OK|MB_ICONEXCLAMATION "${NOT_OURS}"
+        Abort
+    ${EndIf}
 FunctionEnd
 
 ; The program starts with the rights of the desktop, also after a setup with those of an administrator.
@@ -293,6 +328,10 @@ Section
     !insertmacro CheckFolder
     ${If} $0 = 0
         !insertmacro Fail "Railwright cannot be installed, because the folder cannot be written:$\n$\n$INSTDIR"
+    ${EndIf}
+    Call CheckFiles
+    ${If} $0 != ""
+        !insertmacro Fail "${NOT_OURS}"
     ${EndIf}
     !insertmacro CheckPrograms
 
@@ -364,15 +403,18 @@ FunctionEnd
     ${EndIf}
 !macroend
 
+; Takes the default value, which is Railwright's, and the key if nothing else is in it.
 !macro RemoveAssociationKey ROOT KEY
+    DeleteRegValue ${ROOT} "${KEY}" ""
+    DeleteRegKey /ifempty ${ROOT} "${KEY}"
     ClearErrors
-    DeleteRegKey /ifnosubkeys ${ROOT} "${KEY}"
-    ${If} ${Errors}
+    ReadRegStr $0 ${ROOT} "${KEY}" ""
+    ${IfNot} ${Errors}
         StrCpy $Kept "${KEY}"
     ${EndIf}
 !macroend
 
-; Takes out of the file association what names the programs of this folder. The rest is the simulator's.
+; Takes out of the file association what names the programs of this folder. The rest is the simulator's or the user's.
 !macro RemoveAssociation ROOT
     ReadRegStr $0 ${ROOT} "${TRACK_KEY}\Shell\Tool\Command" ""
     ${If} $0 == '$INSTDIR\Railwright.exe "%1"'

@@ -1,13 +1,16 @@
 #include "platform/WholeFile.h"
 
+#include "cli/CommandLineTool.h"
 #include "platform/FileOperations.h"
+#include "platform/windows/Wide.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <array>
-#include <thread>
+#include <fstream>
+#include <sstream>
 
 #include <windows.h>
 
@@ -40,44 +43,70 @@ TEST(WholeFile, AttributesHideAndProtectAFile) {
 
 TEST(WholeFile, NamesAreUtf8InAnyCase) {
     const TemporaryFolder folder;
-    const std::string inside = folder.Inside("TRACKS") + '\\';
-    EXPECT_TRUE(CreateFolders(folder.Inside("Tracks\\a")) && CreateFolders(inside + "A\\b"));
+    const auto inside = [&](const char* name) { return folder.Inside(std::string("TRACKS\\") + name); };
+    EXPECT_TRUE(CreateFolders(folder.Inside("Tracks\\a")) && CreateFolders(inside("A\\b")));
     WriteBytes(folder.Path() / u8"Tracks" / u8"\u00C4ltere.NLTRACK", Old);
-    EXPECT_EQ(FileLength(inside + "\u00E4ltere.nltrack"), 180);
-    EXPECT_FALSE(FileExists(inside + "altere.nltrack"));
-    EXPECT_TRUE(WriteWholeFile(inside + "\u00E4LTERE.nltrack", New));
-    EXPECT_EQ(FileLength(inside + "\u00C4ltere.NLTRACK"), 250);
+    EXPECT_EQ(FileLength(inside("\u00E4ltere.nltrack")), 180);
+    EXPECT_FALSE(FileExists(inside("altere.nltrack")));
+    EXPECT_TRUE(WriteWholeFile(inside("\u00E4LTERE.nltrack"), New));
+    EXPECT_EQ(FileLength(inside("\u00C4ltere.NLTRACK")), 250);
     Bytes read;
-    EXPECT_TRUE(ReadWholeFile(inside + "\u00C4LTERE.nltrack", read) && read.size() == 250);
+    EXPECT_TRUE(ReadWholeFile(inside("\u00C4LTERE.nltrack"), read) && read.size() == 250);
+    // Names need not be well-formed.
+    for (const wchar_t* name :
+         {L"\xD83D\xDE80\u4E00", L"\xD83D", L"\xDE80\xD83D.a\xDE80", L"\xD83D\xD83D\xDE80"})
+        EXPECT_EQ(ToWide(FromWide(name)), name);
+    EXPECT_EQ(FromWide(L"\xD83D\xDE80\xDE80"), "\U0001F680\xED\xBA\x80");
 }
 
-/// Opens a file as another program does that shares nothing, for some milliseconds.
-std::thread Hold(const std::string& file, int milliseconds) {
-    HANDLE held = CreateFileA(file.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-    EXPECT_NE(held, INVALID_HANDLE_VALUE);
-    return std::thread([=] {
-        Sleep(static_cast<DWORD>(milliseconds));
-        CloseHandle(held);
-    });
-}
+/// Another program has a file open for some milliseconds, or to the end of this, and shares it with nobody.
+class Held {
+public:
+    Held(const std::string& file, int milliseconds) {
+        std::string command =
+            "\"" RAILWRIGHT_NEIGHBOUR "\" hold \"" + file + "\" " + std::to_string(milliseconds);
+        STARTUPINFOA start{};
+        start.cb = sizeof start;
+        EXPECT_TRUE(CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                                   &start, &program));
+        while (std::ifstream(file) && WaitForSingleObject(program.hProcess, 1) == WAIT_TIMEOUT) {
+        }
+    }
+    ~Held() {
+        TerminateProcess(program.hProcess, 0);
+        WaitForSingleObject(program.hProcess, INFINITE);
+        CloseHandle(program.hThread);
+        CloseHandle(program.hProcess);
+    }
+    Held(const Held&) = delete;
+    Held& operator=(const Held&) = delete;
 
-TEST(WholeFile, WaitsForOthersButNotForEver) {
+private:
+    PROCESS_INFORMATION program{};
+};
+
+TEST(WholeFile, WaitsForOtherProgramsButNotForEver) {
     const TemporaryFolder folder;
-    const std::string file = folder.File("a");
-    for (const auto& [held, done] : {std::pair(300, true), std::pair(3000, false)}) {
+    const std::string file = folder.File("a.nlelem"), loop = Example("loop.nlelem");
+    for (const auto& [milliseconds, done] : {std::pair(300, true), std::pair(600'000, false)}) {
         WriteBytes(file, Old);
-        const ULONGLONG begin = GetTickCount64();
-        std::thread other = Hold(file, held);
-        const FileResult saved = WriteWholeFile(folder.Inside("a"), New);
-        const ULONGLONG waited = GetTickCount64() - begin;
-        Bytes read;
-        const bool opened = ReadWholeFile(folder.Inside("a"), read).Done;
-        other.join();
-        EXPECT_EQ(saved.Done, done) << saved.Reason;
-        EXPECT_EQ(opened, done) << "held files are not read either";
-        EXPECT_TRUE(done || (waited >= 900 && waited < 2500)) << waited;
-        EXPECT_EQ(ReadBytes(file), done ? New : Old);
-        EXPECT_EQ(folder.Names(), Names{"a"});
+        {
+            const Held held(file, milliseconds);
+            const ULONGLONG begin = GetTickCount64();
+            std::ostringstream out, errors;
+            EXPECT_EQ(RunCommandLineTool({"apply", loop, "-o", file}, out, errors), done ? 0 : 1);
+            const ULONGLONG waited = GetTickCount64() - begin;
+            const std::string said = errors.str(),
+                              start = "railwright-cli: " + file + ": cannot be written: ";
+            EXPECT_TRUE(done ? said.empty() : said.starts_with(start) && said.size() > start.size() + 1)
+                << said;
+            EXPECT_TRUE(done || waited >= 900) << waited;
+            Bytes read;
+            EXPECT_EQ(ReadWholeFile(folder.Inside("a.nlelem"), read).Done, done)
+                << "held files are not read either";
+        }
+        EXPECT_EQ(ReadBytes(file), done ? ReadBytes(loop) : Old);
+        EXPECT_EQ(folder.Names(), Names{"a.nlelem"});
     }
 }
 
@@ -107,38 +136,50 @@ TEST(WholeFile, KeepsRightsAndAttributes) {
     LocalFree(rights);
 }
 
-TEST(WholeFile, TemporaryFilesAreHidden) {
+TEST(WholeFile, IsHiddenUntilItIsWholeAndLeftAloneByTheOrganizer) {
     const TemporaryFolder folder;
-    std::error_code error;
-    const std::string name = Files().TemporaryNameBeside(folder.Inside("a"));
-    const auto file = Files().OpenNew(name, "", error);
-    ASSERT_TRUE(file);
-    EXPECT_FALSE(FileExists(name));
-    EXPECT_EQ(Files().Status(name).What, FileStatus::Kind::File);
+    fs::create_directory(folder.File("Environments"));
+    WriteBytes(folder.File("Environments/loose"), Old);
+    const auto content = [&](OpenFile& file, std::error_code& error) {
+        WriteAll(file, New, error);
+        WIN32_FIND_DATAA found{};
+        FindClose(FindFirstFileA(folder.File("Environments/~railwright-*").c_str(), &found));
+        EXPECT_NE(found.dwFileAttributes & FILE_ATTRIBUTE_HIDDEN, 0U) << &found.cFileName[0];
+        // One that a sudden end has left in the last moment before it had its name is not hidden.
+        WriteBytes(folder.File("Environments/~railwright-1-0.tmp"), Old);
+        std::ostringstream out, errors;
+        EXPECT_EQ(RunCommandLineTool({"organize", folder.File("")}, out, errors), 0);
+        EXPECT_EQ(out.str(), "loose: moved to __Unused Files__\n");
+    };
+    EXPECT_TRUE(WriteWholeFile(folder.Inside("Environments\\a"), content));
+    EXPECT_EQ(ReadBytes(folder.File("Environments/a")), New);
+    EXPECT_TRUE(FileExists(folder.Inside("Environments\\a")));
 }
 
 TEST(WholeFile, TakesPathsOfAnyLengthAndOfTheNetwork) {
     const TemporaryFolder folder;
-    std::string deep = folder.Inside("d");
+    const std::string start = folder.Inside("").Native();
+    std::string deep = start + "d";
     for (int level = 0; level < 12; ++level)
         deep += '\\' + std::string(40, static_cast<char>('a' + level));
-    ASSERT_TRUE(CreateFolders(deep));
+    ASSERT_TRUE(CreateFolders(FilePath::FromUser(deep)));
     const std::string drive = "\\\\server\\share"; // the same as C:
-    for (const std::string& place :
-         {deep + '\\', drive + folder.Inside("").substr(2), drive + deep.substr(2) + '\\'}) {
+    for (const std::string& name : {deep + '\\', drive + start.substr(2), drive + deep.substr(2) + '\\'}) {
+        const FilePath place = FilePath::FromUser(name);
+        const FilePath file = place / FileName("a.nltrack");
         for (const Bytes& bytes : {Old, New}) {
-            EXPECT_TRUE(WriteWholeFile(place + "a.nltrack", bytes)) << place;
+            EXPECT_TRUE(WriteWholeFile(file, bytes)) << name;
             Bytes read;
-            EXPECT_TRUE(ReadWholeFile(place + "a.nltrack", read) && read == bytes) << place;
+            EXPECT_TRUE(ReadWholeFile(file, read) && read == bytes) << name;
         }
         std::error_code error;
-        const Names names = Files().List(place, error);
-        EXPECT_EQ(std::count(names.begin(), names.end(), "a.nltrack"), 1) << place;
-        Files().Delete(place + "a.nltrack", error);
-        EXPECT_FALSE(error || FileExists(place + "a.nltrack"));
+        const std::vector<FileName> names = Files().List(place, error);
+        EXPECT_EQ(std::count(names.begin(), names.end(), FileName("a.nltrack")), 1) << name;
+        Files().Delete(file, error);
+        EXPECT_FALSE(error || FileExists(file));
     }
     // The standard library does not reach as deep.
-    for (; deep.size() > folder.Inside("").size(); deep.resize(deep.rfind('\\')))
+    for (; deep.size() > start.size(); deep.resize(deep.rfind('\\')))
         EXPECT_TRUE(RemoveDirectoryW((L"\\\\?\\" + std::wstring(deep.begin(), deep.end())).c_str()));
 }
 
