@@ -1,9 +1,11 @@
 #include "benches/Documents.h"
 #include "benches/OneFile.h"
 #include "benches/Yardsticks.h"
+#include "cli/Dump.h"
 #include "cli/Steps.h"
 #include "geometry/Preview.h"
 #include "geometry/mNoLimits_TrackTools.h"
+#include "install/mTool_EnvironmentCleaner.h"
 #include "platform/UserLocale.h"
 #include "platform/svg/SvgPictureBox.h"
 #include "shell/ControlStyle.h"
@@ -14,6 +16,8 @@
 #include <benchmark/benchmark.h>
 
 #include <chrono>
+#include <ctime>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 
@@ -43,11 +47,10 @@ struct Row {
 
 std::string inHand; // kind and size of the document
 bool isChanged = false;
-std::string path;                // of its file
+FilePath path;                   // of its file
 std::vector<std::uint8_t> bytes; // the same file
 std::vector<std::uint8_t> copied;
 QtTrack qtTrack;
-SvgPictureBox svgPlan, svgSide;
 
 void Must(bool holds, const char* what) {
     if (holds)
@@ -57,10 +60,10 @@ void Must(bool holds, const char* what) {
 }
 
 void Load() {
-    Must(bool(path.ends_with("k") ? LoadTrackFile(path) : LoadElementFile(path)), "does not load");
+    Must(bool(path.Native().ends_with("k") ? LoadTrackFile(path) : LoadElementFile(path)), "does not load");
 }
 void Save() {
-    Must(bool(path.ends_with("k") ? SaveTrackFile(path) : SaveElementFile(path)), "cannot be saved");
+    Must(bool(path.Native().ends_with("k") ? SaveTrackFile(path) : SaveElementFile(path)), "cannot be saved");
 }
 template <void (*Work)()>
 void InMemory() {
@@ -76,7 +79,7 @@ void ReadWithQt() {
     Must(QDataStreamReader(bytes).Read(qtTrack = {}), "QDataStreamReader failed");
 }
 void ReadWithQtFromDisk() {
-    QFile file(QString::fromStdString(path));
+    QFile file(QString::fromStdString(path.Native()));
     Must(file.open(QIODevice::ReadOnly) && QDataStreamReader(file).Read(qtTrack = {}),
          "QDataStreamReader failed");
 }
@@ -93,9 +96,49 @@ void FreeDocuments() {
 std::string Report() {
     return BuildTrackOverview(path, UserNumberSeparators());
 }
+
+std::int64_t count = 0; // of environments, or of textures of one
+const std::filesystem::path environments = "simulator/Environments";
+
+/// Makes the simulator's folder with environments of one texture each, or with one of as many textures.
+void MakeEnvironments(bool isOne) {
+    std::filesystem::remove_all(environments);
+    std::filesystem::create_directories(environments);
+    for (std::int64_t i = 0; i < count; ++i) {
+        const std::string name = std::to_string(i);
+        std::ofstream(environments / (name + ".png")) << name;
+        std::ofstream(environments / ((isOne ? "one" : name) + ".env"), std::ios::app)
+            << "t.texture.path=Environments\\" << name << ".png\r\n";
+    }
+}
+/// What a program would do that takes no care: the same files, one after the other.
+void CopyPlainly() {
+    for (std::int64_t i = 0; i < count; ++i) {
+        const std::string name = std::to_string(i), texture = name + ".png";
+        std::filesystem::create_directory(environments / name);
+        std::filesystem::copy_file(environments / texture, environments / name / texture);
+        std::ofstream(environments / (name + ".env"))
+            << "t.texture.path=Environments\\" << name << '\\' << texture << "\r\n\r\n";
+        std::filesystem::remove(environments / texture);
+    }
+}
+struct Quiet final : OrganizerProgress {
+    void Clear() override {}
+    void ShowShare(int) override {}
+    void ShowDone() override {}
+    void RunPendingEvents() override {}
+    void Tell(const std::string&) override {}
+};
+void Organize() {
+    Quiet progress;
+    Must(OrganizeEnvironments(FilePath::FromUser("simulator"), progress), "cannot be organized");
+}
+
 void DrawSvg(void (*draw)(PictureBox&, PictureBox&)) {
-    draw(svgPlan, svgSide);
-    benchmark::DoNotOptimize(svgPlan.Document().size() + svgSide.Document().size());
+    TextOutput out([](std::string_view piece) { benchmark::DoNotOptimize(piece.size()); });
+    SvgPictureBox plan(out), side(out);
+    draw(plan, side);
+    out.Flush();
 }
 
 /// The yardsticks have to come to what the program comes to, and a saved file to what was loaded.
@@ -130,7 +173,7 @@ void Prepare(const std::string& kind, std::int64_t size) {
         inHand = kind + std::to_string(size);
         isTrack ? kind == "Track" ? Dice().MakeTrack(size) : Dice().MakeTerrain(size)
                 : Dice().MakeElement(size);
-        path = isTrack ? "bench.nltrack" : "bench.nlelem";
+        path = FilePath::FromUser(isTrack ? "bench.nltrack" : "bench.nlelem");
         Save();
         Must(bool(ReadWholeFile(path, bytes)), "cannot be read");
         copied = bytes;
@@ -163,6 +206,26 @@ double PeakOfLoad() {
     return (ProcessStatus("VmHWM:") - before) / static_cast<double>(bytes.size());
 }
 
+/// @return millions of bytes that the command line prints in a second of the processor's.
+template <void (*Print)(TextOutput&)>
+double MegabytesPerSecond() {
+    std::size_t printed = 0;
+    TextOutput out([&](std::string_view piece) {
+        benchmark::DoNotOptimize(piece.data());
+        printed += piece.size();
+    });
+    const std::clock_t start = std::clock();
+    Print(out);
+    out.Flush();
+    const double seconds = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+    return static_cast<double>(printed) / 1e6 / seconds;
+}
+template <void (*Draw)(PictureBox&, PictureBox&)>
+void PrintDrawings(TextOutput& out) {
+    SvgPictureBox plan(out), side(out);
+    Draw(plan, side);
+}
+
 /// @return how long the program takes to show a file, in times of an empty window; the median of 20 runs.
 double StartInEmptyWindows() {
     const auto seconds = [](const char* program) {
@@ -177,6 +240,11 @@ double StartInEmptyWindows() {
     }
     std::sort(ratios.begin(), ratios.end());
     return (ratios[9] + ratios[10]) / 2;
+}
+
+/// Whether it works on many files instead of one document.
+bool HasFiles(const Row& row) {
+    return row.Kind() == "Environments" || row.Kind() == "Textures";
 }
 
 std::vector<Row> Rows() {
@@ -209,9 +277,14 @@ std::vector<Row> Rows() {
         }
     };
     QtPictureBox &plan = frmMain::Instance().Plan(), &side = frmMain::Instance().Side();
+    const auto addFigure = [&](const std::string& name, double (*figure)()) {
+        add(name, "", {});
+        rows.back().Figure = figure;
+    };
     addFiles("Track/");
-    add("Track/LoadPeakMemoryInFiles", "", {});
-    rows.back().Figure = PeakOfLoad;
+    addFigure("Track/DumpMegabytesPerSecond", MegabytesPerSecond<DumpTrack>);
+    addFigure("Track/PreviewMegabytesPerSecond", MegabytesPerSecond<PrintDrawings<DrawTrackWhileSampling>>);
+    addFigure("Track/LoadPeakMemoryInFiles", PeakOfLoad);
     add("Track/TextbookSamples", "", [] { benchmark::DoNotOptimize(TextbookSamples()); });
     add("Track/Analysis", textbook, AnalyzeTrack);
     add("Track/Length", textbook, [] { benchmark::DoNotOptimize(TrackLength()); });
@@ -233,17 +306,23 @@ std::vector<Row> Rows() {
     });
     rows.back().ChangesDocument = true;
     addFiles("Element/");
+    addFigure("Element/DumpMegabytesPerSecond", MegabytesPerSecond<DumpElement>);
+    addFigure("Element/PreviewMegabytesPerSecond",
+              MegabytesPerSecond<PrintDrawings<DrawElementWhileSampling>>);
     add("Element/Analysis", "", AnalyzeElement);
     add("Element/DrawSvg", "", [] { DrawSvg(DrawElementPreview); });
     add("Element/Refresh", "", [&] { AnalyzeElement(), DrawElementPreview(plan, side); });
     addTools("Element/", ApplyElementSteps, {"reverse", "rotate-y=5"});
     addFiles("Terrain/");
     add("Terrain/Report", copies, Report);
-    add("Start/InTimesOfAnEmptyWindow", "", {});
-    rows.back().Figure = StartInEmptyWindows;
+    add("Environments/PlainCopiesDisk", "", CopyPlainly, [] { MakeEnvironments(false); });
+    add("Environments/OrganizeDisk", "PlainCopiesDisk", Organize, [] { MakeEnvironments(false); });
+    add("Textures/OrganizeDisk", "", Organize, [] { MakeEnvironments(true); });
+    addFigure("Start/InTimesOfAnEmptyWindow", StartInEmptyWindows);
     for (Row& row : rows)
         row.Sizes = row.Kind() == "Terrain"      ? std::vector<std::int64_t>{256, 512, 1024, 2048}
                     : row.Kind() == "Start"      ? std::vector<std::int64_t>{1}
+                    : HasFiles(row)              ? std::vector<std::int64_t>{100, 1000, 10'000}
                     : row.Name == "Track/smooth" ? std::vector<std::int64_t>{100, 500}
                     : row.Name.ends_with("Samples")
                         ? std::vector<std::int64_t>{100, 1000, 10'000}
@@ -252,7 +331,8 @@ std::vector<Row> Rows() {
 }
 
 void Run(benchmark::State& state, const Row& row) {
-    if (row.Kind() != "Start")
+    count = state.range(0);
+    if (row.Kind() != "Start" && !HasFiles(row))
         Prepare(row.Kind(), state.range(0));
     double figure = 0;
     for ([[maybe_unused]] auto _ : state) {
@@ -275,7 +355,7 @@ void Run(benchmark::State& state, const Row& row) {
 
 /// Registers the rows size by size, so that each document is made once.
 void Register(const std::vector<Row>& rows, std::int64_t largest) {
-    for (const char* const kind : {"Track", "Element", "Terrain", "Start"})
+    for (const char* const kind : {"Track", "Element", "Terrain", "Environments", "Textures", "Start"})
         for (const std::int64_t size : {1, 100, 256, 500, 512, 1000, 1024, 2048, 10'000, 100'000, 1'000'000})
             for (const Row& row : rows) {
                 if (row.Kind() != kind || size > largest ||
@@ -286,9 +366,9 @@ void Register(const std::vector<Row>& rows, std::int64_t largest) {
                 bench->Arg(size);
                 if (row.Name.ends_with("Disk"))
                     bench->UseRealTime();
-                if (row.Figure != nullptr)
+                if (row.Figure != nullptr || HasFiles(row))
                     bench->Iterations(1);
-                if (size == 1'000'000 || size == 1)
+                if (size == 1'000'000 || size == 1 || HasFiles(row))
                     bench->Repetitions(1);
             }
 }

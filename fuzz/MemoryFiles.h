@@ -1,6 +1,5 @@
 #pragma once
 
-#include "base/FileName.h"
 #include "platform/FileOperations.h"
 
 #include <algorithm>
@@ -9,9 +8,9 @@
 
 namespace railwright::fuzz {
 
-/// Files and folders held in memory, in force while it lives. Plain letters of their names are lower case.
-class MemoryFiles final : public FileOperations {
-    using Name = const std::string&;
+/// Files and folders held in memory, in force while it lives. Their names are as they are written.
+class MemoryFiles : public FileOperations {
+    using Name = const FilePath&;
     using Error = std::error_code&;
     using Opened = std::unique_ptr<OpenFile>;
     using Kind = FileStatus::Kind;
@@ -19,46 +18,52 @@ class MemoryFiles final : public FileOperations {
 public:
     using Bytes = std::vector<std::uint8_t>;
     /// Everything by its path: the bytes of a file, none for a folder.
-    std::map<std::string, std::optional<Bytes>> All;
+    std::map<FilePath, std::optional<Bytes>> All;
     /// @return the bytes of a file, null if there is none.
     const Bytes* Find(Name path) const {
-        const auto found = All.find(Key(path));
+        const auto found = All.find(path);
         return found == All.end() || !found->second ? nullptr : &*found->second;
     }
 
     FileStatus Status(Name path) override {
         const Bytes* const file = Find(path);
-        const Kind kind = file ? Kind::File : All.contains(Key(path)) ? Kind::Folder : Kind::Missing;
-        return {kind, BaseName(path).starts_with('.'), true, file ? std::ssize(*file) : 0};
+        const Kind kind = file ? Kind::File : All.contains(path) ? Kind::Folder : Kind::Missing;
+        return {kind, path.Name().Native().starts_with('.'), true, file ? std::ssize(*file) : 0};
     }
-    FileStatus ExactStatus(Name path) override { return Status(path); }
-    std::string BehindLinks(Name path) override { return path; }
-    std::string TemporaryNameBeside(Name path) override { return FolderOf(path) + ".railwright.tmp"; }
+    FilePath BehindLinks(Name path, Error) override { return path; }
     void FlushFolder(Name) override {}
+    void DeleteLeftovers(Name) override {}
+    std::vector<FilePath> TemporaryFolders() override { return {}; }
     Opened OpenToRead(Name path, Error error) override {
-        return Fails(!Find(path), error) ? nullptr : std::make_unique<File>(*All[Key(path)]);
+        return Fails(!Find(path), error) ? nullptr : std::make_unique<File>(*All[path]);
     }
     Opened OpenToOverwrite(Name path, Error error) override { return OpenToRead(path, error); }
-    Opened OpenNew(Name path, Name, Error error) override {
+    Opened OpenCopy(Name path, Error error) override {
         return Add(path, Bytes{}, error) ? OpenToRead(path, error) : nullptr;
     }
-    void CreateFolder(Name path, Error error) override { Add(path, {}, error); }
-    void Replace(Name from, Name to, Error error) override { All.erase(Key(to)), Move(from, to, error); }
-    void Move(Name from, Name to, Error error) override {
-        const std::string start = Key(from);
-        if (Fails(!All.contains(start), error) || !Add(to, {}, error))
-            return;
-        for (const auto& [path, bytes] : std::map(All))
-            if (path == start || path.starts_with(start + '\\'))
-                All.erase(path), All[Key(to) + path.substr(start.size())] = bytes;
+    std::unique_ptr<NewFile> OpenNew(Name path, bool, Error error) override {
+        const FilePath above = path.Folder();
+        const bool nowhere = !above.IsEmpty() && Status(above).What != Kind::Folder;
+        return Fails(nowhere, error) ? nullptr : std::make_unique<New>(*this, path);
     }
-    void Delete(Name path, Error error) override { Fails(All.erase(Key(path)) == 0, error); }
-    std::vector<std::string> List(Name folder, Error error) override {
-        std::vector<std::string> names;
+    /// Comes before each step that others can see: a name is taken or given up.
+    virtual void BeforeStep() {}
+    void CreateFolder(Name path, Error error) override { BeforeStep(), Add(path, {}, error); }
+    void Move(Name from, Name to, Error error) override {
+        BeforeStep();
+        // Only files are moved.
+        if (!Fails(!Find(from), error) && Add(to, {}, error))
+            All[to] = std::move(All.extract(from).mapped());
+    }
+    void Delete(Name path, Error error) override { BeforeStep(), Fails(All.erase(path) == 0, error); }
+    std::vector<FileName> List(Name folder, Error error) override {
+        std::vector<FileName> names;
         Fails(Status(folder).What != Kind::Folder, error);
-        for (const auto& [path, bytes] : All)
-            if (FolderOf(path) == Key(folder) + '\\')
-                names.push_back(BaseName(path));
+        const std::string inside = folder.AsFolder().Native();
+        for (auto entry = All.lower_bound(folder.AsFolder());
+             entry != All.end() && entry->first.Native().starts_with(inside); ++entry)
+            if (entry->first.Native().find(PathSeparator(), inside.size()) == std::string::npos)
+                names.push_back(entry->first.Name());
         return names;
     }
 
@@ -78,26 +83,27 @@ private:
         }
         void CutOff(Error) override { Content.resize(At); }
         void Flush(Error) override {}
-        void Close(Error) override {}
+        void Rewind(Error) override { At = 0; }
+        std::int64_t Length(Error) override { return std::ssize(Content); }
         Bytes& Content;
         std::size_t At = 0;
     };
+    struct New final : NewFile {
+        New(MemoryFiles& files, FilePath path) : All(files), Path(std::move(path)) {}
+        OpenFile& Content() override { return Open; }
+        void TakePlace(Error) override { All.BeforeStep(), All.All[Path] = Written; }
+        void KeepAs(Name path, Error) override { All.All[path] = Written; }
+        MemoryFiles& All;
+        FilePath Path;
+        Bytes Written;
+        File Open{Written};
+    };
 
-    /// The path in lower case, without what does not count in it.
-    static std::string Key(Name path) {
-        std::string key;
-        for (const char c : path + '\\') {
-            key += c >= 'A' && c <= 'Z' ? static_cast<char>(c + 0x20) : c;
-            if (key.ends_with("\\\\") || key.ends_with("\\.\\"))
-                key.resize(key.rfind('\\', key.size() - 2) + 1);
-        }
-        return key.substr(0, key.size() - 1);
-    }
     /// Adds what is new and has a folder to lie in.
     bool Add(Name path, std::optional<Bytes> bytes, Error error) {
-        const std::string above = FolderOf(Key(path));
-        return !Fails((!above.empty() && Status(above).What != Kind::Folder) ||
-                          !All.emplace(Key(path), std::move(bytes)).second,
+        const FilePath above = path.Folder();
+        return !Fails((!above.IsEmpty() && Status(above).What != Kind::Folder) ||
+                          !All.emplace(path, std::move(bytes)).second,
                       error);
     }
     static bool Fails(bool fails, Error error) {

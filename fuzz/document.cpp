@@ -36,13 +36,13 @@ void GivenBack(const volatile void* memory) {
 
 /// What is done with the files of one kind of document.
 struct Kind {
-    std::string File;
+    FilePath File;
     void (*Clear)();
-    FileResult (*Load)(const std::string&);
-    FileResult (*Save)(const std::string&);
+    FileResult (*Load)(const FilePath&);
+    FileResult (*Save)(const FilePath&);
 };
-const Kind track = {"a.nltrack", ClearTrackDocument, LoadTrackFile, SaveTrackFile};
-const Kind element = {"a.nlelem", ClearElementDocument, LoadElementFile, SaveElementFile};
+const Kind track = {FilePath::FromUser("a.nltrack"), ClearTrackDocument, LoadTrackFile, SaveTrackFile};
+const Kind element = {FilePath::FromUser("a.nlelem"), ClearElementDocument, LoadElementFile, SaveElementFile};
 
 /// @return the file of the document in hand.
 Bytes Saved(const Kind& kind) {
@@ -76,14 +76,29 @@ bool Load(const Kind& kind, const Bytes& file) {
     return loaded.Done;
 }
 
-/// Asks everything about the document in hand. @return its drawings.
+/// Asks everything about the document in hand. @return its drawings, which are the same without an analysis.
 std::string Drawings(bool isTrack) {
     const MemoryFiles none;
+    std::string drawings[2];
+    TextOutput nowhere([](std::string_view) {});
+    const auto draw = [&](std::string& drawing, auto& drawTrack, auto& drawElement) {
+        TextOutput out([&](std::string_view piece) { drawing += piece; });
+        SvgPictureBox plan(out), side(out);
+        (isTrack ? drawTrack : drawElement)(plan, side);
+        out.Flush();
+    };
     (isTrack ? AnalyzeTrack : AnalyzeElement)();
-    SvgPictureBox plan, side;
-    (isTrack ? DrawTrackPreview : DrawElementPreview)(plan, side);
-    isTrack ? BuildTrackOverview(track.File, {}) + DumpTrack() : DumpElement();
-    return plan.Document() + side.Document();
+    draw(drawings[0], DrawTrackPreview, DrawElementPreview);
+    draw(drawings[1], DrawTrackWhileSampling, DrawElementWhileSampling);
+    Require(drawings[0] == drawings[1], "the drawings are the same");
+    if (isTrack) {
+        std::string report;
+        TextOutput out([&](std::string_view piece) { report += piece; });
+        PrintTrackOverview(out, track.File, {});
+        Require(report == BuildTrackOverview(track.File, {}), "the reports are the same");
+    }
+    (isTrack ? DumpTrack : DumpElement)(nowhere);
+    return drawings[0];
 }
 
 } // namespace

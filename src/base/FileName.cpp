@@ -18,14 +18,6 @@ bool HasExtension(std::string_view path, std::string_view extension) {
            SameIgnoringCase(path.substr(path.size() - extension.size()), extension);
 }
 
-std::string BaseName(std::string_view path) {
-    return std::string(path.substr(path.rfind('\\') + 1));
-}
-
-std::string FolderOf(std::string_view path) {
-    return std::string(path.substr(0, path.rfind('\\') + 1));
-}
-
 std::string WithoutEvery(std::string_view name, std::string_view piece) {
     std::string kept;
     while (!name.empty()) {

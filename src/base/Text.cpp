@@ -89,6 +89,14 @@ char32_t TakeCharacter(std::string_view& utf8) {
     return character;
 }
 
+/// Whether a character stands for no mark on the line but for something to be done with it.
+bool ControlsLines(char32_t character) {
+    constexpr std::array<std::array<char32_t, 2>, 4> ranges = {
+        {{0x00, 0x1F}, {0x7F, 0x9F}, {0x2028, 0x202E}, {0x2066, 0x2069}}};
+    return std::any_of(ranges.begin(), ranges.end(),
+                       [&](const auto& range) { return character >= range[0] && character <= range[1]; });
+}
+
 } // namespace
 
 const CodePage& Windows1252() {
@@ -110,16 +118,36 @@ std::string ToUtf8(const text& characters, const CodePage& codePage) {
     return utf8;
 }
 
+void InUtf8(const text& characters, const CodePage& codePage,
+            const std::function<void(const std::string&)>& take) {
+    constexpr std::size_t piece = 4096;
+    for (std::size_t at = 0; at < characters.size(); at += piece)
+        take(ToUtf8(characters.substr(at, piece), codePage));
+}
+
 text FromUtf8(std::string_view utf8, const CodePage& codePage) {
     text characters;
     characters.reserve(utf8.size());
     while (!utf8.empty()) {
         const char32_t character = TakeCharacter(utf8);
-        const auto* const found = std::find(codePage.Unicode.begin(), codePage.Unicode.end(), character);
+        const bool isOwn = character < 0x80 && codePage.Unicode[character] == character; // nearly always
+        const auto* const start = codePage.Unicode.begin() + (isOwn ? character : 0);
+        const auto* const found = std::find(start, codePage.Unicode.end(), character);
         characters +=
             found == codePage.Unicode.end() ? '?' : static_cast<char>(found - codePage.Unicode.begin());
     }
     return characters;
+}
+
+std::string OnOneLine(std::string_view utf8) {
+    constexpr char32_t Replacement = 0xFFFD;
+    std::string line;
+    line.reserve(utf8.size());
+    while (!utf8.empty()) {
+        const char32_t character = TakeCharacter(utf8);
+        AppendUtf8(line, ControlsLines(character) || character == IllFormed ? Replacement : character);
+    }
+    return line;
 }
 
 } // namespace railwright

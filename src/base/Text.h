@@ -3,6 +3,7 @@
 #include "base/Types.h"
 
 #include <array>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -10,15 +11,14 @@ namespace railwright {
 
 /// A single-byte code page: what each of the 256 bytes means, and its lower-case byte.
 struct CodePage {
-    /// The Unicode character of each byte. No two bytes share one, so that conversion and back gives the
-    /// same bytes.
+    /// The Unicode character of each byte. No two bytes have the same one, so converting there and back gives
+    /// the same bytes.
     std::array<char32_t, 256> Unicode;
     /// The byte of the same letter in lower case; the byte itself where there is none.
     std::array<unsigned char, 256> Lower;
 };
 
-/// Windows-1252, with the five bytes that it leaves unassigned standing for the control characters of the
-/// same number.
+/// Windows-1252. Its five unassigned bytes stand for the control characters of the same number.
 const CodePage& Windows1252();
 
 /// @return `characters` in lower case, accented letters included.
@@ -27,8 +27,16 @@ text LowerCase(text characters, const CodePage& codePage);
 /// @return `characters` as UTF-8.
 std::string ToUtf8(const text& characters, const CodePage& codePage);
 
+/// Calls `take` with `characters` as UTF-8, piece by piece, so that a long text takes little memory.
+void InUtf8(const text& characters, const CodePage& codePage,
+            const std::function<void(const std::string&)>& take);
+
 /// @return `utf8` in the code page. A character without a byte there, and every byte that is not well-formed
 /// UTF-8, becomes "?".
 text FromUtf8(std::string_view utf8, const CodePage& codePage);
+
+/// @return `utf8` as it can stand in a line of output: every control character, also those that part lines or
+/// turn their direction, and every byte that is not well-formed becomes the replacement character.
+std::string OnOneLine(std::string_view utf8);
 
 } // namespace railwright

@@ -1,6 +1,8 @@
 #include "cli/CommandLineTool.h"
 
 #include "base/FileName.h"
+#include "base/Text.h"
+#include "base/Version.h"
 #include "cli/Dump.h"
 #include "cli/Steps.h"
 #include "element/mNoLimits_ElementIO_1_3.h"
@@ -8,7 +10,7 @@
 #include "geometry/mNoLimits_TrackTools.h"
 #include "install/mTool_EnvironmentCleaner.h"
 #include "platform/FileOperations.h"
-#include "platform/Paths.h"
+#include "platform/NameLookup.h"
 #include "platform/UserLocale.h"
 #include "platform/svg/SvgPictureBox.h"
 #include "tools/mNLT_Overview.h"
@@ -17,6 +19,7 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <functional>
 #include <new>
 #include <span>
 
@@ -27,27 +30,54 @@ constexpr int Done = 0;
 constexpr int Failed = 1;
 constexpr int Usage = 2;
 
-/// What went wrong with which file; it ends the work on that file.
+/// What went wrong with which file, as the user named it; it ends the work on that file.
 struct FileFailure {
     std::string File;
     std::string Reason;
 };
 
+/// Standard output takes no more; that ends the work on all files.
+struct OutputFailure {};
+
 /// What the program does with a document of one kind.
 struct Kind {
     std::string_view Extension;
-    FileResult (*Load)(const std::string&);
-    FileResult (*Save)(const std::string&);
-    void (*Analyze)();
+    FileResult (*Load)(const FilePath&);
+    FileResult (*Save)(const FilePath&);
     void (*Draw)(PictureBox&, PictureBox&);
-    std::string (*Dump)();
+    void (*Dump)(TextOutput&);
+    void (*PrintPolyline)(TextOutput&);
     StepResult (*Apply)(std::span<const std::string>);
 };
 
-constexpr std::array Kinds = {Kind{TrackExtension, LoadTrackFile, SaveTrackFile, AnalyzeTrack,
-                                   DrawTrackPreview, DumpTrack, ApplyTrackSteps},
-                              Kind{ElementExtension, LoadElementFile, SaveElementFile, AnalyzeElement,
-                                   DrawElementPreview, DumpElement, ApplyElementSteps}};
+void PrintPoint(TextOutput& out, const Vector3& point) {
+    out << point.X << ',' << point.Y << ',' << point.Z;
+}
+
+void PrintTrackPolyline(TextOutput& out) {
+    out << "x,y,z,node\n";
+    ForEachTrackPoint([&out](const Vector3& point, std::int32_t node) {
+        PrintPoint(out, point);
+        out << ',';
+        if (node != NoNode)
+            out << node;
+        out << '\n';
+    });
+}
+
+void PrintElementPolyline(TextOutput& out) {
+    out << "x,y,z\n";
+    ForEachElementPoint([&out](const Vector3& point) {
+        PrintPoint(out, point);
+        out << '\n';
+    });
+}
+
+constexpr std::array Kinds = {Kind{TrackExtension, LoadTrackFile, SaveTrackFile, DrawTrackWhileSampling,
+                                   DumpTrack, PrintTrackPolyline, ApplyTrackSteps},
+                              Kind{ElementExtension, LoadElementFile, SaveElementFile,
+                                   DrawElementWhileSampling, DumpElement, PrintElementPolyline,
+                                   ApplyElementSteps}};
 
 const Kind& TrackKind = Kinds[0];
 
@@ -65,7 +95,7 @@ const Kind& KindOf(const std::string& file) {
 
 /// @throws FileFailure if the file cannot be read.
 void Load(const Kind& kind, const std::string& file) {
-    if (const FileResult loaded = kind.Load(PathFromOutside(file)); !loaded)
+    if (const FileResult loaded = kind.Load(FilePath::FromUser(file)); !loaded)
         throw FileFailure{file, loaded.Byte > 0 ? WithByte(loaded) : loaded.Reason};
 }
 
@@ -81,13 +111,18 @@ void Require(const FileResult& result, const std::string& file) {
         throw FileFailure{file, result.Reason};
 }
 
-std::string WithPlainLineEnds(std::string lines) {
-    std::size_t kept = 0;
-    for (std::size_t i = 0; i < lines.size(); ++i)
-        if (lines[i] != '\r' || i + 1 == lines.size() || lines[i + 1] != '\n')
-            lines[kept++] = lines[i];
-    lines.resize(kept);
-    return lines;
+/// @return what passes a text on to `out` with LF in the place of CR LF; behind its end there is nothing to
+/// pass.
+TextOutput WithPlainLineEnds(TextOutput& out) {
+    return TextOutput([&out, isHeld = false](std::string_view characters) mutable {
+        for (const char character : characters) {
+            if (isHeld && character != '\n')
+                out << '\r';
+            isHeld = character == '\r';
+            if (!isHeld)
+                out << character;
+        }
+    });
 }
 
 /// What a command line says behind the command's name.
@@ -98,80 +133,97 @@ struct Arguments {
     NumberSeparators Separators = UserNumberSeparators();
 };
 
-void PrintReport(const std::string& file, const Arguments& arguments, std::ostream& out) {
+void PrintReport(const std::string& file, const Arguments& arguments, TextOutput& out) {
     Load(TrackKind, file);
-    AnalyzeTrack();
-    out << WithPlainLineEnds(BuildTrackOverview(PathFromOutside(file), arguments.Separators));
+    TextOutput lines = WithPlainLineEnds(out);
+    PrintTrackOverview(lines, FilePath::FromUser(file), arguments.Separators);
 }
 
-void PrintDump(const std::string& file, const Arguments&, std::ostream& out) {
-    out << LoadAny(file).Dump() << '\n';
+void PrintDump(const std::string& file, const Arguments&, TextOutput& out) {
+    LoadAny(file).Dump(out);
 }
 
-void PrintPolyline(const std::string& file, const Arguments&, std::ostream& out) {
+void PrintPolyline(const std::string& file, const Arguments&, TextOutput& out) {
+    LoadAny(file).PrintPolyline(out);
+}
+
+/// A picture that nobody looks at.
+class NoPicture final : public PictureBox {
+    void Cls() override {}
+    void Line(float, float, float, float, Rgb) override {}
+    void PSet(float, float, Rgb) override {}
+    void DrawWidth(int) override {}
+};
+
+/// Draws one of the two views straight into a file.
+void WriteDrawing(const FilePath& file, const std::function<void(PictureBox&)>& draw) {
+    const auto content = [&draw](OpenFile& opened, std::error_code& error) {
+        TextOutput out([&](std::string_view piece) {
+            const auto* const bytes = reinterpret_cast<const std::uint8_t*>(piece.data());
+            WriteAll(opened, std::span(bytes, piece.size()), error);
+        });
+        try {
+            SvgPictureBox picture(out);
+            draw(picture);
+            picture.End();
+            out.Flush();
+        } catch (const std::bad_alloc&) {
+            error = std::make_error_code(std::errc::not_enough_memory);
+        }
+    };
+    Require(WriteWholeFile(file, content), file.Native());
+}
+
+void WritePreview(const std::string& file, const Arguments& arguments, TextOutput&) {
     const Kind& kind = LoadAny(file);
-    kind.Analyze();
-    const bool isTrack = &kind == &TrackKind;
-    const List<Vector3>& points = isTrack ? TrackPolyline : ElementPolyline;
-    out << (isTrack ? "x,y,z,node\n" : "x,y,z\n");
-    for (std::size_t i = 0; i < points.size(); ++i) {
-        out << ShortestFloat(points[i].X) << ',' << ShortestFloat(points[i].Y) << ','
-            << ShortestFloat(points[i].Z);
-        if (isTrack)
-            out << ',' << (i < TrackPolylineNode.size() ? std::to_string(TrackPolylineNode[i]) : "");
-        out << '\n';
-    }
+    const FilePath folder = FilePath::FromUser(arguments.Target);
+    Require(CreateFolders(folder), arguments.Target);
+    NoPicture none;
+    WriteDrawing(folder / FileName("plan.svg"), [&](PictureBox& plan) { kind.Draw(plan, none); });
+    WriteDrawing(folder / FileName("side.svg"), [&](PictureBox& side) { kind.Draw(none, side); });
 }
 
-void WriteText(const std::string& file, const std::string& characters) {
-    const auto* const bytes = reinterpret_cast<const std::uint8_t*>(characters.data());
-    Require(WriteWholeFile(PathFromOutside(file), std::span(bytes, characters.size())), file);
-}
-
-void WritePreview(const std::string& file, const Arguments& arguments, std::ostream&) {
-    const Kind& kind = LoadAny(file);
-    kind.Analyze();
-    SvgPictureBox plan;
-    SvgPictureBox side;
-    kind.Draw(plan, side);
-    Require(CreateFolders(PathFromOutside(arguments.Target)), arguments.Target);
-    WriteText(arguments.Target + "/plan.svg", plan.Document());
-    WriteText(arguments.Target + "/side.svg", side.Document());
-}
-
-void Apply(const std::string& file, const Arguments& arguments, std::ostream&) {
+void Apply(const std::string& file, const Arguments& arguments, TextOutput&) {
     const Kind& kind = LoadAny(file);
     if (const StepResult applied = kind.Apply(arguments.Steps); !applied.Done)
         throw FileFailure{file, applied.Reason};
-    Require(kind.Save(PathFromOutside(arguments.Target)), arguments.Target);
+    Require(kind.Save(FilePath::FromUser(arguments.Target)), arguments.Target);
 }
 
-void Check(const std::string& file, const Arguments&, std::ostream& out) {
-    if (const FileResult loaded = KindOf(file).Load(PathFromOutside(file)); !loaded)
+void Check(const std::string& file, const Arguments&, TextOutput& out) {
+    if (const FileResult loaded = KindOf(file).Load(FilePath::FromUser(file)); !loaded)
         throw FileFailure{file, WithByte(loaded)};
-    out << file << ": ok\n";
+    out << OnOneLine(file) << ": ok\n";
 }
 
 /// Prints what the organizer does, line by line.
 class PrintedProgress final : public OrganizerProgress {
 public:
-    explicit PrintedProgress(std::ostream& stream) : out(stream) {}
+    explicit PrintedProgress(TextOutput& stream) : out(stream) {}
     void Clear() override {}
     void ShowShare(int) override {}
     void ShowDone() override {}
     void RunPendingEvents() override {}
-    void Tell(const std::string& line) override { out << line << '\n'; }
+    void Tell(const std::string& line) override {
+        try {
+            out << line << '\n';
+        } catch (const OutputFailure&) { // it shows again in the end; the tidying is not left half done
+        }
+    }
 
 private:
-    std::ostream& out;
+    TextOutput& out;
 };
 
-void Organize(const std::string& folder, const Arguments&, std::ostream& out) {
-    const std::string inside = PathFromOutside(folder);
-    if (Files().Status(inside + "\\Environments").What != FileStatus::Kind::Folder)
+void Organize(const std::string& folder, const Arguments&, TextOutput& out) {
+    if (folder.empty())
+        throw FileFailure{folder, "no folder is named"};
+    const FilePath simulator = FilePath::FromUser(folder);
+    const FilePath environments = NameLookup().Find(simulator, FileName("Environments"));
+    if (Files().Status(environments).What != FileStatus::Kind::Folder)
         throw FileFailure{folder, "there is no folder Environments in it"};
     PrintedProgress progress(out);
-    if (!OrganizeEnvironments(inside, progress))
+    if (!OrganizeEnvironments(simulator, progress))
         throw FileFailure{folder, "something could not be read or written"};
 }
 
@@ -181,81 +233,118 @@ struct Command {
     /// What it works on, and whether it takes more than one.
     const char* On;
     bool OnMany;
-    /// What its option -o names; none if empty.
+    /// What its option -o names, and whether that is FILE or FOLDER; none if empty.
     const char* Target;
+    const char* TargetKind;
     bool HasSteps;
     bool HasSeparators;
     /// It tells what is wrong with a file as its result, on standard output.
     bool TellsFailures;
     /// Throws FileFailure.
-    void (*Work)(const std::string& file, const Arguments& arguments, std::ostream& out);
+    void (*Work)(const std::string& file, const Arguments& arguments, TextOutput& out);
 };
 
 constexpr Command Commands[] = {
-    {"report", "print the overview of each track", "FILE", true, "", false, true, false, PrintReport},
-    {"dump", "print the whole document as JSON", "FILE", false, "", false, false, false, PrintDump},
-    {"polyline", "print the sampled curve as CSV", "FILE", false, "", false, false, false, PrintPolyline},
-    {"preview", "draw plan.svg and side.svg", "FILE", false, "folder for the drawings", false, false, false,
-     WritePreview},
-    {"apply", "run tools on a file and save the result", "FILE", false, "file to save to, which may be FILE",
-     true, false, false, Apply},
-    {"check", "tell for each file whether it can be read", "FILE", true, "", false, false, true, Check},
-    {"organize", "tidy the environments in the simulator's folder", "FOLDER", false, "", false, false, false,
-     Organize},
+    {"report", "print the overview of each track", "FILE", true, "", "", false, true, false, PrintReport},
+    {"dump", "print the whole document as JSON", "FILE", false, "", "", false, false, false, PrintDump},
+    {"polyline", "print the sampled curve as CSV", "FILE", false, "", "", false, false, false, PrintPolyline},
+    {"preview", "draw plan.svg and side.svg", "FILE", false, "folder for the drawings", "FOLDER", false,
+     false, false, WritePreview},
+    {"apply", "run tools on a file and save the result", "FILE", false,
+     "file to save to, which may be the same", "FILE", true, false, false, Apply},
+    {"check", "tell for each file whether it can be read", "FILE", true, "", "", false, false, true, Check},
+    {"organize", "tidy the environments in the simulator's folder", "FOLDER", false, "", "", false, false,
+     false, Organize},
 };
 
 void AddCommand(CLI::App& app, const Command& command, Arguments& arguments, const Command*& chosen) {
     CLI::App* const added = app.add_subcommand(command.Name, command.Help);
     added->callback([&command, &chosen] { chosen = &command; });
-    if (command.OnMany)
-        added->add_option(command.On, arguments.Files)->required();
-    else
-        added
-            ->add_option_function<std::string>(
-                command.On, [&arguments](const std::string& file) { arguments.Files = {file}; })
-            ->required();
-    if (command.HasSteps)
-        added->add_option("STEP", arguments.Steps, "tool to run, as NAME or NAME=VALUE");
+    CLI::Option* const on = command.OnMany
+                                ? added->add_option(command.On, arguments.Files)
+                                : added->add_option_function<std::string>(
+                                      command.On, [&](const std::string& file) { arguments.Files = {file}; });
+    on->required()->type_name("");
+    if (command.HasSteps) {
+        added->add_option("STEP", arguments.Steps, "tool to run, as NAME or NAME=VALUE")->type_name("");
+        added->footer(StepsHelp());
+    }
     if (*command.Target != 0)
-        added->add_option("-o", arguments.Target, command.Target)->required();
+        added->add_option("-o", arguments.Target, command.Target)
+            ->required()
+            ->type_name(command.TargetKind)
+            ->check([](const std::string& name) { return std::string(name.empty() ? "it is empty" : ""); });
     if (command.HasSeparators) {
         added->add_option("--group", arguments.Separators.Group, "what stands between the thousands");
         added->add_option("--decimal", arguments.Separators.Decimal, "what stands before the decimals");
     }
 }
 
+/// The command line as the parser knows it, and what it has found there.
+struct CommandLine {
+    CLI::App App{"Reports on, draws, checks and changes NoLimits tracks and elements.", "railwright-cli"};
+    Arguments Given;
+    const Command* Chosen = nullptr;
+
+    CommandLine() {
+        App.require_subcommand(1);
+        App.allow_windows_style_options(false); // a path may begin with a slash everywhere
+        App.set_version_flag("--version", "railwright-cli " + std::string(Version),
+                             "print the version and exit");
+        for (const Command& command : Commands)
+            AddCommand(App, command, Given, Chosen);
+        App.failure_message([](const CLI::App*, const CLI::Error& error) {
+            return OnOneLine(error.what()) + "\nRun with --help for more information.\n";
+        });
+    }
+    CommandLine(const CommandLine&) = delete;
+    CommandLine& operator=(const CommandLine&) = delete;
+};
+
 } // namespace
 
+void DescribeCommandLine(const std::function<void(const CLI::App&)>& describe) {
+    describe(CommandLine().App);
+}
+
 int RunCommandLineTool(std::vector<std::string> words, std::ostream& out, std::ostream& errors) {
-    CLI::App app("Reports on, draws, checks and changes NoLimits tracks and elements.", "railwright-cli");
-    app.require_subcommand(1);
-    app.allow_windows_style_options(false); // a path may begin with a slash everywhere
-    Arguments arguments;
-    const Command* chosen = nullptr;
-    for (const Command& command : Commands)
-        AddCommand(app, command, arguments, chosen);
+    CommandLine line;
+    const Arguments& arguments = line.Given;
     try {
         std::reverse(words.begin(), words.end()); // as the parser wants them
-        app.parse(std::move(words));
+        line.App.parse(std::move(words));
     } catch (const CLI::ParseError& error) {
-        return app.exit(error, out, errors) == 0 ? Done : Usage;
+        return line.App.exit(error, out, errors) == 0 ? Done : Usage;
     }
+    const Command& chosen = *line.Chosen;
 
+    TextOutput output([&out](std::string_view piece) {
+        if (!out.write(piece.data(), static_cast<std::streamsize>(piece.size())))
+            throw OutputFailure{};
+    });
     bool all = true;
     const auto fail = [&](const std::string& file, std::string_view reason) {
-        (chosen->TellsFailures ? out : errors << "railwright-cli: ") << file << ": " << reason << '\n';
+        const std::string told = OnOneLine(file + ": " + std::string(reason));
+        if (chosen.TellsFailures)
+            output << told << '\n';
+        else
+            errors << "railwright-cli: " << told << '\n';
         all = false;
     };
-    for (const std::string& file : arguments.Files) {
-        try {
-            chosen->Work(file, arguments, out);
-        } catch (const FileFailure& failure) {
-            fail(failure.File, failure.Reason);
-        } catch (const std::bad_alloc&) {
-            fail(file, "there is not enough memory");
+    try {
+        for (const std::string& file : arguments.Files) {
+            try {
+                chosen.Work(file, arguments, output);
+            } catch (const FileFailure& failure) {
+                fail(failure.File, failure.Reason);
+            } catch (const std::bad_alloc&) {
+                fail(file, "there is not enough memory");
+            }
         }
-    }
-    if (!out.flush()) {
+        output.Flush();
+        if (!out.flush())
+            throw OutputFailure{};
+    } catch (const OutputFailure&) {
         errors << "railwright-cli: standard output: cannot be written\n";
         return Failed;
     }

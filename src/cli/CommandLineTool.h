@@ -1,8 +1,13 @@
 #pragma once
 
+#include <functional>
 #include <ostream>
 #include <string>
 #include <vector>
+
+namespace CLI {
+class App;
+}
 
 namespace railwright {
 
@@ -11,5 +16,8 @@ namespace railwright {
 /// @return the exit status: 0 done; 1 a file could not be read or written, or a step does not fit the
 /// document; 2 the arguments are no command.
 int RunCommandLineTool(std::vector<std::string> words, std::ostream& out, std::ostream& errors);
+
+/// Shows railwright-cli's commands and options as the parser knows them.
+void DescribeCommandLine(const std::function<void(const CLI::App&)>& describe);
 
 } // namespace railwright

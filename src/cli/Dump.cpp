@@ -7,233 +7,218 @@
 
 #include <nlohmann/json.hpp>
 
+#include <bit>
 #include <cmath>
 #include <cstddef>
 
 namespace railwright {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
-/// The values of the records as JSON. A whole number, a flag and a colour are what the library makes of them.
-
-template <class Value>
-Json Of(const Value& value) {
-    return value;
-}
-
-Json Of(float value) {
-    return std::isfinite(value) ? Json(value) : Json(ShortestFloat(value));
-}
-
-Json Of(const text& characters) {
-    return ToUtf8(characters, SystemCodePage());
-}
-
-Json Of(const Vector3& vector) {
-    return Json::array({Of(vector.X), Of(vector.Y), Of(vector.Z)});
-}
-
-Json Of(const TrainRecord& r) {
-    return {{"Flag", r.Flag}, {"Color", r.Color}, {"Name", Of(r.Name)}};
-}
-
-Json Of(const BezierNode& r) {
-    return {{"Position", Of(r.Position)},
-            {"ControlIn", Of(r.ControlIn)},
-            {"ControlOut", Of(r.ControlOut)},
-            {"Roll", Of(r.Roll)},
-            {"FlagA", r.FlagA},
-            {"FlagB", r.FlagB},
-            {"FlagC", r.FlagC}};
-}
-
-Json Of(const TrackSegment& r) {
-    return {{"SegmentType", r.SegmentType},
-            {"Color", r.Color},
-            {"CustomColors", r.CustomColors},
-            {"Tunnel", r.Tunnel},
-            {"StationValue0", Of(r.StationValue0)},
-            {"StationValue1", Of(r.StationValue1)},
-            {"StationValue2", Of(r.StationValue2)},
-            {"StationValue3", Of(r.StationValue3)},
-            {"StationFlag1", r.StationFlag1},
-            {"StationValue4", Of(r.StationValue4)},
-            {"StationByte0", r.StationByte0},
-            {"StationByte1", r.StationByte1},
-            {"StationByte2", r.StationByte2},
-            {"StationFlag2", r.StationFlag2},
-            {"StationValue5", Of(r.StationValue5)},
-            {"StationValue6", Of(r.StationValue6)},
-            {"StationValue7", Of(r.StationValue7)},
-            {"StationFlag3", r.StationFlag3},
-            {"StationValue8", Of(r.StationValue8)},
-            {"StationValue9", Of(r.StationValue9)},
-            {"StationValue10", Of(r.StationValue10)},
-            {"LiftValue0", Of(r.LiftValue0)},
-            {"LiftValue1", Of(r.LiftValue1)},
-            {"LiftValue2", Of(r.LiftValue2)},
-            {"LiftByte", r.LiftByte},
-            {"LiftFlag1", r.LiftFlag1},
-            {"LiftFlag2", r.LiftFlag2},
-            {"TransportValue0", Of(r.TransportValue0)},
-            {"TransportValue1", Of(r.TransportValue1)},
-            {"TransportValue2", Of(r.TransportValue2)},
-            {"TransportByte", r.TransportByte},
-            {"TransportFlag1", r.TransportFlag1},
-            {"TransportFlag2", r.TransportFlag2},
-            {"BrakeFlag1", r.BrakeFlag1},
-            {"BrakeFlag2", r.BrakeFlag2},
-            {"BrakeValue0", Of(r.BrakeValue0)},
-            {"BrakeValue1", Of(r.BrakeValue1)},
-            {"BrakeValue2", Of(r.BrakeValue2)},
-            {"BrakeFlag3", r.BrakeFlag3},
-            {"BrakeValue3", Of(r.BrakeValue3)},
-            {"BrakeValue4", Of(r.BrakeValue4)},
-            {"BrakeValue5", Of(r.BrakeValue5)},
-            {"BrakeValue6", Of(r.BrakeValue6)},
-            {"BrakeFlag4", r.BrakeFlag4},
-            {"BrakeFlag5", r.BrakeFlag5}};
-}
-
-Json Of(const FundamentalNode& r) {
-    return {{"Position", Of(r.Position)},
-            {"Flag1", r.Flag1},
-            {"Value1", Of(r.Value1)},
-            {"Flag2", r.Flag2},
-            {"Value2", Of(r.Value2)}};
-}
-
-Json Of(const PreFabSupport& r) {
-    return {{"SupportType", r.SupportType}, {"Value", Of(r.Value)}};
-}
-
-Json Of(const FreeNode& r) {
-    return {{"Position", Of(r.Position)}};
-}
-
-Json Of(const SupportBeam& r) {
-    return {{"EndA", r.EndA},
-            {"EndB", r.EndB},
-            {"BeamType", r.BeamType},
-            {"Value1", r.Value1},
-            {"Value2", Of(r.Value2)}};
-}
-
-Json Of(const WoodCatwalk& r) {
-    return {{"Value", r.Value}, {"ExtraBytes", r.ExtraBytes}};
-}
-
-Json Of(const Tree& r) {
-    return {{"Position", Of(r.Position)}, {"Value", Of(r.Value)}, {"TreeType", r.TreeType}};
-}
-
-Json Of(const SceneryObject& r) {
-    return {{"FileName", Of(r.FileName)}, {"Text2", Of(r.Text2)},     {"VectorA", Of(r.VectorA)},
-            {"VectorB", Of(r.VectorB)},   {"VectorC", Of(r.VectorC)}, {"VectorD", Of(r.VectorD)},
-            {"VectorE", Of(r.VectorE)}};
-}
-
-Json Of(const ElementNode& r) {
-    return {{"Position", Of(r.Position)},
-            {"ControlOut", Of(r.ControlOut)},
-            {"ControlIn", Of(r.ControlIn)},
-            {"Roll", Of(r.Roll)},
-            {"FlagA", r.FlagA},
-            {"FlagB", r.FlagB}};
-}
+/// An array that is made while it is printed: `At` gives the value at each place.
+template <class ValueAt>
+struct Array {
+    Array(std::int32_t count, ValueAt at) : Count(static_cast<std::size_t>(count)), At(std::move(at)) {}
+    std::size_t Count;
+    ValueAt At;
+};
 
 template <class List>
-Json Items(const List& items, std::int32_t count) {
-    Json list = Json::array();
-    for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i)
-        list.push_back(Of(items[i]));
-    return list;
+auto Items(const List& items, std::int32_t count) {
+    return Array(
+        count, [&items](std::size_t i) -> const auto& { return items[i]; });
 }
 
-Json PreFabNodes(const PreFabSupportsRecord& r) {
-    Json nodes = Json::array();
-    for (std::size_t i = 0; i < static_cast<std::size_t>(r.NodeCount); ++i) {
-        const auto supports = r.SupportsOf(r.Nodes[i]);
-        nodes.push_back({{"SupportCount", r.Nodes[i].SupportCount},
-                         {"Supports", Items(supports, static_cast<std::int32_t>(supports.size()))}});
-    }
-    return nodes;
-}
+/// Prints values as JSON in one pass, so that a document of any size takes no memory beside its own. The
+/// library, which only prints a document that it holds as a whole, does the texts and the floats.
+class JsonPrinter {
+public:
+    explicit JsonPrinter(TextOutput& output) : out(output) {}
 
-/// The heights as columns, `[x][z]`; none where the grid has no points.
-Json Columns(const TerrainRecord& r) {
-    Json columns = Json::array();
-    for (std::int32_t x = 0; x < (r.GridSizeZ > 0 ? r.GridSizeX : 0); ++x) {
-        Json column = Json::array();
-        for (std::int32_t z = 0; z < r.GridSizeZ; ++z)
-            column.push_back(Of(r.HeightAt(x, z)));
-        columns.push_back(std::move(column));
+    void Print(const TrackDocument& r) {
+        Object("FileHeader", r.FileHeader, "TrackHeader", r.TrackHeader, "TrackInfo", r.TrackInfo,
+               "BezierCurve", r.BezierCurve, "SegmentList", r.SegmentList, "SupportHeader", r.SupportHeader,
+               "FundamentalNodes", r.FundamentalNodes, "PreFabSupports", r.PreFabSupports, "FreeNodes",
+               r.FreeNodes, "SupportBeams", r.SupportBeams, "WoodCatwalks", r.WoodCatwalks, "Scenery",
+               r.Scenery, "SceneryObjects", r.SceneryObjects, "Terrain", r.Terrain, "Environment",
+               r.Environment);
     }
-    return columns;
+    void Print(const FileHeaderRecord& r) { Object("Version", r.Version); }
+    void Print(const TrackHeaderRecord& r) {
+        Object("TrackType", r.TrackType, "Trains", Items(r.Trains, r.NumTrains), "NumTrains", r.NumTrains,
+               "CarsPerTrain", r.CarsPerTrain, "TrackColor", r.TrackColor);
+    }
+    void Print(const TrainRecord& r) { Object("Flag", r.Flag, "Color", r.Color, "Name", r.Name); }
+    void Print(const TrackInfoRecord& r) { Object("AuthorComments", r.AuthorComments); }
+    void Print(const BezierCurveRecord& r) {
+        Object("NodeCount", r.NodeCount, "Nodes", Items(r.Nodes, r.NodeCount));
+    }
+    void Print(const BezierNode& r) {
+        Object("Position", r.Position, "ControlIn", r.ControlIn, "ControlOut", r.ControlOut, "Roll", r.Roll,
+               "FlagA", r.FlagA, "FlagB", r.FlagB, "FlagC", r.FlagC);
+    }
+    void Print(const SegmentListRecord& r) {
+        Object("ClosedCircuit", r.ClosedCircuit, "SegmentCount", r.SegmentCount, "Segments",
+               Items(r.Segments, r.SegmentCount));
+    }
+    void Print(const TrackSegment& r) {
+        Object("SegmentType", r.SegmentType, "Color", r.Color, "CustomColors", r.CustomColors, "Tunnel",
+               r.Tunnel, "StationValue0", r.StationValue0, "StationValue1", r.StationValue1, "StationValue2",
+               r.StationValue2, "StationValue3", r.StationValue3, "StationFlag1", r.StationFlag1,
+               "StationValue4", r.StationValue4, "StationByte0", r.StationByte0, "StationByte1",
+               r.StationByte1, "StationByte2", r.StationByte2, "StationFlag2", r.StationFlag2,
+               "StationValue5", r.StationValue5, "StationValue6", r.StationValue6, "StationValue7",
+               r.StationValue7, "StationFlag3", r.StationFlag3, "StationValue8", r.StationValue8,
+               "StationValue9", r.StationValue9, "StationValue10", r.StationValue10, "LiftValue0",
+               r.LiftValue0, "LiftValue1", r.LiftValue1, "LiftValue2", r.LiftValue2, "LiftByte", r.LiftByte,
+               "LiftFlag1", r.LiftFlag1, "LiftFlag2", r.LiftFlag2, "TransportValue0", r.TransportValue0,
+               "TransportValue1", r.TransportValue1, "TransportValue2", r.TransportValue2, "TransportByte",
+               r.TransportByte, "TransportFlag1", r.TransportFlag1, "TransportFlag2", r.TransportFlag2,
+               "BrakeFlag1", r.BrakeFlag1, "BrakeFlag2", r.BrakeFlag2, "BrakeValue0", r.BrakeValue0,
+               "BrakeValue1", r.BrakeValue1, "BrakeValue2", r.BrakeValue2, "BrakeFlag3", r.BrakeFlag3,
+               "BrakeValue3", r.BrakeValue3, "BrakeValue4", r.BrakeValue4, "BrakeValue5", r.BrakeValue5,
+               "BrakeValue6", r.BrakeValue6, "BrakeFlag4", r.BrakeFlag4, "BrakeFlag5", r.BrakeFlag5);
+    }
+    void Print(const SupportHeaderRecord&) { out << "{}"; }
+    void Print(const FundamentalNodesRecord& r) {
+        Object("Count", r.Count, "Items", Items(r.Items, r.Count));
+    }
+    void Print(const FundamentalNode& r) {
+        Object("Position", r.Position, "Flag1", r.Flag1, "Value1", r.Value1, "Flag2", r.Flag2, "Value2",
+               r.Value2);
+    }
+    void Print(const PreFabSupportsRecord& r) {
+        const auto node = [&r](std::size_t i) { return r.SupportsOf(r.Nodes[i]); };
+        Object("NodeCount", r.NodeCount, "Nodes", Array(r.NodeCount, node));
+    }
+    void Print(const std::span<const PreFabSupport>& supports) {
+        const auto count = static_cast<std::int32_t>(supports.size());
+        Object("SupportCount", count, "Supports", Items(supports, count));
+    }
+    void Print(const PreFabSupport& r) { Object("SupportType", r.SupportType, "Value", r.Value); }
+    void Print(const FreeNodesRecord& r) { Object("Count", r.Count, "Items", Items(r.Items, r.Count)); }
+    void Print(const FreeNode& r) { Object("Position", r.Position); }
+    void Print(const SupportBeamsRecord& r) { Object("Count", r.Count, "Items", Items(r.Items, r.Count)); }
+    void Print(const SupportBeam& r) {
+        Object("EndA", r.EndA, "EndB", r.EndB, "BeamType", r.BeamType, "Value1", r.Value1, "Value2",
+               r.Value2);
+    }
+    void Print(const WoodCatwalksRecord& r) { Object("Count", r.Count, "Items", Items(r.Items, r.Count)); }
+    void Print(const WoodCatwalk& r) { Object("Value", r.Value, "ExtraBytes", r.ExtraBytes); }
+    void Print(const SceneryRecord& r) {
+        Object("TreeCount", r.TreeCount, "Trees", Items(r.Trees, r.TreeCount));
+    }
+    void Print(const Tree& r) { Object("Position", r.Position, "Value", r.Value, "TreeType", r.TreeType); }
+    void Print(const SceneryObjectsRecord& r) { Object("Count", r.Count, "Items", Items(r.Items, r.Count)); }
+    void Print(const SceneryObject& r) {
+        Object("FileName", r.FileName, "Text2", r.Text2, "VectorA", r.VectorA, "VectorB", r.VectorB,
+               "VectorC", r.VectorC, "VectorD", r.VectorD, "VectorE", r.VectorE);
+    }
+    void Print(const TerrainRecord& r) {
+        // Heights go out as columns; there are none where the grid has no points.
+        const auto column = [&r](std::size_t x) {
+            const auto height = [&r, x](std::size_t z) {
+                return r.HeightAt(static_cast<std::int32_t>(x), static_cast<std::int32_t>(z));
+            };
+            return Array(r.GridSizeZ, height);
+        };
+        Object("HasTerrain", r.HasTerrain, "GridSizeX", r.GridSizeX, "GridSizeZ", r.GridSizeZ, "Value1",
+               r.Value1, "Value2", r.Value2, "Text1", r.Text1, "Value3", r.Value3, "Text2", r.Text2, "Value4",
+               r.Value4, "Text3", r.Text3, "Value5", r.Value5, "Byte1", r.Byte1, "Flag1", r.Flag1, "Heights",
+               Array(r.GridSizeZ > 0 ? r.GridSizeX : 0, column));
+    }
+    void Print(const EnvironmentRecord& r) {
+        Object("PreferredEnvironment", r.PreferredEnvironment, "Text2", r.Text2);
+    }
+    void Print(const ElementDocument& r) {
+        Object("NodeCount", r.NodeCount, "Nodes", Items(r.Nodes, r.NodeCount + 1));
+    }
+    void Print(const ElementNode& r) {
+        Object("Position", r.Position, "ControlOut", r.ControlOut, "ControlIn", r.ControlIn, "Roll", r.Roll,
+               "FlagA", r.FlagA, "FlagB", r.FlagB);
+    }
+
+private:
+    void Print(bool value) { out << (value ? "true" : "false"); }
+    void Print(std::integral auto value) { out << value; }
+    void Print(float value) {
+        // The library takes its time, and many a field is the same all over a document.
+        if (const auto bits = std::bit_cast<std::uint32_t>(value); bits != printedBits || printed.empty()) {
+            printed = std::isfinite(value) ? Json(value).dump() : '"' + ShortestFloat(value) + '"';
+            printedBits = bits;
+        }
+        out << printed;
+    }
+    void Print(const text& characters) {
+        out << '"';
+        InUtf8(characters, SystemCodePage(), [this](const std::string& utf8) {
+            const std::string quoted = Json(utf8).dump();
+            out << std::string_view(quoted).substr(1, quoted.size() - 2);
+        });
+        out << '"';
+    }
+    void Print(const Vector3& v) { Print(std::array{v.X, v.Y, v.Z}); }
+    template <class Value, std::size_t Size>
+    void Print(const std::array<Value, Size>& values) {
+        Print(Array(static_cast<std::int32_t>(Size), [&values](std::size_t i) { return values[i]; }));
+    }
+    template <class ValueAt>
+    void Print(const Array<ValueAt>& array) {
+        out << '[';
+        ++depth;
+        for (std::size_t i = 0; i < array.Count; ++i) {
+            out << (i > 0 ? "," : "");
+            BeginLine();
+            Print(array.At(i));
+        }
+        --depth;
+        if (array.Count > 0)
+            BeginLine();
+        out << ']';
+    }
+
+    /// Prints an object; its members are a name and a value in turn.
+    template <class... Members>
+    void Object(const Members&... members) {
+        out << '{';
+        ++depth;
+        PrintMembers("", members...);
+        --depth;
+        BeginLine();
+        out << '}';
+    }
+    template <class Value, class... Members>
+    void PrintMembers(const char* before, const char* name, const Value& value, const Members&... others) {
+        out << before;
+        BeginLine();
+        out << '"' << name << "\": ";
+        Print(value);
+        if constexpr (sizeof...(others) > 0)
+            PrintMembers(",", others...);
+    }
+
+    void BeginLine() { out << std::string_view("\n                    ").substr(0, 1 + 2 * depth); }
+
+    using Json = nlohmann::json;
+    TextOutput& out;
+    std::size_t depth = 0;
+    std::uint32_t printedBits = 0;
+    std::string printed;
+};
+
+template <class Document>
+void Dump(const Document& document, TextOutput& out) {
+    JsonPrinter(out).Print(document);
+    out << '\n';
 }
 
 } // namespace
 
-std::string DumpTrack() {
-    const TrackDocument& d = Track;
-    const Json document = {
-        {"FileHeader", {{"Version", d.FileHeader.Version}}},
-        {"TrackHeader",
-         {{"TrackType", d.TrackHeader.TrackType},
-          {"Trains", Items(d.TrackHeader.Trains, d.TrackHeader.NumTrains)},
-          {"NumTrains", d.TrackHeader.NumTrains},
-          {"CarsPerTrain", d.TrackHeader.CarsPerTrain},
-          {"TrackColor", d.TrackHeader.TrackColor}}},
-        {"TrackInfo", {{"AuthorComments", Of(d.TrackInfo.AuthorComments)}}},
-        {"BezierCurve",
-         {{"NodeCount", d.BezierCurve.NodeCount},
-          {"Nodes", Items(d.BezierCurve.Nodes, d.BezierCurve.NodeCount)}}},
-        {"SegmentList",
-         {{"ClosedCircuit", d.SegmentList.ClosedCircuit},
-          {"SegmentCount", d.SegmentList.SegmentCount},
-          {"Segments", Items(d.SegmentList.Segments, d.SegmentList.SegmentCount)}}},
-        {"SupportHeader", Json::object()},
-        {"FundamentalNodes",
-         {{"Count", d.FundamentalNodes.Count},
-          {"Items", Items(d.FundamentalNodes.Items, d.FundamentalNodes.Count)}}},
-        {"PreFabSupports",
-         {{"NodeCount", d.PreFabSupports.NodeCount}, {"Nodes", PreFabNodes(d.PreFabSupports)}}},
-        {"FreeNodes", {{"Count", d.FreeNodes.Count}, {"Items", Items(d.FreeNodes.Items, d.FreeNodes.Count)}}},
-        {"SupportBeams",
-         {{"Count", d.SupportBeams.Count}, {"Items", Items(d.SupportBeams.Items, d.SupportBeams.Count)}}},
-        {"WoodCatwalks",
-         {{"Count", d.WoodCatwalks.Count}, {"Items", Items(d.WoodCatwalks.Items, d.WoodCatwalks.Count)}}},
-        {"Scenery",
-         {{"TreeCount", d.Scenery.TreeCount}, {"Trees", Items(d.Scenery.Trees, d.Scenery.TreeCount)}}},
-        {"SceneryObjects",
-         {{"Count", d.SceneryObjects.Count},
-          {"Items", Items(d.SceneryObjects.Items, d.SceneryObjects.Count)}}},
-        {"Terrain",
-         {{"HasTerrain", d.Terrain.HasTerrain},
-          {"GridSizeX", d.Terrain.GridSizeX},
-          {"GridSizeZ", d.Terrain.GridSizeZ},
-          {"Value1", Of(d.Terrain.Value1)},
-          {"Value2", Of(d.Terrain.Value2)},
-          {"Text1", Of(d.Terrain.Text1)},
-          {"Value3", Of(d.Terrain.Value3)},
-          {"Text2", Of(d.Terrain.Text2)},
-          {"Value4", Of(d.Terrain.Value4)},
-          {"Text3", Of(d.Terrain.Text3)},
-          {"Value5", Of(d.Terrain.Value5)},
-          {"Byte1", d.Terrain.Byte1},
-          {"Flag1", d.Terrain.Flag1},
-          {"Heights", Columns(d.Terrain)}}},
-        {"Environment",
-         {{"PreferredEnvironment", Of(d.Environment.PreferredEnvironment)},
-          {"Text2", Of(d.Environment.Text2)}}}};
-    return document.dump(2);
+void DumpTrack(TextOutput& out) {
+    Dump(Track, out);
 }
 
-std::string DumpElement() {
-    const Json document = {{"NodeCount", Element.NodeCount},
-                           {"Nodes", Items(Element.Nodes, Element.NodeCount + 1)}};
-    return document.dump(2);
+void DumpElement(TextOutput& out) {
+    Dump(Element, out);
 }
 
 } // namespace railwright

@@ -1,13 +1,13 @@
 #pragma once
 
-#include <string>
+#include "base/TextOutput.h"
 
 namespace railwright {
 
-/// @return Track as JSON, one member for each record, in UTF-8.
-std::string DumpTrack();
+/// Prints Track as JSON, one member for each record, in UTF-8.
+void DumpTrack(TextOutput& out);
 
-/// @return Element as JSON, in UTF-8.
-std::string DumpElement();
+/// Prints Element as JSON, in UTF-8.
+void DumpElement(TextOutput& out);
 
 } // namespace railwright

@@ -93,14 +93,19 @@ template <class Meaning>
 Choice(const char*, Meaning) -> Choice<Meaning>;
 
 template <class Choices>
+std::string WordsOf(const Choices& choices) {
+    std::string words;
+    for (const auto& choice : choices)
+        words += (words.empty() ? "" : ", ") + std::string(choice.Word);
+    return words;
+}
+
+template <class Choices>
 auto ChosenFrom(const Choices& choices, std::string_view word) {
-    std::string known;
-    for (const auto& choice : choices) {
+    for (const auto& choice : choices)
         if (choice.Word == word)
             return choice.Means;
-        known += (known.empty() ? "" : ", ") + std::string(choice.Word);
-    }
-    throw BadStep{Quoted(word) + " is none of " + known};
+    throw BadStep{Quoted(word) + " is none of " + WordsOf(choices)};
 }
 
 constexpr std::array Classes = {
@@ -196,40 +201,64 @@ Action TurnElement(std::string_view value) {
     return [degrees = NumberFrom(value)] { RotateElement(Axis, degrees); };
 }
 
-/// A kind of step: its name, whether a value follows the name, and how the step is made from that.
+template <const auto& Choices>
+std::vector<std::string_view> ChoiceWords() {
+    std::vector<std::string_view> words;
+    for (const auto& choice : Choices)
+        words.push_back(choice.Word);
+    return words;
+}
+
+/// A kind of step: what users are told of it, and how it is made from its value.
 struct StepKind {
     std::string_view Name;
-    bool HasValue;
+    /// The form of the value that follows the name; empty if none does.
+    std::string_view Value;
+    std::string_view Help;
     Action (*Make)(std::string_view value);
+    /// The words that a value is chosen from, if it is.
+    std::vector<std::string_view> (*Words)() = nullptr;
+
+    bool HasValue() const { return !Value.empty(); }
 };
 
 constexpr std::array TrackSteps = {
-    StepKind{"remove", true, Remove},
-    StepKind{"move", true, Move},
-    StepKind{"scale", true, WithNumber<ScaleTrack>},
-    StepKind{"rotate", true, WithNumber<RotateTrack>},
-    StepKind{"mirror", true, Mirror},
-    StepKind{"tunnels", true, Tunnels},
-    StepKind{"shuttle", false, Shuttle},
-    StepKind{"backwards", false, Plain<RebuildBackwards>},
-    StepKind{"smooth", false, Plain<SmoothTrackNodes>},
-    StepKind{"rename", true, Rename},
+    StepKind{"remove", "CLASS[,CLASS...]", "remove data of these classes", Remove, ChoiceWords<Classes>},
+    StepKind{"move", "X,Y,Z[,track-only]", "move by metres to the east, up and to the south", Move},
+    StepKind{"scale", "FACTOR[,track-only]", "scale about the origin", WithNumber<ScaleTrack>},
+    StepKind{"rotate", "DEGREES[,track-only]", "turn about the vertical axis through the origin",
+             WithNumber<RotateTrack>},
+    StepKind{"mirror", "DIRECTION[,track-only]", "flip in this direction", Mirror, ChoiceWords<MirrorModes>},
+    StepKind{"tunnels", "WHICH", "put segments into tunnels or take them out", Tunnels,
+             ChoiceWords<TunnelModes>},
+    StepKind{"shuttle", "", "lay an open track back on itself", Shuttle},
+    StepKind{"backwards", "", "make the track run the other way", Plain<RebuildBackwards>},
+    StepKind{"smooth", "", "take kinks out of a track of up to 501 nodes", Plain<SmoothTrackNodes>},
+    StepKind{"rename", "INDEX,NAME[,this-only]",
+             "give the object with that number, and those of the same name, another name", Rename},
 };
 constexpr std::array ElementSteps = {
-    StepKind{"reverse", false, Plain<ReverseElement>},
-    StepKind{"rotate-x", true, TurnElement<ElementAxis::X>},
-    StepKind{"rotate-y", true, TurnElement<ElementAxis::Y>},
-    StepKind{"rotate-z", true, TurnElement<ElementAxis::Z>},
+    StepKind{"reverse", "", "swap start and end", Plain<ReverseElement>},
+    StepKind{"rotate-x", "DEGREES", "turn about the X axis", TurnElement<ElementAxis::X>},
+    StepKind{"rotate-y", "DEGREES", "turn about the Y axis", TurnElement<ElementAxis::Y>},
+    StepKind{"rotate-z", "DEGREES", "turn about the Z axis", TurnElement<ElementAxis::Z>},
 };
+
+std::string ListOf(const char* documentKind, std::span<const StepKind> kinds) {
+    std::string list = std::string("Steps for ") + documentKind + ":\n";
+    for (const StepKind& kind : kinds)
+        list += "  " + std::string(kind.Name) + (kind.HasValue() ? "=" + std::string(kind.Value) : "") + '\n';
+    return list;
+}
 
 Action ActionFor(std::span<const StepKind> kinds, const char* documentKind, std::string_view step) {
     const std::size_t equals = step.find('=');
     for (const StepKind& kind : kinds) {
         if (kind.Name != step.substr(0, equals))
             continue;
-        if (kind.HasValue != (equals != std::string_view::npos))
-            throw BadStep{kind.HasValue ? "a value is needed" : "it takes no value"};
-        return kind.Make(kind.HasValue ? step.substr(equals + 1) : "");
+        if (kind.HasValue() != (equals != std::string_view::npos))
+            throw BadStep{kind.HasValue() ? "a value is needed" : "it takes no value"};
+        return kind.Make(kind.HasValue() ? step.substr(equals + 1) : "");
     }
     throw BadStep{std::string("there is no such step for ") + documentKind};
 }
@@ -253,7 +282,29 @@ StepResult Apply(std::span<const StepKind> kinds, const char* documentKind,
     }
 }
 
+std::vector<StepDescription> Descriptions(std::span<const StepKind> kinds) {
+    std::vector<StepDescription> all;
+    for (const StepKind& kind : kinds)
+        all.push_back({kind.Name, kind.Value, kind.Help,
+                       kind.Words == nullptr ? std::vector<std::string_view>() : kind.Words(),
+                       kind.Value.ends_with("...]")});
+    return all;
+}
+
 } // namespace
+
+std::vector<StepDescription> TrackStepDescriptions() {
+    return Descriptions(TrackSteps);
+}
+
+std::vector<StepDescription> ElementStepDescriptions() {
+    return Descriptions(ElementSteps);
+}
+
+std::string StepsHelp() {
+    return ListOf("a track", TrackSteps) + ListOf("an element", ElementSteps) + "CLASS: " + WordsOf(Classes) +
+           "\nDIRECTION: " + WordsOf(MirrorModes) + "\nWHICH: " + WordsOf(TunnelModes);
+}
 
 StepResult ApplyTrackSteps(std::span<const std::string> steps) {
     return Apply(TrackSteps, "a track", steps);

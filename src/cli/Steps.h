@@ -2,8 +2,24 @@
 
 #include <span>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace railwright {
+
+/// What users are told of a step.
+struct StepDescription {
+    std::string_view Name;
+    /// The form of what follows behind NAME=; empty if nothing does.
+    std::string_view Value;
+    std::string_view Help;
+    /// The words of which Value takes one, or some between commas if IsList; none if it is no such choice.
+    std::vector<std::string_view> Words;
+    bool IsList = false;
+};
+
+std::vector<StepDescription> TrackStepDescriptions();
+std::vector<StepDescription> ElementStepDescriptions();
 
 /// Whether the steps of a command line were carried out, and if not, which one does not fit and why.
 struct StepResult {
@@ -17,5 +33,8 @@ StepResult ApplyTrackSteps(std::span<const std::string> steps);
 
 /// The same on Element.
 StepResult ApplyElementSteps(std::span<const std::string> steps);
+
+/// @return all steps with the forms of their values, in lines.
+std::string StepsHelp();
 
 } // namespace railwright

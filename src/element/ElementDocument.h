@@ -19,8 +19,7 @@ struct ElementNode {
     Flag FlagB = false;
 };
 
-/// An element as it is held in memory: a chain of cubic Bezier spans that starts at the origin. As it is
-/// made, it is empty.
+/// An element in memory: a chain of cubic Bezier spans that starts at the origin. A new one is empty.
 struct ElementDocument {
     /// As read; saving stores it unchanged.
     std::int32_t ChunkSize = 0;

@@ -42,7 +42,7 @@ void Fields(Direction& d, Document& element) {
         d.Group([&](auto& v) { SpanValues(v, element.Nodes[i - 1], element.Nodes[i]); });
 }
 
-/// What closes the file. It is written and never read.
+/// The last bytes of the file. They are written and never read.
 template <class Direction>
 void Closing(Direction& d) {
     d.Group([](auto& v) {
@@ -72,11 +72,11 @@ constexpr DocumentKind ElementKind = {ElementExtension, "ELEM", ClearElementDocu
 
 } // namespace
 
-FileResult LoadElementFile(const std::string& sFile) {
+FileResult LoadElementFile(const FilePath& sFile) {
     return LoadDocumentFile(sFile, ElementKind);
 }
 
-FileResult SaveElementFile(const std::string& sFile) {
+FileResult SaveElementFile(const FilePath& sFile) {
     return SaveDocumentFile(sFile, ElementKind, SizeOfELEM(), WriteELEM);
 }
 

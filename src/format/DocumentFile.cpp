@@ -7,12 +7,12 @@
 
 namespace railwright {
 
-FileResult LoadDocumentFile(const std::string& path, const DocumentKind& kind) {
-    if (path.empty())
+FileResult LoadDocumentFile(const FilePath& path, const DocumentKind& kind) {
+    if (path.IsEmpty())
         return FileResult::Failure("no file is named");
-    if (!FileExists(path))
-        return FileResult::Failure("no such file");
-    if (!HasExtension(path, kind.Extension))
+    if (FileResult found = FindFile(path); !found)
+        return found;
+    if (!HasExtension(path.Native(), kind.Extension))
         return FileResult::Failure("the name does not end in " + std::string(kind.Extension));
     kind.Clear();
     try {
@@ -35,12 +35,14 @@ FileResult LoadDocumentFile(const std::string& path, const DocumentKind& kind) {
     }
 }
 
-FileResult SaveDocumentFile(const std::string& path, const DocumentKind& kind, std::int64_t length,
+FileResult SaveDocumentFile(const FilePath& path, const DocumentKind& kind, std::int64_t length,
                             const std::function<void(ChunkWriter&)>& write) {
+    if (!path.NamesFile())
+        return FileResult::Failure("names no file");
     if (length > LongestFile)
         return FileResult::Failure("the document is too large, a file can hold 2 GiB");
-    const bool complete = HasExtension(path, kind.Extension);
-    return WriteWholeFile(complete ? path : path + std::string(kind.Extension),
+    const bool complete = HasExtension(path.Native(), kind.Extension);
+    return WriteWholeFile(complete ? path : path.WithEnding(kind.Extension),
                           [&](OpenFile& file, std::error_code& error) {
                               ChunkWriter writer(file, error);
                               write(writer);

@@ -9,11 +9,11 @@ namespace railwright {
 /// A place in a document file, counted from 0.
 using FilePos = std::int32_t;
 
-/// How much of a file is in memory at once while it is read or written: little enough to stay in the
-/// processor's cache, and far more than any one record of a fixed layout.
+/// How many bytes of a file are in memory at once while it is read or written. They stay in the processor's
+/// cache, and are far more than any record of fixed size.
 inline constexpr std::size_t FileWindow = std::size_t{64} * 1024;
 
-/// Size in bytes of the values of a file. All of more than one byte are big-endian.
+/// Sizes in bytes of the values of a file. Values of more than one byte are big-endian.
 namespace FileSize {
 inline constexpr FilePos Byte = 1;
 inline constexpr FilePos Long = 4;
@@ -22,7 +22,7 @@ inline constexpr FilePos Color = 4;
 inline constexpr FilePos Tag = 4;
 } // namespace FileSize
 
-/// The primitives: each reads or writes one value at `at`. The caller has checked that its bytes are there.
+/// Each of these reads or writes one value at `at`. The caller must check first that there are enough bytes.
 
 inline std::uint32_t ReadBits(const std::uint8_t* at) {
     return static_cast<std::uint32_t>(at[0]) << 24U | static_cast<std::uint32_t>(at[1]) << 16U |

@@ -10,14 +10,14 @@
 
 namespace railwright {
 
-/// Accepts a record both as it is filled by a reader and, const, as it is stored by a writer.
+/// Accepts a record that a reader fills, and a const record that a writer saves.
 template <class T, class Record>
 concept RecordOf = std::same_as<std::remove_const_t<T>, Record>;
 
-/// Three directions in which the values of a record with a fixed layout can be gone through: ValueReader
-/// fills them, ValueWriter stores them, ValueCounter only adds up their size. All have the same members, so
-/// that the layout of a record stands once, as a function template over the direction. Whoever makes a reader
-/// or a writer has checked that the bytes are there.
+/// Three directions for the values of a record with a fixed layout: ValueReader fills them, ValueWriter
+/// saves them, ValueCounter only adds up their size. All have the same members, so a record's layout is
+/// written once, as a function template over the direction. The caller must check first that there are
+/// enough bytes.
 
 class ValueReader {
 public:
@@ -47,7 +47,7 @@ private:
     const std::uint8_t* at;
 };
 
-/// Writes into bytes that are all zero as yet.
+/// Writes into bytes that are all zero before.
 class ValueWriter {
 public:
     explicit ValueWriter(std::uint8_t* first) : at(first) {}
@@ -81,7 +81,7 @@ private:
 
 class ValueCounter {
 public:
-    /// The bytes gone through so far.
+    /// The sum so far.
     FilePos Bytes() const { return bytes; }
 
     void Byte(std::uint8_t) { bytes += FileSize::Byte; }
@@ -97,7 +97,7 @@ private:
     FilePos bytes = 0;
 };
 
-/// @return the size in bytes of the values that `values` goes through.
+/// @return the size in bytes of the values that `values` names.
 template <class Layout>
 FilePos SizeOfGroup(Layout&& values) {
     ValueCounter counter;

@@ -8,7 +8,7 @@
 
 namespace railwright {
 
-/// The shares that the four points of a cubic Bezier span have in its point at one T.
+/// The weights of the four points of a cubic Bezier span at one T.
 struct BezierWeights {
     double Start;
     double FirstControl;
@@ -22,7 +22,7 @@ inline BezierWeights BezierWeightsAt(float T) {
     return {rest * rest * rest, 3 * t * rest * rest, 3 * t * t * rest, t * t * t};
 }
 
-/// A cubic Bezier span, in the double precision that its points are worked in.
+/// A cubic Bezier span, in double precision.
 class BezierSpan {
 public:
     BezierSpan(const Vector3& Start, const Vector3& FirstControl, const Vector3& End,
@@ -54,15 +54,15 @@ private:
     Coordinate x, y, z;
 };
 
-/// The point of a cubic Bezier span at T. Note that the end comes before the second control point. It is
-/// worked in double precision and each coordinate rounded once; T is not clamped to 0 and 1.
+/// The point of a cubic Bezier span at T. Note that the end comes before the second control point. The
+/// point is computed in double precision, and each coordinate is rounded once. T may lie outside 0 to 1.
 inline Vector3 BezierPoint(const Vector3& Start, const Vector3& FirstControl, const Vector3& End,
                            const Vector3& SecondControl, float T) {
     return BezierSpan(Start, FirstControl, End, SecondControl).Point(BezierWeightsAt(T));
 }
 
-/// @return the weights at T = 0, `step`, 2 `step` and so on up to `last`. T is a 32-bit float to which the
-/// step is added in 32-bit arithmetic, so that the number of samples follows from its rounding.
+/// @return the weights at T = 0, `step`, 2 `step` and so on up to `last`. The step is added to T in 32 bits,
+/// so the rounding decides how many samples there are.
 inline std::vector<BezierWeights> BezierSteps(float step, float last) {
     std::vector<BezierWeights> steps;
     // NOLINTNEXTLINE(clang-analyzer-security.FloatLoopCounter): the sum is what the samples are defined by.

@@ -7,6 +7,7 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <optional>
 
 namespace railwright {
 namespace {
@@ -21,11 +22,17 @@ constexpr int LargestExtent = 1'000'000;  // enough for a scale of nothing, and 
 constexpr int CurvePen = 1;
 constexpr int NodePen = 3;
 
+/// @param forEachPoint calls what it is given with each point of the curve.
 /// @return the largest extent of the curve in whole metres, at least 1. The end of the curve does not count.
-int LargestExtentOfCurve() {
+template <class ForEachPoint>
+int LargestExtentOfCurve(ForEachPoint&& forEachPoint) {
     Bounds bounds;
-    for (std::size_t k = 0; k + 1 < ElementPolyline.size(); ++k)
-        bounds.Include(ElementPolyline[k]);
+    std::optional<Vector3> previous;
+    forEachPoint([&](const Vector3& point) {
+        if (previous)
+            bounds.Include(*previous);
+        previous = point;
+    });
     const Vector3 extent = bounds.Extent();
     int largest = -999;
     for (const float one : {extent.X, extent.Y, extent.Z})
@@ -34,14 +41,14 @@ int LargestExtentOfCurve() {
     return std::max(largest, 1);
 }
 
-/// @return pixels for each metre. It comes in steps of a half as long as these do not come to 0.
+/// @return pixels for each metre, rounded to halves unless that gives 0.
 float ScaleFor(int largestExtent) {
     const double quotient = 110.0 / largestExtent;
     return static_cast<float>((largestExtent <= LargestSteppedExtent ? std::nearbyint(quotient) : quotient) /
                               2);
 }
 
-/// Draws a line of the grid for every ten metres, one through the centre, and the axes.
+/// Draws the lines of the grid, ten metres apart and one through the centre, and the axes.
 void DrawGround(PictureBox& picture, float scale) {
     const int step = static_cast<int>(std::nearbyint(static_cast<double>(scale) * 10));
     if (step >= 1)
@@ -53,10 +60,10 @@ void DrawGround(PictureBox& picture, float scale) {
     Preview::Line(picture, 0, Centre, Area, Centre, Preview::AxisColour);
 }
 
-} // namespace
-
-void DrawElementPreview(PictureBox& plan, PictureBox& side) {
-    const float scale = ScaleFor(LargestExtentOfCurve());
+/// @param forEachPoint as above.
+template <class ForEachPoint>
+void Draw(PictureBox& plan, PictureBox& side, ForEachPoint&& forEachPoint) {
+    const float scale = ScaleFor(LargestExtentOfCurve(forEachPoint));
     const auto S = static_cast<double>(scale);
     const std::array<Preview::View, 2> views = {Preview::View{plan, {&Vector3::X, S, &Vector3::Z, S}},
                                                 Preview::View{side, {&Vector3::Z, -S, &Vector3::Y, -S}}};
@@ -66,14 +73,29 @@ void DrawElementPreview(PictureBox& plan, PictureBox& side) {
         view.Picture.DrawWidth(CurvePen);
     for (const Preview::View& view : views)
         DrawGround(view.Picture, scale);
-    for (std::size_t k = 0; k + 1 < ElementPolyline.size(); ++k)
-        for (const Preview::View& view : views)
-            view.Chord(ElementPolyline[k], ElementPolyline[k + 1], Preview::CurveColour);
+    std::optional<Vector3> previous;
+    forEachPoint([&](const Vector3& point) {
+        if (previous)
+            for (const Preview::View& view : views)
+                view.Chord(*previous, point, Preview::CurveColour);
+        previous = point;
+    });
     for (const Preview::View& view : views)
         view.Picture.DrawWidth(NodePen);
     for (std::size_t i = 0; i <= static_cast<std::size_t>(Element.NodeCount); ++i)
         for (const Preview::View& view : views)
             view.Point(Element.Nodes[i].Position, i == 0 ? FirstNodeColour : NodeColour);
+}
+
+} // namespace
+
+void DrawElementPreview(PictureBox& plan, PictureBox& side) {
+    Draw(plan, side,
+         [](auto&& visit) { std::for_each(ElementPolyline.begin(), ElementPolyline.end(), visit); });
+}
+
+void DrawElementWhileSampling(PictureBox& plan, PictureBox& side) {
+    Draw(plan, side, ForEachElementPoint);
 }
 
 } // namespace railwright

@@ -4,12 +4,17 @@
 
 namespace railwright {
 
-/// Draws Track as a plan seen from above and as a side elevation along X, both at two metres to a pixel, from
-/// what the last AnalyzeTrack left. The pens keep their width.
+/// Draws Track from above and from the side, along X, at two metres to a pixel. It uses the result of the
+/// last AnalyzeTrack. The pens keep their width.
 void DrawTrackPreview(PictureBox& plan, PictureBox& side);
 
-/// Draws Element as a plan seen from above and as a side elevation along Z, at a scale that follows its size,
-/// from what the last AnalyzeElement left. Both pens are 3 pixels wide afterwards.
+/// Draws Element from above and from the side, along Z, at a scale that follows its size. It uses the result
+/// of the last AnalyzeElement. Both pens are 3 pixels wide afterwards.
 void DrawElementPreview(PictureBox& plan, PictureBox& side);
+
+/// The same drawings, but the points are worked out while they are drawn: no analysis is needed before, and
+/// no list is made, however many points there are.
+void DrawTrackWhileSampling(PictureBox& plan, PictureBox& side);
+void DrawElementWhileSampling(PictureBox& plan, PictureBox& side);
 
 } // namespace railwright

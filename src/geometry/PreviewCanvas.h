@@ -9,8 +9,7 @@
 
 namespace railwright {
 
-/// What the two previews have in common: the drawing area of 220 pixels with the world's origin in its
-/// centre.
+/// What the previews share: a drawing area of 220 pixels with the world's origin in its centre.
 namespace Preview {
 
 inline constexpr int Area = 220;
@@ -30,7 +29,8 @@ struct Pixel {
     float Y;
 };
 
-/// How a world point falls on a picture. The coordinates are worked in double precision and rounded once.
+/// How a point of the world is placed on a picture. Coordinates are computed in double precision and rounded
+/// once.
 struct Mapping {
     /// Which coordinate runs along each direction of the picture, and pixels for each metre.
     float Vector3::*Across;
@@ -38,7 +38,7 @@ struct Mapping {
     float Vector3::*Down;
     double DownScale;
 
-    /// @return nothing for a point that is not finite, or so far off that its pixel is not.
+    /// @return nothing if the point is not finite, or so far away that its pixel is not.
     std::optional<Pixel> Of(const Vector3& point) const {
         const Pixel pixel = {At(point.*Across, AcrossScale), At(point.*Down, DownScale)};
         const bool isThere = IsFinite(point) && std::isfinite(pixel.X) && std::isfinite(pixel.Y);
@@ -56,7 +56,7 @@ struct View {
     PictureBox& Picture;
     Mapping Map;
 
-    /// Draws a chord of the curve, unless an end of it has no place.
+    /// Draws a chord of the curve if both ends have a place.
     void Chord(const Vector3& from, const Vector3& to, Rgb colour) const {
         const auto start = Map.Of(from);
         const auto end = Map.Of(to);

@@ -14,10 +14,10 @@ using Preview::Centre;
 
 constexpr int GridStep = 5;
 constexpr int TopOfSide = 35; // 150 metres above the ground
-constexpr std::int32_t SamplesPerChord = 4;
+constexpr std::size_t SamplesPerChord = 4;
 constexpr double PixelsPerMetre = 0.5;
 
-/// By SegmentType: the five kinds, then the greys of axes and grid.
+/// The colours of the five values of SegmentType, then the greys of the axes and the grid.
 constexpr std::array<Rgb, 7> SegmentColours = {Preview::CurveColour, Rgb{255, 128, 0}, Rgb{0, 255, 0},
                                                Rgb{255, 255, 0},     Rgb{255, 0, 0},   Preview::AxisColour,
                                                Preview::GridColour};
@@ -45,22 +45,56 @@ void DrawSideGround(PictureBox& side) {
     Preview::Line(side, 0, Centre, Area, Centre, Preview::AxisColour);
 }
 
-} // namespace
-
-void DrawTrackPreview(PictureBox& plan, PictureBox& side) {
+/// Draws all but the track.
+void DrawGround(PictureBox& plan, PictureBox& side) {
     plan.Cls();
     side.Cls();
     DrawPlanGround(plan);
     DrawSideGround(side);
-    const std::array<Preview::View, 2> views = {
-        Preview::View{plan, {&Vector3::X, PixelsPerMetre, &Vector3::Z, PixelsPerMetre}},
-        Preview::View{side, {&Vector3::X, PixelsPerMetre, &Vector3::Y, -PixelsPerMetre}}};
-    for (std::int32_t k = 0; k <= TrackPolylineLast - SamplesPerChord; k += SamplesPerChord) {
-        const auto from = static_cast<std::size_t>(k);
-        const Rgb colour = ColourOf(Track.SegmentList.TypeAtNode(TrackPolylineNode[from]));
-        for (const Preview::View& view : views)
-            view.Chord(TrackPolyline[from], TrackPolyline[from + SamplesPerChord], colour);
+}
+
+/// Draws the track chord by chord in both views.
+class TrackChords {
+public:
+    TrackChords(PictureBox& plan, PictureBox& side)
+        : views{Preview::View{plan, {&Vector3::X, PixelsPerMetre, &Vector3::Z, PixelsPerMetre}},
+                Preview::View{side, {&Vector3::X, PixelsPerMetre, &Vector3::Y, -PixelsPerMetre}}} {}
+
+    /// Draws from the point before to this one, which begins the next chord, if there is any, in the colour
+    /// of the segment at its node.
+    void To(const Vector3& point, std::int32_t node) {
+        if (begun)
+            for (const Preview::View& view : views)
+                view.Chord(from, point, colour);
+        begun = true;
+        from = point;
+        colour = ColourOf(Track.SegmentList.TypeAtNode(node));
     }
+
+private:
+    std::array<Preview::View, 2> views;
+    bool begun = false;
+    Vector3 from;
+    Rgb colour;
+};
+
+} // namespace
+
+void DrawTrackPreview(PictureBox& plan, PictureBox& side) {
+    DrawGround(plan, side);
+    TrackChords chords(plan, side);
+    for (std::size_t k = 0; k < TrackPolyline.size(); k += SamplesPerChord)
+        chords.To(TrackPolyline[k], k < TrackPolylineNode.size() ? TrackPolylineNode[k] : NoNode);
+}
+
+void DrawTrackWhileSampling(PictureBox& plan, PictureBox& side) {
+    DrawGround(plan, side);
+    TrackChords chords(plan, side);
+    std::size_t k = 0;
+    ForEachTrackPoint([&](const Vector3& point, std::int32_t node) {
+        if (k++ % SamplesPerChord == 0)
+            chords.To(point, node);
+    });
 }
 
 } // namespace railwright

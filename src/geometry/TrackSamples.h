@@ -15,8 +15,8 @@ inline std::int32_t TrackSpanCount() {
     return Track.SegmentList.ClosedCircuit || nodes < 1 ? nodes : nodes - 1;
 }
 
-/// Calls `visit` with each sample of the centre line in track order: the index of the node at which its span
-/// starts, and the point. A span has 101 samples at a spacing of 0.01 in T, the last one just short of 1.
+/// Calls `visit` for each sample of the centre line in track order, with the index of the node at which its
+/// span starts and the point. A span has 101 samples, 0.01 apart in T; the last one is just below 1.
 template <class Visit>
 void ForEachTrackSample(Visit&& visit) {
     FreeWideRegisters();
@@ -33,11 +33,11 @@ void ForEachTrackSample(Visit&& visit) {
     }
 }
 
-/// The length of Track's centre line, put together from its samples one after the other.
+/// The length of Track's centre line, added up sample by sample.
 class LengthOfSamples {
 public:
-    /// Adds the straight distance from the sample before, or from the first node. The sum is rounded to a
-    /// 32-bit float each time.
+    /// Adds the straight distance from the previous sample, or from the first node. The sum is rounded to 32
+    /// bits each time.
     void Add(const Vector3& sample) {
         const double x = static_cast<double>(sample.X) - static_cast<double>(previous.X);
         const double y = static_cast<double>(sample.Y) - static_cast<double>(previous.Y);
@@ -46,7 +46,7 @@ public:
         previous = sample;
     }
 
-    /// In metres; a track of one node has none.
+    /// In metres; 0 for a track of one node.
     float Total() const { return Track.BezierCurve.NodeCount < 2 ? 0 : length; }
 
 private:

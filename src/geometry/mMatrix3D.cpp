@@ -11,7 +11,7 @@ struct Turn {
     float Sine;
 };
 
-/// The angle is rounded to a 32-bit float in radians before its sine and cosine are taken.
+/// The angle in radians is rounded to 32 bits before its sine and cosine are computed.
 Turn TurnBy(float degrees) {
     const auto radians = static_cast<float>(static_cast<double>(degrees) * Pi / 180);
     return {static_cast<float>(std::cos(static_cast<double>(radians))),

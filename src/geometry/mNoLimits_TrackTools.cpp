@@ -4,8 +4,11 @@
 #include "geometry/BezierSpan.h"
 #include "geometry/TrackSamples.h"
 
+#include <array>
 #include <cmath>
 #include <cstddef>
+#include <optional>
+#include <span>
 
 namespace railwright {
 
@@ -30,6 +33,58 @@ float FiniteOrZero(float value) {
     return std::isfinite(value) ? value : 0;
 }
 
+/// Calls `visit` with each point of the polyline of Track and its node. @return the length of the centre
+/// line.
+template <class Visit>
+float VisitTrackPoints(Visit&& visit) {
+    float running = Spacing; // so that the first sample is kept
+    Vector3 previous;
+    std::optional<Vector3> first;
+    LengthOfSamples length;
+    ForEachTrackSample([&](std::int32_t node, const Vector3& sample) {
+        const double step = DistanceInPlan(previous, sample);
+        if (std::isfinite(step)) // one bad node does not end the track
+            running = static_cast<float>(static_cast<double>(running) + step);
+        if (running >= Spacing) {
+            running = 0;
+            if (!first)
+                first = sample;
+            visit(sample, node);
+        }
+        previous = sample;
+        length.Add(sample);
+    });
+    if (!first)
+        visit(Vector3{}, 0);
+    else if (Track.SegmentList.ClosedCircuit)
+        visit(*first, NoNode);
+    return length.Total();
+}
+
+const std::vector<BezierWeights>& ElementSteps() {
+    static const std::vector<BezierWeights> steps = BezierSteps(0.05F, 0.95F);
+    return steps;
+}
+
+/// Calls `visit` with each point of the polyline of Element.
+template <class Visit>
+void VisitElementPoints(Visit&& visit) {
+    const auto visitSpan = [&](std::size_t end, std::span<const BezierWeights> steps) {
+        const ElementNode& from = Element.Nodes[end - 1];
+        const ElementNode& to = Element.Nodes[end];
+        const BezierSpan span(from.Position, from.ControlOut, to.Position, to.ControlIn);
+        for (const BezierWeights& weights : steps)
+            visit(span.Point(weights));
+    };
+    const auto spans = static_cast<std::size_t>(Element.NodeCount);
+    for (std::size_t end = 1; end <= spans; ++end)
+        visitSpan(end, ElementSteps());
+    if (spans > 0)
+        visitSpan(spans, std::array{BezierWeightsAt(1)});
+    else
+        visit(Vector3{});
+}
+
 } // namespace
 
 void AnalyzeTrack() {
@@ -43,50 +98,27 @@ void AnalyzeElement() {
 void BuildTrackPolyline() {
     TrackPolyline.clear();
     TrackPolylineNode.clear();
-    float running = Spacing; // so that the first sample is kept
-    Vector3 previous;
-    LengthOfSamples length;
-    ForEachTrackSample([&](std::int32_t node, const Vector3& sample) {
-        const double step = DistanceInPlan(previous, sample);
-        if (std::isfinite(step)) // one bad node does not end the track
-            running = static_cast<float>(static_cast<double>(running) + step);
-        if (running >= Spacing) {
-            running = 0;
-            TrackPolyline.push_back(sample);
+    TrackPolylineLength = VisitTrackPoints([](const Vector3& point, std::int32_t node) {
+        TrackPolyline.push_back(point);
+        if (node != NoNode)
             TrackPolylineNode.push_back(node);
-        }
-        previous = sample;
-        length.Add(sample);
     });
-    TrackPolylineLength = length.Total();
-    if (TrackPolyline.empty()) {
-        TrackPolyline.assign(1, Vector3{});
-        TrackPolylineNode.assign(1, 0);
-    } else if (Track.SegmentList.ClosedCircuit) {
-        TrackPolyline.push_back(Vector3(TrackPolyline.front()));
-    }
     TrackPolylineLast = static_cast<std::int32_t>(TrackPolyline.size()) - 1;
 }
 
 void BuildElementPolyline() {
-    static const std::vector<BezierWeights> steps = BezierSteps(0.05F, 0.95F);
     ElementPolyline.clear();
-    const auto spans = static_cast<std::size_t>(Element.NodeCount);
-    ElementPolyline.reserve(spans * steps.size() + 1);
-    const auto sample = [](std::size_t end, const BezierWeights& weights) {
-        const ElementNode& from = Element.Nodes[end - 1];
-        const ElementNode& to = Element.Nodes[end];
-        const BezierSpan span(from.Position, from.ControlOut, to.Position, to.ControlIn);
-        ElementPolyline.push_back(span.Point(weights));
-    };
-    for (std::size_t end = 1; end <= spans; ++end)
-        for (const BezierWeights& weights : steps)
-            sample(end, weights);
-    if (spans > 0)
-        sample(spans, BezierWeightsAt(1));
-    else
-        ElementPolyline.assign(1, Vector3{});
+    ElementPolyline.reserve(static_cast<std::size_t>(Element.NodeCount) * ElementSteps().size() + 1);
+    VisitElementPoints([](const Vector3& point) { ElementPolyline.push_back(point); });
     ElementPolylineLast = static_cast<std::int32_t>(ElementPolyline.size()) - 1;
+}
+
+float ForEachTrackPoint(const std::function<void(const Vector3& point, std::int32_t node)>& visit) {
+    return VisitTrackPoints(visit);
+}
+
+void ForEachElementPoint(const std::function<void(const Vector3& point)>& visit) {
+    VisitElementPoints(visit);
 }
 
 void Bounds::Include(const Vector3& point) {

@@ -4,36 +4,47 @@
 #include "platform/List.h"
 
 #include <cstdint>
+#include <functional>
 
 namespace railwright {
 
-/// The centre line of Track as the last AnalyzeTrack left it, resampled to points that are about half a metre
-/// apart as seen from above. It holds at least one point; on a closed circuit the last one is a copy of the
-/// first.
+/// The centre line of Track, computed by AnalyzeTrack: points about half a metre apart as seen from above.
+/// There is at least one. On a closed circuit the last point is a copy of the first.
 extern List<Vector3> TrackPolyline;
-/// For each point of TrackPolyline the index of the node at which its span starts. The closing copy has none.
+/// For each point of TrackPolyline, the index of the node at which its span starts. The copy at the end has
+/// none.
 extern List<std::int32_t> TrackPolylineNode;
 /// The last valid index of TrackPolyline.
 extern std::int32_t TrackPolylineLast;
-/// The length in metres of the centre line that TrackPolyline was sampled from: what TrackLength works out,
-/// from the same samples.
+/// The length of the centre line in metres, the same figure as TrackLength gives.
 extern float TrackPolylineLength;
 
-/// The curve of Element as the last AnalyzeElement left it: 19 points for each span and its end. It holds at
-/// least one point.
+/// The curve of Element, computed by AnalyzeElement: 19 points for each span, and the end. There is at least
+/// one point.
 extern List<Vector3> ElementPolyline;
 /// The last valid index of ElementPolyline.
 extern std::int32_t ElementPolylineLast;
 
-/// Works out everything that is derived from Track.
+/// Computes everything that is derived from Track.
 void AnalyzeTrack();
-/// Works out everything that is derived from Element.
+/// Computes everything that is derived from Element.
 void AnalyzeElement();
 
 void BuildTrackPolyline();
 void BuildElementPolyline();
 
-/// The box that encloses some points. A bound that no point has moved stays at 999 or -999 metres.
+/// The node of a point that has none: the closing copy.
+inline constexpr std::int32_t NoNode = -1;
+
+/// Calls `visit` with each point that AnalyzeTrack would put into TrackPolyline, and with its node. No
+/// list of them is made, however many there are.
+/// @return what AnalyzeTrack would put into TrackPolylineLength.
+float ForEachTrackPoint(const std::function<void(const Vector3& point, std::int32_t node)>& visit);
+
+/// Calls `visit` with each point that AnalyzeElement would put into ElementPolyline, in the same way.
+void ForEachElementPoint(const std::function<void(const Vector3& point)>& visit);
+
+/// The box around some points. A bound that no point has moved stays at 999 or -999 metres.
 struct Bounds {
     Vector3 Least = {999, 999, 999};
     Vector3 Greatest = {-999, -999, -999};

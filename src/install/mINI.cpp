@@ -4,14 +4,14 @@
 
 namespace railwright {
 
-FileResult ReadTextFile(const std::string& sFile, text& sText) {
+FileResult ReadTextFile(const FilePath& sFile, text& sText) {
     FileBuffer bytes;
     FileResult read = ReadFileBuffer(sFile, bytes);
     sText.assign(bytes.begin(), bytes.end());
     return read;
 }
 
-FileResult WriteTextFile(const std::string& sFile, const text& sText) {
+FileResult WriteTextFile(const FilePath& sFile, const text& sText) {
     const text closed = sText + "\r\n";
     return WriteFileBuffer(sFile, FileBuffer(closed.begin(), closed.end()));
 }

@@ -9,10 +9,10 @@ namespace railwright {
 
 /// Reads a whole file as text, one character for each byte.
 /// @return why not, if it does not exist or cannot be read; `sText` is then empty.
-FileResult ReadTextFile(const std::string& sFile, text& sText);
+FileResult ReadTextFile(const FilePath& sFile, text& sText);
 
 /// Writes `sText` and a closing CR LF in place of what stood under the name. On failure the old file is as it
 /// was.
-FileResult WriteTextFile(const std::string& sFile, const text& sText);
+FileResult WriteTextFile(const FilePath& sFile, const text& sText);
 
 } // namespace railwright

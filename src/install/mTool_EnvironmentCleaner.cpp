@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 #include <string_view>
 
 namespace railwright {
@@ -16,12 +17,15 @@ namespace {
 constexpr std::string_view EnvironmentExtension = ".env";
 constexpr const char* TextureKey = ".texture.path";
 constexpr std::string_view EndOfLine = "\r\n";
+constexpr const char* Environments = "Environments";
 constexpr const char* EnvironmentsFolder = "Environments\\";
 constexpr const char* UnusedFolder = "__Unused Files__";
-/// A folder takes this name until it is an environment's, and holds this file until the environment is
-/// finished. No texture can have that name, because no setting holds an equals sign.
-constexpr const char* StagingFolder = "~railwright";
-constexpr const char* UnfinishedMark = "\\~unfinished=";
+/// While a run organizes environments, this file names theirs. No texture can have that name, because no
+/// setting holds an equals sign.
+constexpr const char* UnfinishedList = "~unfinished=";
+constexpr std::string_view ListHead = "Railwright has not finished organizing these environments:";
+/// Stands behind each piece of the list, and in no name.
+constexpr char ListSeparator = '/';
 
 std::size_t FindIgnoringCase(const text& in, const text& piece, std::size_t from) {
     return LowerCase(in, SystemCodePage()).find(LowerCase(piece, SystemCodePage()), from);
@@ -35,218 +39,376 @@ text ReplacedIgnoringCase(const text& in, const text& piece, const text& by) {
     return replaced + in.substr(from);
 }
 
+/// Pieces of a text, none of them empty, and what takes the place of each.
+using Pieces = std::map<text, text, std::less<>>;
+
+/// @return the longest piece that `rest` begins with.
+Pieces::const_iterator LongestAt(std::string_view rest, const Pieces& pieces) {
+    // It sorts before `rest`, and so does all that stands between them and has as much in common with it.
+    for (auto next = pieces.upper_bound(rest); next != pieces.begin(); next = pieces.upper_bound(rest)) {
+        const text& nearest = (--next)->first;
+        if (rest.starts_with(nearest))
+            return next;
+        rest = {rest.begin(), std::mismatch(rest.begin(), rest.end(), nearest.begin(), nearest.end()).first};
+    }
+    return pieces.end();
+}
+
 /// Replaces each of some pieces, wherever it stands, by what belongs to it. Where several begin, the longest
 /// is taken, and nothing is replaced twice.
-text ReplacedAtOnce(const text& in, const std::map<text, text>& pieces) {
+text ReplacedAtOnce(std::string_view in, const Pieces& pieces) {
     text replaced;
-    for (std::size_t at = 0; at < in.size();) {
-        std::pair<text, text> longest;
-        for (const auto& piece : pieces)
-            if (piece.first.size() > longest.first.size() &&
-                in.compare(at, piece.first.size(), piece.first) == 0)
-                longest = piece;
-        replaced += longest.first.empty() ? text(1, in[at]) : longest.second;
-        at += std::max<std::size_t>(longest.first.size(), 1);
+    while (!in.empty()) {
+        const auto piece = LongestAt(in, pieces);
+        const bool isNone = piece == pieces.end();
+        replaced += isNone ? in.substr(0, 1) : std::string_view(piece->second);
+        in.remove_prefix(isNone ? 1 : piece->first.size());
     }
     return replaced;
 }
 
-/// Whether a path below the simulator's folder could lead to somewhere else: up, or to another drive.
-bool MayLeaveFolder(const text& path) {
-    if (path.find(':') != text::npos)
-        return true;
-    for (std::size_t start = 0; start <= path.size();) {
-        const std::size_t end = std::min(path.find('\\', start), path.size());
-        if (path.compare(start, end - start, "..") == 0)
-            return true;
-        start = end + 1;
+/// @param unknown set where the system cannot tell; then it counts as there.
+bool Exists(const FilePath& path, std::error_code& unknown) {
+    const FileStatus status = Files().Status(path);
+    unknown = status.Error ? status.Error : unknown;
+    return status.IsLink || status.What != FileStatus::Kind::Missing;
+}
+
+/// A file in the folder of the environments.
+struct LooseFile {
+    FileName Name;
+    bool IsLink;
+
+    /// A setting would take it for the path to some other file.
+    bool LooksLikePath() const { return Name.Native().find('\\') != std::string::npos; }
+    /// Why it is left alone; empty if it is not.
+    std::string PassedOver() const {
+        return LooksLikePath() ? "it has a backslash in its name" : IsLink ? "it is a link" : "";
     }
-    return false;
+};
+
+/// The files in a folder that are not hidden, links to files and to nothing included. A name like a path that
+/// begins with a dot does not hide its file.
+std::vector<LooseFile> FilesIn(const FilePath& folder, std::error_code& error) {
+    std::vector<LooseFile> files;
+    for (const FileName& name : Files().List(folder, error)) {
+        const FileStatus status = Files().Status(folder / name);
+        error = status.Error ? status.Error : error;
+        const bool leadsNowhere = status.IsLink && status.What == FileStatus::Kind::Missing;
+        const LooseFile file = {name, status.IsLink};
+        if ((status.What == FileStatus::Kind::File || leadsNowhere) &&
+            (!status.Hidden || file.LooksLikePath()))
+            files.push_back(file);
+    }
+    return files;
 }
 
-bool Exists(const std::string& path) {
-    return Files().Status(path).What != FileStatus::Kind::Missing;
+/// Reads which environments a run was cut off from finishing.
+FileResult ReadList(const FilePath& list, std::set<FileName>& names) {
+    names.clear();
+    std::error_code unknown;
+    if (!Exists(list, unknown))
+        return {};
+    if (unknown)
+        return FileResult::Failure("cannot be looked at: " + unknown.message());
+    text content;
+    FileResult read = ReadTextFile(list, content);
+    const text head = text(ListHead) + ListSeparator;
+    if (read && (Files().Status(list).IsLink || !content.starts_with(head)))
+        read = FileResult::Failure("is no list of this program's and has to go first");
+    std::size_t end = 0;
+    for (std::size_t at = head.size(); read && (end = content.find(ListSeparator, at)) != text::npos;
+         at = end + 1)
+        names.emplace(content.substr(at, end - at));
+    return read;
 }
 
-std::vector<std::string> NormalFilesIn(const std::string& folder, std::error_code& error) {
-    std::vector<std::string> names = Files().List(folder, error);
-    std::erase_if(names, [&](const std::string& name) { return !FileExists(folder + name); });
-    return names;
+FileResult WriteList(const FilePath& list, const std::set<FileName>& names) {
+    std::error_code error;
+    if (names.empty()) {
+        Files().Delete(list, error);
+        return error ? FileResult::Failure("cannot be deleted: " + error.message()) : FileResult{};
+    }
+    text content = text(ListHead) + ListSeparator;
+    for (const FileName& name : names)
+        content += name.Native() + ListSeparator;
+    return WriteTextFile(list, content);
 }
 
-std::string SimulatorFolder(const std::string& sNoLimitsPath) {
-    return sNoLimitsPath.ends_with('\\') ? sNoLimitsPath : sNoLimitsPath + '\\';
-}
+/// Where the environments are.
+struct Installation {
+    explicit Installation(const FilePath& sNoLimitsPath)
+        : sNLFolder(sNoLimitsPath),
+          sEnvFolder(Names.Find(sNLFolder, FileName(Environments))),
+          Unfinished(Names.Find(sEnvFolder, FileName(UnfinishedList))) {}
 
-bool IsOrganized(const std::string& sEnvFolder, const std::string& name) {
-    if (Exists(sEnvFolder + name))
-        return !Exists(sEnvFolder + name + UnfinishedMark);
+    /// @return the subfolder of an environment.
+    FilePath FolderOf(const EnvironmentEntry& entry) { return Names.Find(sEnvFolder, entry.Name); }
+
+    NameLookup Names;
+    FilePath sNLFolder;
+    FilePath sEnvFolder;
+    /// The list of those that are not finished.
+    FilePath Unfinished;
+};
+
+/// What the system cannot tell is left alone, as what is organized.
+bool IsOrganized(Installation& place, const EnvironmentEntry& entry, std::error_code& unknown) {
+    const FilePath folder = place.FolderOf(entry);
+    if (folder != place.Unfinished && Exists(folder, unknown))
+        return true;
+    const FileName file(entry.Name.Native() + std::string(EnvironmentExtension));
     text settings;
-    return ReadTextFile(sEnvFolder + name + std::string(EnvironmentExtension), settings) &&
+    return ReadTextFile(place.Names.Find(place.sEnvFolder, file), settings) &&
            FindIgnoringCase(settings, TextureKey, 0) == text::npos;
+}
+
+EnvironmentScan Scan(Installation& place) {
+    EnvironmentScan scan;
+    std::error_code error;
+    const std::vector<LooseFile> files = FilesIn(place.sEnvFolder, error);
+    std::error_code unknown;
+    if (Exists(place.sEnvFolder, unknown) && error)
+        unknown = error;
+    std::set<FileName> unfinished;
+    if (const FileResult read = ReadList(place.Unfinished, unfinished); !read) {
+        scan.Complete = false;
+        scan.PassedOver.push_back(place.Unfinished.Shown() + ": " + read.Reason);
+    }
+    for (const LooseFile& file : files) {
+        if (!HasExtension(file.Name.Native(), EnvironmentExtension))
+            continue;
+        if (const std::string why = file.PassedOver(); !why.empty()) {
+            // The simulator follows a link. But no name in its files can have a backslash.
+            scan.Complete = scan.Complete && file.LooksLikePath();
+            scan.PassedOver.push_back(file.Name.Shown() + ": is passed over, " + why);
+            continue;
+        }
+        EnvironmentEntry entry{place.sEnvFolder / file.Name,
+                               FileName(WithoutEvery(file.Name.Native(), EnvironmentExtension))};
+        entry.Organized = !unfinished.contains(file.Name) && IsOrganized(place, entry, unknown);
+        scan.Unorganized += entry.Organized ? 0 : 1;
+        scan.EnvironmentList.push_back(std::move(entry));
+    }
+    scan.Known = !unknown;
+    scan.Complete = scan.Complete && scan.Known;
+    if (!scan.Known)
+        scan.PassedOver.push_back(place.sEnvFolder.Shown() + ": cannot be looked at: " + unknown.message());
+    return scan;
 }
 
 /// One run of the organizer.
 class Run {
 public:
-    Run(const std::string& sNoLimitsPath, OrganizerProgress& progress)
-        : sNLFolder(SimulatorFolder(sNoLimitsPath)),
-          sEnvFolder(sNLFolder + EnvironmentsFolder),
-          bar(progress) {}
+    Run(const FilePath& sNoLimitsPath, OrganizerProgress& progress)
+        : place(sNoLimitsPath), scan(Scan(place)), bar(progress), allWell(scan.Complete) {
+        for (const std::string& line : scan.PassedOver)
+            bar.Tell(line);
+    }
 
-    /// Gives one environment its subfolder. A texture is there before the .env file speaks of it, and the
-    /// folder counts as unfinished until that file has been replaced.
+    const std::vector<EnvironmentEntry>& List() const { return scan.EnvironmentList; }
+
+    /// Writes down what it sets out to organize. Environments of one name share a folder, which is no mark of
+    /// a finished one until all of them are.
+    void Begin() {
+        if (!scan.Known)
+            return;
+        for (const EnvironmentEntry& entry : List())
+            if (!entry.Organized && CanBeNamed(entry))
+                unfinished.insert(entry.FilePath.Name());
+        if (!Succeeded(ReadList(place.Unfinished, listed), place.Unfinished) || !WriteDown())
+            unfinished.clear();
+    }
+
+    /// Gives one environment its subfolder. A texture is there before the .env file speaks of it.
     void Organize(const EnvironmentEntry& entry) {
         text settings;
-        if (!Succeeded(ReadTextFile(entry.FilePath, settings), entry.FilePath))
+        if (!unfinished.contains(entry.FilePath.Name()) ||
+            !Succeeded(ReadTextFile(entry.FilePath, settings), entry.FilePath))
             return;
-        if (FindIgnoringCase(settings, TextureKey, 0) == text::npos)
-            return; // it could not be read when it was looked at
-        if (ToUtf8(FromUtf8(entry.Name, SystemCodePage()), SystemCodePage()) != entry.Name) {
-            allWell = false; // it goes on naming loose files
-            return bar.Tell(entry.Name + ": no setting can hold this name, it is passed over");
+        if (FindIgnoringCase(settings, TextureKey, 0) != text::npos) { // or another file was looked at
+            const text before = settings;
+            std::replace(settings.begin(), settings.end(), '/', '\\');
+            if (!RelocateTextures(settings, entry))
+                return;
+            if (settings != before && !Succeeded(WriteTextFile(entry.FilePath, settings), entry.FilePath))
+                return;
+            std::error_code ignored;
+            bar.Tell(entry.Name.Shown() + (Exists(place.FolderOf(entry), ignored)
+                                               ? ": organized"
+                                               : ": none of its textures is there"));
         }
-        const text before = settings;
-        std::replace(settings.begin(), settings.end(), '/', '\\');
-        if (!RelocateTextures(settings, entry.Name))
-            return;
-        if (settings != before && !Succeeded(WriteTextFile(entry.FilePath, settings), entry.FilePath))
-            return;
-        FinishFolder(entry.Name);
-        bar.Tell(entry.Name +
-                 (Exists(sEnvFolder + entry.Name) ? ": organized" : ": none of its textures is there"));
+        unfinished.erase(entry.FilePath.Name());
     }
 
-    void MoveUnusedFiles() {
-        const std::string target = sEnvFolder + UnusedFolder;
-        std::error_code error;
-        if (!Exists(target))
-            Files().CreateFolder(target, error);
-        for (const std::string& name : NormalFilesIn(sEnvFolder, error)) {
-            if (HasExtension(name, EnvironmentExtension))
-                continue;
-            std::error_code taken;
-            Files().Move(sEnvFolder + name, target + '\\' + name, taken);
-            bar.Tell(taken ? name + ": stays where it is, " + taken.message()
-                           : name + ": moved to " + UnusedFolder);
-        }
+    /// @return whether all went well.
+    bool End() {
+        if (isBegun)
+            WriteDown();
+        if (allWell)
+            MoveUnusedFiles();
+        else // what an environment still names may lie loose
+            bar.Tell("No file is moved, because something could not be read or written, or was passed over");
+        return allWell;
     }
-
-    bool AllWell() const { return allWell; }
 
 private:
+    /// Whether a setting can hold the environment's name; otherwise it goes on naming loose files.
+    bool CanBeNamed(const EnvironmentEntry& entry) {
+        const std::string& name = entry.Name.Native();
+        const bool canBe = ToUtf8(FromUtf8(name, SystemCodePage()), SystemCodePage()) == name &&
+                           entry.Name.Shown() == name && place.FolderOf(entry) != place.Unfinished;
+        allWell = allWell && canBe;
+        if (!canBe)
+            bar.Tell(entry.Name.Shown() + ": no setting can hold this name, it is passed over");
+        return canBe;
+    }
+
+    /// Brings the list on the disk up to date.
+    bool WriteDown() {
+        isBegun =
+            listed == unfinished || Succeeded(WriteList(place.Unfinished, unfinished), place.Unfinished);
+        if (isBegun)
+            listed = unfinished;
+        return isBegun;
+    }
+
     /// Copies the textures that `settings` names and makes it name the copies. @return whether all were
     /// written.
-    bool RelocateTextures(text& settings, const std::string& name) {
-        const text newFolder = EnvironmentsFolder + FromUtf8(name, SystemCodePage()) + '\\';
-        std::map<text, text> newPaths;
-        for (const text& path : ParseTexturePaths(settings)) {
-            const std::string shown = name + ": " + ToUtf8(path, SystemCodePage());
-            newPaths[path] = path;
-            if (MayLeaveFolder(path)) {
+    bool RelocateTextures(text& settings, const EnvironmentEntry& entry) {
+        const text newFolder = EnvironmentsFolder + FromUtf8(entry.Name.Native(), SystemCodePage()) + '\\';
+        Pieces newPaths;
+        for (const DocumentPath& path : ParseTexturePaths(settings)) {
+            const auto [known, isNew] = newPaths.try_emplace(path.Text(), path.Text());
+            if (!isNew)
+                continue;
+            const std::string shown =
+                OnOneLine(entry.Name.Native() + ": " + ToUtf8(path.Text(), SystemCodePage()));
+            if (!path.StaysBelow()) {
                 bar.Tell(shown + " leads out of the simulator's folder and is left alone");
                 continue;
             }
-            const bool isThere = FindIgnoringCase(path, newFolder, 0) != text::npos;
-            const text newPath = isThere ? path : ReplacedIgnoringCase(path, EnvironmentsFolder, newFolder);
-            if (!CopyTexture(ToUtf8(path, SystemCodePage()), ToUtf8(newPath, SystemCodePage()), name, shown))
+            const bool isThere = FindIgnoringCase(path.Text(), newFolder, 0) != text::npos;
+            if (!isThere)
+                known->second = ReplacedIgnoringCase(path.Text(), EnvironmentsFolder, newFolder);
+            if (!CopyTexture(path, DocumentPath(known->second), entry, newFolder, shown))
                 return false;
-            newPaths[path] = newPath;
         }
+        newPaths.erase(text());
         settings = ReplacedAtOnce(settings, newPaths);
         return true;
     }
 
-    bool CopyTexture(const std::string& from, const std::string& to, const std::string& name,
-                     const std::string& shown) {
+    bool CopyTexture(const DocumentPath& from, const DocumentPath& to, const EnvironmentEntry& entry,
+                     const text& newFolder, const std::string& shown) {
         FileBuffer texture;
-        if (!FileExists(sNLFolder + from)) {
+        const FilePath source = place.Names.Find(place.sNLFolder, from);
+        if (!place.Names.IsComplete())
+            return Succeeded(FileResult::Failure("its folder cannot be listed"), source);
+        const FileStatus status = Files().Status(source);
+        if (status.Error)
+            return Succeeded(FileResult::Failure("cannot be looked at: " + status.Error.message()), source);
+        if (status.What != FileStatus::Kind::File || status.Hidden) {
             bar.Tell(shown + " is missing");
             return true;
         }
-        const std::string target = sNLFolder + to;
-        if (!Succeeded(ReadFileBuffer(sNLFolder + from, texture), sNLFolder + from) ||
-            !Succeeded(BeginFolder(name), sEnvFolder + name))
+        const FilePath folder = place.FolderOf(entry);
+        if (!Succeeded(ReadFileBuffer(source, texture), source) || !Succeeded(CreateFolders(folder), folder))
             return false;
         if (from == to)
             return true;
-        if (!Succeeded(CreateFolders(FolderOf(target)), FolderOf(target)) ||
+        const FilePath target = PlaceFor(to, newFolder);
+        if (LeadsThroughLink(target, to.Names().size()))
+            return Succeeded(FileResult::Failure("leads through a link, nothing is written there"), target);
+        if (!Succeeded(CreateFolders(target.Folder()), target.Folder()) ||
             !Succeeded(WriteFileBuffer(target, texture), target))
             return false;
         bar.Tell(shown + " copied");
+        bar.RunPendingEvents();
         return true;
     }
 
-    /// Makes the environment's subfolder. It appears under its name with the mark of an unfinished one in it.
-    FileResult BeginFolder(const std::string& name) {
-        if (Exists(sEnvFolder + name))
-            return {};
-        const std::string staging = sEnvFolder + StagingFolder;
-        if (!IsBare(staging))
-            return FileResult::Failure("cannot be created while " + std::string(StagingFolder) +
-                                       " holds something");
-        if (FileResult made = CreateFolders(staging); !made)
-            return made;
-        if (FileResult marked = WriteFileBuffer(staging + UnfinishedMark, {}); !marked)
-            return marked;
-        std::error_code error;
-        Files().Move(staging, sEnvFolder + name, error);
-        return error ? FileResult::Failure("cannot be created: " + error.message()) : FileResult{};
+    /// @return the place for a copy. Below the environment's folder each name is made as it is written, so
+    /// that two that differ in case do not become one.
+    FilePath PlaceFor(const DocumentPath& copy, const text& newFolder) {
+        const std::size_t inside = FindIgnoringCase(copy.Text(), newFolder, 0) + newFolder.size();
+        const DocumentPath folder(copy.Text().substr(0, inside));
+        return DocumentPath(copy.Text().substr(inside)).In(place.Names.Find(place.sNLFolder, folder));
     }
 
-    /// Whether there is no such folder, or only what a run that was cut off has left in it: empty files.
-    static bool IsBare(const std::string& staging) {
-        std::error_code error;
-        const std::vector<std::string> names = Files().List(staging, error);
-        return !Exists(staging) || (!error && std::all_of(names.begin(), names.end(), [&](const auto& name) {
-            const FileStatus status = Files().Status(staging + '\\' + name);
-            return status.What == FileStatus::Kind::File && status.Length == 0;
-        }));
+    /// Whether one of the last `names` of a path is that of a link, or may be one. The folder of the
+    /// environments may be one.
+    bool LeadsThroughLink(FilePath path, std::size_t names) const {
+        for (; names > 0; --names, path = path.Folder())
+            if (const FileStatus status = Files().Status(path);
+                path != place.sEnvFolder && (status.IsLink || status.Error))
+                return true;
+        return false;
     }
 
-    void FinishFolder(const std::string& name) {
+    void MoveUnusedFiles() {
+        const FilePath target = place.Names.Find(place.sEnvFolder, FileName(UnusedFolder));
+        const FileStatus status = Files().Status(target);
+        if (status.IsLink || status.Error) {
+            Succeeded(FileResult::Failure(status.IsLink ? "is a link, no file is moved there"
+                                                        : "cannot be looked at: " + status.Error.message()),
+                      target);
+            return;
+        }
         std::error_code error;
-        const std::string mark = sEnvFolder + name + UnfinishedMark;
-        if (Exists(mark))
-            Files().Delete(mark, error);
-        if (error)
-            Succeeded(FileResult::Failure("cannot be deleted: " + error.message()), mark);
+        if (status.What == FileStatus::Kind::Missing)
+            Files().CreateFolder(target, error);
+        std::vector<LooseFile> files = FilesIn(place.sEnvFolder, error);
+        std::erase_if(files, [](const LooseFile& file) {
+            return HasExtension(file.Name.Native(), EnvironmentExtension);
+        });
+        // A file in the place of an environment's folder counts as that, so it goes last.
+        std::set<FilePath> folders;
+        for (const EnvironmentEntry& entry : List())
+            folders.insert(place.FolderOf(entry));
+        std::stable_partition(files.begin(), files.end(), [&](const LooseFile& file) {
+            return !folders.contains(place.Names.Find(place.sEnvFolder, file.Name));
+        });
+        for (const LooseFile& file : files) {
+            std::error_code taken;
+            std::string why = file.PassedOver();
+            if (why.empty()) {
+                Files().Move(place.sEnvFolder / file.Name, target / file.Name, taken);
+                why = taken ? taken.message() : "";
+            }
+            bar.Tell(file.Name.Shown() + (why.empty() ? std::string(": moved to ") + UnusedFolder
+                                                      : ": stays where it is, " + why));
+            bar.RunPendingEvents();
+        }
     }
 
-    bool Succeeded(const FileResult& result, const std::string& path) {
+    bool Succeeded(const FileResult& result, const FilePath& path) {
         if (!result) {
             allWell = false;
-            bar.Tell(path + ": " + result.Reason);
+            bar.Tell(path.Shown() + ": " + result.Reason);
         }
         return result.Done;
     }
 
-    std::string sNLFolder;
-    std::string sEnvFolder;
+    Installation place;
+    EnvironmentScan scan;
     OrganizerProgress& bar;
-    bool allWell = true;
+    bool allWell;
+    /// The files of the environments that are still to be organized, and those that the list on the disk has.
+    std::set<FileName> unfinished, listed;
+    /// The list has all that are worked on.
+    bool isBegun = false;
 };
 
 } // namespace
 
-EnvironmentScan ScanEnvironments(const std::string& sNoLimitsPath) {
-    const std::string sEnvFolder = SimulatorFolder(sNoLimitsPath) + EnvironmentsFolder;
-    EnvironmentScan scan;
-    std::error_code error;
-    const std::vector<std::string> files = NormalFilesIn(sEnvFolder, error);
-    scan.Complete = !error || !Exists(sEnvFolder);
-    for (const std::string& file : files) {
-        if (!HasExtension(file, EnvironmentExtension))
-            continue;
-        const std::string name = WithoutEvery(file, EnvironmentExtension);
-        scan.EnvironmentList.push_back({sEnvFolder + file, name, IsOrganized(sEnvFolder, name)});
-        scan.Unorganized += scan.EnvironmentList.back().Organized ? 0 : 1;
-    }
-    return scan;
+EnvironmentScan ScanEnvironments(const FilePath& sNoLimitsPath) {
+    Installation place(sNoLimitsPath);
+    return Scan(place);
 }
 
-bool OrganizeEnvironments(const std::string& sNoLimitsPath, OrganizerProgress& pbProgress) {
-    static bool isRunning = false; // the window lets events through between two environments
+bool OrganizeEnvironments(const FilePath& sNoLimitsPath, OrganizerProgress& pbProgress) {
+    static bool isRunning = false; // the window lets events through in the middle of a run
     if (isRunning)
         return true;
     struct Running {
@@ -255,26 +417,20 @@ bool OrganizeEnvironments(const std::string& sNoLimitsPath, OrganizerProgress& p
     } const running;
     pbProgress.Clear();
     Run run(sNoLimitsPath, pbProgress);
-    const EnvironmentScan scan = ScanEnvironments(sNoLimitsPath);
-    const std::size_t count = scan.EnvironmentList.size();
+    run.Begin();
+    const std::size_t count = run.List().size();
     for (std::size_t i = 0; i < count; ++i) {
-        if (!scan.EnvironmentList[i].Organized)
-            run.Organize(scan.EnvironmentList[i]);
+        run.Organize(run.List()[i]);
         pbProgress.ShowShare(static_cast<int>(i * 100 / count));
         pbProgress.RunPendingEvents();
     }
-    // What an environment still names may lie loose where something could not be read or written.
-    const bool allWell = scan.Complete && run.AllWell();
-    if (allWell)
-        run.MoveUnusedFiles();
-    else
-        pbProgress.Tell("No file is moved, because something could not be read or written");
+    const bool allWell = run.End();
     pbProgress.ShowDone();
     return allWell;
 }
 
-std::vector<text> ParseTexturePaths(const text& sText) {
-    std::vector<text> paths;
+std::vector<DocumentPath> ParseTexturePaths(const text& sText) {
+    std::vector<DocumentPath> paths;
     const text lower = LowerCase(sText, SystemCodePage());
     for (std::size_t key = 0; (key = lower.find(TextureKey, key)) != text::npos;) {
         const std::size_t start = key + std::string_view(TextureKey).size() + 1;
@@ -286,7 +442,7 @@ std::vector<text> ParseTexturePaths(const text& sText) {
             std::erase(path, '=');
             path.erase(0, std::min(path.find_first_not_of(' '), path.size()));
             path.erase(path.find_last_not_of(' ') + 1);
-            paths.push_back(path);
+            paths.emplace_back(path);
         }
         key = end;
     }

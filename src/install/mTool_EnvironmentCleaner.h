@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/Types.h"
+#include "platform/NameLookup.h"
 
 #include <cstdint>
 #include <string>
@@ -10,11 +11,12 @@ namespace railwright {
 
 /// One environment file of the simulator.
 struct EnvironmentEntry {
-    /// Path of the .env file.
-    std::string FilePath;
+    /// The .env file.
+    railwright::FilePath FilePath;
     /// The file's name without any ".env".
-    std::string Name;
-    /// There is a subfolder, or anything else, of its name, or it has no texture.
+    FileName Name;
+    /// There is a subfolder, or anything else, of its name, or it has no texture; and no run was cut off
+    /// from organizing it.
     bool Organized = false;
 };
 
@@ -24,7 +26,12 @@ struct EnvironmentScan {
     std::vector<EnvironmentEntry> EnvironmentList;
     /// How many of them are not organized.
     std::int32_t Unorganized = 0;
-    /// The folder could be read, or there is none.
+    /// What is there and is passed over, and why: one line of UTF-8 for each.
+    std::vector<std::string> PassedOver;
+    /// All that is there could be looked at. Otherwise an environment may have been missed that shares its
+    /// folder with another.
+    bool Known = true;
+    /// It could, and nothing that was passed over is an environment.
     bool Complete = true;
 };
 
@@ -45,19 +52,20 @@ public:
 };
 
 /// Looks at the environment files below the simulator's folder and changes nothing.
-/// @param sNoLimitsPath the simulator's folder, UTF-8 in Windows form.
-EnvironmentScan ScanEnvironments(const std::string& sNoLimitsPath);
+/// @param sNoLimitsPath the simulator's folder.
+EnvironmentScan ScanEnvironments(const FilePath& sNoLimitsPath);
 
 /// Tidies the environments below the simulator's folder: each gets a subfolder with copies of its textures
 /// and its .env file is made to name these, and what then lies loose and is no .env file is moved to
-/// "__Unused Files__". A run that is cut off at any moment can be run again. A call in the middle of a run
-/// does nothing.
-/// @return whether all went well; where something could not be read or written, loose files stay where they
-/// are, because an environment may still name them.
-bool OrganizeEnvironments(const std::string& sNoLimitsPath, OrganizerProgress& pbProgress);
+/// "__Unused Files__". A run that is cut off at any moment can be run again, and comes to the same end.
+/// Nothing is written, moved or deleted through a link below the folder of the environments, and no link is
+/// moved. A call in the middle of a run does nothing.
+/// @return whether all went well; where something could not be read or written, or an environment was passed
+/// over, loose files stay where they are, because an environment may still name them.
+bool OrganizeEnvironments(const FilePath& sNoLimitsPath, OrganizerProgress& pbProgress);
 
 /// @return the values of all texture settings in the text of an .env file, in its order. A last one without a
 /// CR LF behind it does not count.
-std::vector<text> ParseTexturePaths(const text& sText);
+std::vector<DocumentPath> ParseTexturePaths(const text& sText);
 
 } // namespace railwright

@@ -13,9 +13,9 @@ using FileBuffer = std::vector<std::uint8_t>;
 
 /// Reads a whole file.
 /// @return why not, if no file is named, it does not exist or cannot be read; `buffer` is then empty.
-FileResult ReadFileBuffer(const std::string& sFile, FileBuffer& buffer);
+FileResult ReadFileBuffer(const FilePath& sFile, FileBuffer& buffer);
 
 /// Writes a whole file in place of what stood under the name. On failure the old file is as it was.
-FileResult WriteFileBuffer(const std::string& sFile, const FileBuffer& buffer);
+FileResult WriteFileBuffer(const FilePath& sFile, const FileBuffer& buffer);
 
 } // namespace railwright

@@ -5,9 +5,9 @@
 
 namespace railwright {
 
-/// @return the arguments behind the program's name, as UTF-8, and readies standard output for UTF-8 text with
-/// LF line ends. An argument with "*" or "?" stands for the files it fits, where the user's shell leaves that
-/// to the program. `count` and `arguments` are those of main.
+/// @return the arguments behind the program's name, as UTF-8, and readies standard output and standard error
+/// for UTF-8 text with LF line ends. An argument with "*" or "?" stands for the files it fits, where the
+/// user's shell leaves that to the program. `count` and `arguments` are those of main.
 std::vector<std::string> StartCommandLine(int count, char** arguments);
 
 /// @return all that stands behind the program's name as one UTF-8 text: on Windows just as it was given,

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/FilePath.h"
+
 #include <cstdint>
 #include <string>
 
@@ -22,8 +24,8 @@ MessageAnswer ShowMessageBox(WindowHandle owner, const std::string& text, const 
 /// Shows a web page in the user's browser. A failure goes without a word.
 void OpenWebPage(WindowHandle owner, const std::string& address);
 
-/// @return the folder of the running program, in Windows form.
-std::string ProgramFolder();
+/// @return the folder of the running program.
+FilePath ProgramFolder();
 
 /// While it lives, the pointer tells the user to wait.
 class WaitPointer {

@@ -1,6 +1,5 @@
 #include "platform/FileDialogs.h"
 
-#include "base/FileName.h"
 #include "platform/FilePicker.h"
 
 #include <algorithm>
@@ -45,16 +44,16 @@ std::int32_t Run(OpenFileName& record, FilePurpose purpose) {
     question.Purpose = purpose;
     question.Filters = FiltersOf(record.lpstrFilter);
     question.FilterIndex = record.nFilterIndex;
-    question.Path = UpToNul(record.lpstrFile);
-    question.Folder = record.lpstrInitialDir;
+    question.Path = FilePath::FromUser(UpToNul(record.lpstrFile));
+    question.Folder = FilePath::FromUser(record.lpstrInitialDir);
     question.Title = record.lpstrTitle;
     question.Flags = record.Flags;
     question.DefaultExtension = record.lpstrDefExt;
 
     while (const std::optional<PickedFile> picked = PickFile(question)) {
         OpenFileName answer = record;
-        if (Fill(answer.lpstrFile, picked->Path, record.nMaxFile) &&
-            Fill(answer.lpstrFileTitle, BaseName(picked->Path), record.nMaxFileTitle)) {
+        if (Fill(answer.lpstrFile, picked->Path.Native(), record.nMaxFile) &&
+            Fill(answer.lpstrFileTitle, picked->Path.Name().Native(), record.nMaxFileTitle)) {
             answer.nFilterIndex = picked->FilterIndex;
             record = answer;
             return 1;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/FilePath.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -12,17 +14,23 @@ namespace railwright {
 
 /// What stands under a name on the disk.
 struct FileStatus {
-    enum class Kind { Missing, File, Folder, Other };
+    /// Other is a device, a pipe or the like. Unknown is what the system cannot tell.
+    enum class Kind { Missing, File, Folder, Other, Unknown };
     Kind What = Kind::Missing;
-    /// Kept out of the user's sight: the hidden or system attribute, or a name that begins with a dot.
+    /// Kept out of the user's sight: by the hidden or system attribute, or by its name.
     bool Hidden = false;
     /// The user may change its content.
     bool Writable = false;
     /// Bytes; 0 for anything that is not a file.
     std::int64_t Length = 0;
+    /// Why it is Unknown.
+    std::error_code Error = {};
+    /// The name is that of a link to another place. All else here is told of that place where the surrounding
+    /// follows it; one that leads nowhere is Missing.
+    bool IsLink = false;
 };
 
-/// A file that is open. It is closed when it goes, without a word on failure; who writes calls Close.
+/// A file that is open. It is closed when it goes; what could fail then, Flush has told.
 class OpenFile {
 public:
     virtual ~OpenFile() = default;
@@ -34,40 +42,57 @@ public:
     virtual void CutOff(std::error_code& error) = 0;
     /// Waits until what was written is on the disk itself.
     virtual void Flush(std::error_code& error) = 0;
-    virtual void Close(std::error_code& error) = 0;
+    /// Goes back to the first byte.
+    virtual void Rewind(std::error_code& error) = 0;
+    /// @return bytes.
+    virtual std::int64_t Length(std::error_code& error) = 0;
+};
+
+/// A new file on its way to its name. Until it has one it is out of the user's sight, without any name where
+/// the system can do so, and it is gone when this goes.
+class NewFile {
+public:
+    virtual ~NewFile() = default;
+    virtual OpenFile& Content() = 0;
+    /// Takes its name in one step, and the place of a file that stands there.
+    virtual void TakePlace(std::error_code& error) = 0;
+    /// Takes another name instead, and fails if that is taken.
+    virtual void KeepAs(const FilePath& path, std::error_code& error) = 0;
 };
 
 /// The single calls by which the program reads or changes the disk, one implementation for each surrounding.
-/// Paths are UTF-8 in Windows form. A call that fails sets `error` and changes nothing.
+/// A name is taken just as it is written. A call that fails sets `error` and changes nothing.
 class FileOperations {
 public:
     virtual ~FileOperations() = default;
 
-    virtual FileStatus Status(const std::string& path) = 0;
-    /// Like Status, but never speaks of a file whose name differs in the case of its letters.
-    virtual FileStatus ExactStatus(const std::string& path) = 0;
+    virtual FileStatus Status(const FilePath& path) = 0;
     /// @return the file's own name behind any symbolic links, also where the last link leads to nothing yet.
-    virtual std::string BehindLinks(const std::string& path) = 0;
-    virtual std::unique_ptr<OpenFile> OpenToRead(const std::string& path, std::error_code& error) = 0;
-    /// Makes a new file and fails if the name is taken. With `like` not empty the new file takes over the
-    /// permissions of that one.
-    virtual std::unique_ptr<OpenFile> OpenNew(const std::string& path, const std::string& like,
-                                              std::error_code& error) = 0;
-    /// Opens an existing file to be written from its first byte on, keeping its content until then.
-    virtual std::unique_ptr<OpenFile> OpenToOverwrite(const std::string& path, std::error_code& error) = 0;
-    /// Renames `from` to `to`, taking the place of a file that stands there, in one step.
-    virtual void Replace(const std::string& from, const std::string& to, std::error_code& error) = 0;
+    virtual FilePath BehindLinks(const FilePath& path, std::error_code& error) = 0;
+    virtual std::unique_ptr<OpenFile> OpenToRead(const FilePath& path, std::error_code& error) = 0;
+    /// Makes a file that is to take the name `path`.
+    /// @param replaces a file that stands there: the new one takes over its owner, rights and attributes.
+    /// Where that is not permitted it fails, and nobody may do with the new file what he may not do with the
+    /// old one.
+    virtual std::unique_ptr<NewFile> OpenNew(const FilePath& path, bool replaces, std::error_code& error) = 0;
+    /// Makes a file of that name for the user's eyes alone, and fails if the name is taken.
+    virtual std::unique_ptr<OpenFile> OpenCopy(const FilePath& path, std::error_code& error) = 0;
+    /// Opens an existing file to be read and written from its first byte on. As long as it is open, no other
+    /// process gets it in this way: that one waits a while, and fails with resource_unavailable_try_again.
+    virtual std::unique_ptr<OpenFile> OpenToOverwrite(const FilePath& path, std::error_code& error) = 0;
     /// Renames a file or folder and fails if the new name is taken.
-    virtual void Move(const std::string& from, const std::string& to, std::error_code& error) = 0;
-    virtual void Delete(const std::string& path, std::error_code& error) = 0;
+    virtual void Move(const FilePath& from, const FilePath& to, std::error_code& error) = 0;
+    virtual void Delete(const FilePath& path, std::error_code& error) = 0;
     /// Makes one folder, whose parent exists.
-    virtual void CreateFolder(const std::string& path, std::error_code& error) = 0;
+    virtual void CreateFolder(const FilePath& path, std::error_code& error) = 0;
     /// @return the names of all that lies in a folder, in an order that stays the same.
-    virtual std::vector<std::string> List(const std::string& folder, std::error_code& error) = 0;
+    virtual std::vector<FileName> List(const FilePath& folder, std::error_code& error) = 0;
     /// Waits until the names in a folder are on the disk itself, where the surrounding can do so.
-    virtual void FlushFolder(const std::string& folder) = 0;
-    /// @return a name for a temporary file beside `path` that no other process uses.
-    virtual std::string TemporaryNameBeside(const std::string& path) = 0;
+    virtual void FlushFolder(const FilePath& folder) = 0;
+    /// Deletes what processes that ended in the middle of a save have left in a folder, and nothing else.
+    virtual void DeleteLeftovers(const FilePath& folder) = 0;
+    /// @return the folders for temporary files, the best one first.
+    virtual std::vector<FilePath> TemporaryFolders() = 0;
 };
 
 /// The operations in force: the system's own, or those that a test has put in their place.

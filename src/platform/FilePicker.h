@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Desktop.h"
+#include "platform/FilePath.h"
 
 #include <cstdint>
 #include <optional>
@@ -26,9 +27,9 @@ struct FileQuestion {
     /// The filter to begin with, from 1.
     std::int32_t FilterIndex = 0;
     /// The name in the field. Its folder, if it has one, is where the dialog begins.
-    std::string Path;
+    FilePath Path;
     /// Where the dialog begins otherwise; empty leaves it to the dialog.
-    std::string Folder;
+    FilePath Folder;
     std::string Title;
     /// OFN_ flags.
     std::int32_t Flags = 0;
@@ -37,12 +38,12 @@ struct FileQuestion {
 };
 
 struct PickedFile {
-    std::string Path;
+    FilePath Path;
     /// The filter in use, from 1.
     std::int32_t FilterIndex = 0;
 };
 
-/// Lets the user pick one file, modally. All paths are UTF-8 in Windows form, of any length.
+/// Lets the user pick one file, modally. Paths may have any length.
 /// @return nothing on Cancel.
 std::optional<PickedFile> PickFile(const FileQuestion& question);
 

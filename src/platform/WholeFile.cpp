@@ -1,8 +1,7 @@
 #include "platform/WholeFile.h"
 
-#include "base/FileName.h"
 #include "platform/FileOperations.h"
-#include "platform/Paths.h"
+#include "platform/InPlace.h"
 
 #include <cstddef>
 #include <limits>
@@ -20,78 +19,74 @@ FileResult Failed(const char* what, const std::error_code& error, std::int64_t b
     return FileResult::Failure(std::string(what) + ": " + error.message(), byte);
 }
 
-/// Brings the content into an open file and closes it; the first failure is kept.
-std::error_code Fill(OpenFile& file, const FileContent& content) {
-    std::error_code error;
-    content(file, error);
-    if (!error)
-        file.CutOff(error);
-    if (!error)
-        file.Flush(error);
-    std::error_code closing;
-    file.Close(closing);
-    return error ? error : closing;
-}
-
-FileContent ContentOf(std::span<const std::uint8_t> bytes) {
-    return [bytes](OpenFile& file, std::error_code& error) { WriteAll(file, bytes, error); };
-}
-
-/// Overwrites an existing file where its folder takes no new one. If that fails, the old content is put back.
-FileResult OverwriteInPlace(const std::string& path, const FileContent& content) {
-    std::vector<std::uint8_t> old;
-    if (FileResult read = ReadWholeFile(path, old); !read)
-        return read;
-    std::error_code error;
-    auto file = Files().OpenToOverwrite(path, error);
-    if (!file)
-        return Failed("cannot be written", error);
-    error = Fill(*file, content);
-    if (!error)
-        return {};
-    std::error_code restoring;
-    if (auto again = Files().OpenToOverwrite(path, restoring); again)
-        restoring = Fill(*again, ContentOf(old));
-    return Failed(
-        restoring ? "cannot be written, and its old content cannot be put back" : "cannot be written", error);
-}
-
-/// Writes to what is neither file nor folder, a device for example: there is nothing that could be lost.
-FileResult WriteToDevice(const std::string& path, const FileContent& content) {
-    std::error_code error;
-    const auto device = Files().OpenToOverwrite(path, error);
-    if (device) {
-        content(*device, error);
-        std::error_code closing;
-        device->Close(closing);
-        error = error ? error : closing;
+/// What stands in the way of reading or replacing what has that status.
+FileResult RequireFile(const FileStatus& status) {
+    switch (status.What) {
+    case Kind::Folder:
+        return FileResult::Failure("is a folder");
+    case Kind::Other:
+        return FileResult::Failure("is a device or a pipe, not a file");
+    case Kind::Unknown:
+        return Failed("cannot be looked at", status.Error);
+    case Kind::Missing:
+        return FileResult::Failure("no such file");
+    case Kind::File:
+        break;
     }
-    return error ? Failed("cannot be written", error) : FileResult{};
+    return {};
+}
+
+/// After an exchange in whose middle the old file has gone: keeps the new one, which is all there is.
+FileResult Keep(NewFile& file, const FilePath& target, FileResult failed) {
+    std::error_code error;
+    FilePath kept;
+    int number = 0;
+    do {
+        error.clear();
+        kept = target.Folder() / FileName("kept-" + std::to_string(++number) + '-' + target.Name().Native());
+        file.KeepAs(kept, error);
+    } while (error == std::errc::file_exists);
+    failed.Reason += ", and the file of that name is gone";
+    if (!error) {
+        failed.KeptIn = kept;
+        failed.Reason += "; what was to be in it is in " + kept.Shown();
+    }
+    return failed;
 }
 
 } // namespace
 
-bool FileExists(const std::string& path) {
+bool FileExists(const FilePath& path) {
     const FileStatus status = Files().Status(path);
     return status.What == Kind::File && !status.Hidden;
 }
 
-std::int64_t FileLength(const std::string& path) {
+FileResult FindFile(const FilePath& path) {
+    FileStatus status = Files().Status(path);
+    if (status.Hidden && status.What == Kind::File)
+        status.What = Kind::Missing;
+    return RequireFile(status);
+}
+
+std::int64_t FileLength(const FilePath& path) {
     return Files().Status(path).Length;
 }
 
-FileResult OpenWholeFile(const std::string& path, FileToRead& opened) {
+FileResult OpenWholeFile(const FilePath& path, FileToRead& opened) {
+    if (FileResult found = RequireFile(Files().Status(path)); !found)
+        return found;
     std::error_code error;
     opened.File = Files().OpenToRead(path, error);
-    if (!opened.File)
+    if (opened.File)
+        opened.Length = opened.File->Length(error);
+    if (error)
         return Failed("cannot be opened", error);
-    opened.Length = FileLength(path);
     if (opened.Length > LongestFile)
         return FileResult::Failure("is too long, 2 GiB and more cannot be read");
     return {};
 }
 
-FileResult ReadWholeFile(const std::string& path, std::vector<std::uint8_t>& bytes) {
+FileResult ReadWholeFile(const FilePath& path, std::vector<std::uint8_t>& bytes) {
     bytes.clear();
     FileToRead opened;
     if (FileResult result = OpenWholeFile(path, opened); !result)
@@ -126,61 +121,63 @@ void WriteAll(OpenFile& file, std::span<const std::uint8_t> bytes, std::error_co
     }
 }
 
-FileResult WriteWholeFile(const std::string& path, std::span<const std::uint8_t> bytes) {
-    return WriteWholeFile(path, ContentOf(bytes));
+void Fill(OpenFile& file, const FileContent& content, std::error_code& error) {
+    content(file, error);
+    if (!error)
+        file.CutOff(error);
+    if (!error)
+        file.Flush(error);
 }
 
-FileResult WriteWholeFile(const std::string& path, const FileContent& content) {
+FileResult WriteWholeFile(const FilePath& path, std::span<const std::uint8_t> bytes) {
+    return WriteWholeFile(path,
+                          [bytes](OpenFile& file, std::error_code& error) { WriteAll(file, bytes, error); });
+}
+
+FileResult WriteWholeFile(const FilePath& path, const FileContent& content) {
+    if (!path.NamesFile())
+        return FileResult::Failure("names no file");
     FileOperations& files = Files();
-    const std::string target = files.BehindLinks(path);
-    const FileStatus old = files.ExactStatus(target);
-    if (old.What == Kind::Folder)
-        return FileResult::Failure("is a folder");
-    if (old.What == Kind::Other)
-        return WriteToDevice(target, content);
-    const bool exists = old.What == Kind::File;
+    const FileStatus old = files.Status(path);
+    const bool exists = old.What != Kind::Missing;
+    if (FileResult found = RequireFile(old); exists && !found)
+        return found;
     if (exists && !old.Writable)
         return FileResult::Failure("is write-protected");
-
     std::error_code error;
-    const std::string temporary = files.TemporaryNameBeside(target);
-    const auto file = files.OpenNew(temporary, exists ? target : "", error);
-    if (!file) {
-        const bool folderIsClosed = error == std::errc::permission_denied ||
-                                    error == std::errc::operation_not_permitted ||
-                                    error == std::errc::read_only_file_system;
-        if (exists && folderIsClosed)
-            return OverwriteInPlace(target, content);
+    const FilePath target = files.BehindLinks(path, error);
+    if (error)
         return Failed("cannot be written", error);
+
+    const auto file = files.OpenNew(target, exists, error);
+    if (!file) {
+        const bool notPermitted = error == std::errc::permission_denied ||
+                                  error == std::errc::operation_not_permitted ||
+                                  error == std::errc::read_only_file_system;
+        return exists && notPermitted ? OverwriteInPlace(target, content)
+                                      : Failed("cannot be written", error);
     }
-    error = Fill(*file, content);
+    Fill(file->Content(), content, error);
     const bool whole = !error;
     if (whole)
-        files.Replace(temporary, target, error);
+        file->TakePlace(error);
     if (!error) {
-        files.FlushFolder(FolderOf(target));
+        files.FlushFolder(target.Folder());
+        files.DeleteLeftovers(target.Folder());
         return {};
     }
     FileResult failed = Failed("cannot be written", error);
-    if (whole && exists && files.ExactStatus(target).What == Kind::Missing) {
-        // The old file has gone in the middle of the exchange: this is all there is.
-        failed.KeptIn = PathForOutside(temporary);
-        failed.Reason += ", and the file of that name is gone; what was to be in it is in " + failed.KeptIn;
-        return failed;
-    }
-    std::error_code ignored;
-    files.Delete(temporary, ignored);
-    return failed;
+    const bool isLost = whole && exists && files.Status(target).What == Kind::Missing;
+    return isLost ? Keep(*file, target, std::move(failed)) : failed;
 }
 
-FileResult CreateFolders(const std::string& path) {
-    const std::string folder = path.ends_with('\\') ? path.substr(0, path.size() - 1) : path;
-    if (folder.empty() || Files().Status(folder).What == Kind::Folder)
+FileResult CreateFolders(const FilePath& path) {
+    if (path.IsEmpty() || Files().Status(path).What == Kind::Folder)
         return {};
-    if (FileResult above = CreateFolders(FolderOf(folder)); !above)
+    if (FileResult above = CreateFolders(path.Folder()); !above)
         return above;
     std::error_code error;
-    Files().CreateFolder(folder, error);
+    Files().CreateFolder(path, error);
     return error ? Failed("cannot be created", error) : FileResult{};
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/FilePath.h"
+
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -19,9 +21,10 @@ struct FileResult {
     std::string Reason;
     /// The byte of the file that the reason speaks of, counted from 0.
     std::int64_t Byte = 0;
-    /// After a save that has lost the old file as well: the file that holds the new content, as the user
-    /// knows it.
-    std::string KeptIn = {};
+    /// After a save that has lost the old file as well: the file that holds the new content, and the one that
+    /// holds the old.
+    FilePath KeptIn = {};
+    FilePath OldKeptIn = {};
 
     explicit operator bool() const { return Done; }
     static FileResult Failure(std::string reason, std::int64_t byte = 0) {
@@ -30,10 +33,14 @@ struct FileResult {
 };
 
 /// @return whether a file of that name exists; folders, hidden files and system files count as absent.
-bool FileExists(const std::string& path);
+bool FileExists(const FilePath& path);
+
+/// @return whether there is a file of that name to be read, or what stands in the way. A file that the user
+/// does not see counts as missing.
+FileResult FindFile(const FilePath& path);
 
 /// @return the file's length in bytes, 0 if there is no such file.
-std::int64_t FileLength(const std::string& path);
+std::int64_t FileLength(const FilePath& path);
 
 /// A file that is read from its first byte on.
 struct FileToRead {
@@ -43,10 +50,10 @@ struct FileToRead {
 };
 
 /// Opens a file to be read. One of 2 GiB or more is refused.
-FileResult OpenWholeFile(const std::string& path, FileToRead& opened);
+FileResult OpenWholeFile(const FilePath& path, FileToRead& opened);
 
 /// Reads a whole file. One of 2 GiB or more is refused. On failure `bytes` is empty.
-FileResult ReadWholeFile(const std::string& path, std::vector<std::uint8_t>& bytes);
+FileResult ReadWholeFile(const FilePath& path, std::vector<std::uint8_t>& bytes);
 
 /// Writes all bytes to a file, however many a single call takes.
 void WriteAll(OpenFile& file, std::span<const std::uint8_t> bytes, std::error_code& error);
@@ -55,15 +62,19 @@ void WriteAll(OpenFile& file, std::span<const std::uint8_t> bytes, std::error_co
 /// first failure in `error`.
 using FileContent = std::function<void(OpenFile& file, std::error_code& error)>;
 
+/// Brings the content into a file, from the place on that it stands at, and to the disk.
+void Fill(OpenFile& file, const FileContent& content, std::error_code& error);
+
 /// Writes a whole file. At every moment either the old file or the new one stands whole under the name: the
-/// bytes go to a temporary file in the same folder, to the disk, and then under the name. A symbolic link is
-/// followed, the permissions of the old file are kept. Only where the folder takes no new file is the old one
-/// overwritten in place. On failure the old file is as it was and no temporary file stays; only if a file
-/// system loses the old file in the middle of the exchange, the temporary one stays and KeptIn names it.
-FileResult WriteWholeFile(const std::string& path, const FileContent& content);
-FileResult WriteWholeFile(const std::string& path, std::span<const std::uint8_t> bytes);
+/// bytes go to a new file in the same folder, to the disk, and then under the name. A symbolic link is
+/// followed; the owner, the rights and the attributes of the old file are kept. Only where the folder takes
+/// no new file, or a new one could not have the rights of the old, that one is overwritten in place. On
+/// failure the old file is as it was and no temporary file stays. Only if a file system loses the old file
+/// all the same, KeptIn or OldKeptIn names what there is of it.
+FileResult WriteWholeFile(const FilePath& path, const FileContent& content);
+FileResult WriteWholeFile(const FilePath& path, std::span<const std::uint8_t> bytes);
 
 /// Makes a folder and those above it that are missing.
-FileResult CreateFolders(const std::string& path);
+FileResult CreateFolders(const FilePath& path);
 
 } // namespace railwright

@@ -1,11 +1,25 @@
 #include "shell/ControlStyle.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include <QPainter>
 #include <QStyleOption>
 
 namespace railwright {
+namespace {
+
+/// Moves the letters closer by as little as the text needs for that many pixels.
+void MoveCloser(QPainter& painter, const QString& text, double excess) {
+    const double most = painter.fontInfo().pixelSize() / 12.0; // any more, and letters would touch
+    const double steps = 64;                                   // of the toolkit, in a pixel
+    const double needed = std::ceil(excess / static_cast<double>(text.size()) * steps) / steps;
+    QFont font = painter.font();
+    font.setLetterSpacing(QFont::AbsoluteSpacing, -std::min(needed, most));
+    painter.setFont(font);
+}
+
+} // namespace
 
 int ControlStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
     constexpr int lineHeight = 13;
@@ -62,6 +76,17 @@ void ControlStyle::drawComplexControl(ComplexControl control, const QStyleOption
     painter->restore();
     drawItemText(painter, title, Qt::AlignLeft | Qt::TextHideMnemonic, group->palette,
                  (group->state & State_Enabled) != 0, group->text, QPalette::WindowText);
+}
+
+void ControlStyle::drawItemText(QPainter* painter, const QRect& place, int flags, const QPalette& palette,
+                                bool enabled, const QString& text, QPalette::ColorRole role) const {
+    const QFont font = painter->font();
+    constexpr double seen = 0.5;
+    const double excess = QFontMetricsF(font).size(flags, text).width() - place.width();
+    if (excess > seen && (flags & Qt::TextWordWrap) == 0)
+        MoveCloser(*painter, text, excess);
+    QProxyStyle::drawItemText(painter, place, flags, palette, enabled, text, role);
+    painter->setFont(font);
 }
 
 } // namespace railwright

@@ -5,7 +5,7 @@
 namespace railwright {
 
 /// The user's style, fitted to this window's text: marks of check boxes and options are as high as a line,
-/// and the title of a group stands in its frame.
+/// the title of a group stands in its frame, and a text that is a little too wide for its place moves closer.
 class ControlStyle final : public QProxyStyle {
 public:
     using QProxyStyle::QProxyStyle;
@@ -14,6 +14,8 @@ public:
                          const QWidget* widget) const override;
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
                             const QWidget* widget) const override;
+    void drawItemText(QPainter* painter, const QRect& place, int flags, const QPalette& palette, bool enabled,
+                      const QString& text, QPalette::ColorRole role) const override;
 };
 
 } // namespace railwright

@@ -165,9 +165,11 @@ void PictureButton::keyPressEvent(QKeyEvent* event) {
         QPushButton::keyPressEvent(event);
 }
 
-Picture::Picture(QWidget& container, const QString& name, const Place& place, QSize pictureSize)
+Picture::Picture(QWidget& container, const QString& name, const QString& purpose, const Place& place,
+                 QSize pictureSize)
     : QWidget(&container), size(pictureSize) {
     Placed(this, name, place);
+    setAccessibleName(purpose);
 }
 
 void Picture::Load(const QIcon& picture) {

@@ -96,8 +96,9 @@ protected:
 /// A picture in the middle of its place, as sharp as the screen can show it.
 class Picture final : public QWidget {
 public:
+    /// @param purpose what a screen reader calls it.
     /// @param size of the picture itself, in pixels.
-    Picture(QWidget& container, const QString& name, const Place& place, QSize size);
+    Picture(QWidget& container, const QString& name, const QString& purpose, const Place& place, QSize size);
 
     /// @param picture a null icon leaves the place empty.
     void Load(const QIcon& picture);

@@ -32,14 +32,9 @@ void Show() {
     frmMain::Instance().ShowTab(Tab);
 }
 
-template <const char* const& Page>
-void Visit() {
-    OpenWebPage(frmMain::Instance().Handle(), Page);
+void Visit(const char* page) {
+    OpenWebPage(frmMain::Instance().Handle(), page);
 }
-
-constexpr const char* TrackTools = "lblTrackTools";
-constexpr const char* ElementTools = "lblElementTools";
-constexpr const char* NoLimitsTools = "lblNolimitsTools";
 
 constexpr std::array Headings = {
     HeadingRow{"Label1", "Railwright", {60, 60, 1515, 195}},
@@ -49,21 +44,21 @@ constexpr std::array Headings = {
 };
 
 constexpr std::array Labels = {
-    ToolLabelRow{TrackTools, 0, "Overview", 600, 1335, 1},
-    ToolLabelRow{TrackTools, 1, "Remove Data", 840, 1335, 2},
-    ToolLabelRow{TrackTools, 2, "Move", 1080, 1335, 3},
-    ToolLabelRow{TrackTools, 3, "Scale", 1320, 1335, 4},
-    ToolLabelRow{TrackTools, 4, "Rotate", 1560, 1335, 5},
-    ToolLabelRow{TrackTools, 5, "Mirror", 1800, 1335, 6},
-    ToolLabelRow{TrackTools, 6, "Tunnel Test", 2040, 1335, 7},
-    ToolLabelRow{TrackTools, 7, "Shuttle Make", 2280, 1335, 8},
-    ToolLabelRow{TrackTools, 8, "Backwards Rebuild", 2520, 1455, 9},
-    ToolLabelRow{TrackTools, 9, "Node Smoother", 2760, 1455, 14},
-    ToolLabelRow{TrackTools, 10, "3DS Renamer", 3000, 1455, 15},
-    ToolLabelRow{ElementTools, 0, "Reverse", 3600, 1335, 10},
-    ToolLabelRow{ElementTools, 1, "Rotate", 3840, 1335, 11},
-    ToolLabelRow{NoLimitsTools, 0, "Env-Organizer", 4440, 1335, 12},
-    ToolLabelRow{NoLimitsTools, 1, "File Association", 4680, 1335, 13},
+    ToolLabelRow{ToolGroup::Track, 0, "Overview", 600, 1335, Tabs::Overview},
+    ToolLabelRow{ToolGroup::Track, 1, "Remove Data", 840, 1335, Tabs::RemoveData},
+    ToolLabelRow{ToolGroup::Track, 2, "Move", 1080, 1335, Tabs::Move},
+    ToolLabelRow{ToolGroup::Track, 3, "Scale", 1320, 1335, Tabs::Scale},
+    ToolLabelRow{ToolGroup::Track, 4, "Rotate", 1560, 1335, Tabs::Rotate},
+    ToolLabelRow{ToolGroup::Track, 5, "Mirror", 1800, 1335, Tabs::Mirror},
+    ToolLabelRow{ToolGroup::Track, 6, "Tunnel Test", 2040, 1335, Tabs::TunnelTest},
+    ToolLabelRow{ToolGroup::Track, 7, "Shuttle Make", 2280, 1335, Tabs::ShuttleMake},
+    ToolLabelRow{ToolGroup::Track, 8, "Backwards Rebuild", 2520, 1455, Tabs::BackwardsRebuild},
+    ToolLabelRow{ToolGroup::Track, 9, "Node Smoother", 2760, 1455, Tabs::NodeSmoother},
+    ToolLabelRow{ToolGroup::Track, 10, "3DS Renamer", 3000, 1455, Tabs::Renamer},
+    ToolLabelRow{ToolGroup::Element, 0, "Reverse", 3600, 1335, Tabs::ElementReverse},
+    ToolLabelRow{ToolGroup::Element, 1, "Rotate", 3840, 1335, Tabs::ElementRotate},
+    ToolLabelRow{ToolGroup::NoLimits, 0, "Env-Organizer", 4440, 1335, Tabs::EnvironmentOrganizer},
+    ToolLabelRow{ToolGroup::NoLimits, 1, "File Association", 4680, 1335, Tabs::FileAssociation},
 };
 
 constexpr std::array Menus = {
@@ -73,38 +68,46 @@ constexpr std::array Menus = {
     MenuRow{"mnuF1", Separator, "mnuF", nullptr},
     MenuRow{"mnuExit", QLatin1String("Exit"), "mnuF", frmMain::mnuExit_Click},
     MenuRow{"mnuT", QLatin1String("Track"), nullptr, nullptr},
-    MenuRow{"mnuTOverview", QLatin1String("Overview"), "mnuT", Show<1>},
-    MenuRow{"mnuTRemove", QLatin1String("Remove Data"), "mnuT", Show<2>},
-    MenuRow{"mnuTMove", QLatin1String("Move"), "mnuT", Show<3>},
-    MenuRow{"mnuTScale", QLatin1String("Scale"), "mnuT", Show<4>},
-    MenuRow{"mnuTRotate", QLatin1String("Rotate"), "mnuT", Show<5>},
-    MenuRow{"mnuTMirror", QLatin1String("Mirror"), "mnuT", Show<6>},
-    MenuRow{"mnuTTunnel", QLatin1String("Tunnel Test"), "mnuT", Show<7>},
-    MenuRow{"mnuTShuttle", QLatin1String("Shuttle Maker"), "mnuT", Show<8>},
-    MenuRow{"mnuTBackwards", QLatin1String("Backwards Rebuilder"), "mnuT", Show<9>},
-    MenuRow{"mnuTSmoother", QLatin1String("Node Smoother"), "mnuT", Show<14>},
-    MenuRow{"mnuT3dsRenamer", QLatin1String("3DS Renamer"), "mnuT", Show<15>},
+    MenuRow{"mnuTOverview", QLatin1String("Overview"), "mnuT", Show<Tabs::Overview>},
+    MenuRow{"mnuTRemove", QLatin1String("Remove Data"), "mnuT", Show<Tabs::RemoveData>},
+    MenuRow{"mnuTMove", QLatin1String("Move"), "mnuT", Show<Tabs::Move>},
+    MenuRow{"mnuTScale", QLatin1String("Scale"), "mnuT", Show<Tabs::Scale>},
+    MenuRow{"mnuTRotate", QLatin1String("Rotate"), "mnuT", Show<Tabs::Rotate>},
+    MenuRow{"mnuTMirror", QLatin1String("Mirror"), "mnuT", Show<Tabs::Mirror>},
+    MenuRow{"mnuTTunnel", QLatin1String("Tunnel Test"), "mnuT", Show<Tabs::TunnelTest>},
+    MenuRow{"mnuTShuttle", QLatin1String("Shuttle Maker"), "mnuT", Show<Tabs::ShuttleMake>},
+    MenuRow{"mnuTBackwards", QLatin1String("Backwards Rebuilder"), "mnuT", Show<Tabs::BackwardsRebuild>},
+    MenuRow{"mnuTSmoother", QLatin1String("Node Smoother"), "mnuT", Show<Tabs::NodeSmoother>},
+    MenuRow{"mnuT3dsRenamer", QLatin1String("3DS Renamer"), "mnuT", Show<Tabs::Renamer>},
     MenuRow{"mnuE", QLatin1String("Element"), nullptr, nullptr},
-    MenuRow{"mnuEReverse", QLatin1String("Reverse"), "mnuE", Show<10>},
-    MenuRow{"mnuERotate", QLatin1String("Rotate"), "mnuE", Show<11>},
+    MenuRow{"mnuEReverse", QLatin1String("Reverse"), "mnuE", Show<Tabs::ElementReverse>},
+    MenuRow{"mnuERotate", QLatin1String("Rotate"), "mnuE", Show<Tabs::ElementRotate>},
     MenuRow{"mnuNL", QLatin1String("NoLimits"), nullptr, nullptr},
-    MenuRow{"mnuNLEnvOrganizer", QLatin1String("Environment Organizer"), "mnuNL", Show<12>},
-    MenuRow{"mnuNLFileAssoc", QLatin1String("File Association"), "mnuNL", Show<13>},
+    MenuRow{"mnuNLEnvOrganizer", QLatin1String("Environment Organizer"), "mnuNL",
+            Show<Tabs::EnvironmentOrganizer>},
+    MenuRow{"mnuNLFileAssoc", QLatin1String("File Association"), "mnuNL", Show<Tabs::FileAssociation>},
     MenuRow{"mnuH", QLatin1String("Info"), nullptr, nullptr},
     MenuRow{"mnuHI", QLatin1String("Internet"), "mnuH", nullptr},
-    MenuRow{"mnuHINoLimits", QLatin1String("NoLimits Website"), "mnuHI", Visit<WebPages::NoLimits>},
+    MenuRow{"mnuHINoLimits", QLatin1String("NoLimits Website"), "mnuHI", [] { Visit(WebPages::NoLimits); }},
     MenuRow{"mnuHI1", Separator, "mnuHI", nullptr},
-    MenuRow{"mnuHIVesna", QLatin1String("Vesna's NoLimits Tools"), "mnuHI", Visit<WebPages::Vesna>},
+    MenuRow{"mnuHIVesna", QLatin1String("Vesna's NoLimits Tools"), "mnuHI", [] { Visit(WebPages::Vesna); }},
     MenuRow{"mnuHI2", Separator, "mnuHI", nullptr},
-    MenuRow{"mnuHIRidehaven", QLatin1String("Ridehaven"), "mnuHI", Visit<WebPages::Ridehaven>},
-    MenuRow{"mnuHISweetgrade", QLatin1String("Sweetgrade"), "mnuHI", Visit<WebPages::Sweetgrade>},
-    MenuRow{"mnuHILoopkammer", QLatin1String("Loopkammer (German)"), "mnuHI", Visit<WebPages::Loopkammer>},
-    MenuRow{"mnuHIBrisko", QLatin1String("Brisko's Texture Tutorials"), "mnuHI", Visit<WebPages::Brisko>},
+    MenuRow{"mnuHIRidehaven", QLatin1String("Ridehaven"), "mnuHI", [] { Visit(WebPages::Ridehaven); }},
+    MenuRow{"mnuHISweetgrade", QLatin1String("Sweetgrade"), "mnuHI", [] { Visit(WebPages::Sweetgrade); }},
+    MenuRow{"mnuHILoopkammer", QLatin1String("Loopkammer (German)"), "mnuHI",
+            [] { Visit(WebPages::Loopkammer); }},
+    MenuRow{"mnuHIBrisko", QLatin1String("Brisko's Texture Tutorials"), "mnuHI",
+            [] { Visit(WebPages::Brisko); }},
     MenuRow{"mnuH1", Separator, "mnuH", nullptr},
-    MenuRow{"mnuHAbout", QLatin1String("About..."), "mnuH", Show<0>},
+    MenuRow{"mnuHAbout", QLatin1String("About..."), "mnuH", Show<Tabs::About>},
 };
 
 } // namespace
+
+const char* ArrayOf(ToolGroup group) {
+    static constexpr std::array names = {"lblTrackTools", "lblElementTools", "lblNolimitsTools"};
+    return names[static_cast<std::size_t>(group)];
+}
 
 const std::span<const HeadingRow> HeadingRows = Headings;
 const std::span<const ToolLabelRow> ToolLabelRows = Labels;

@@ -31,10 +31,15 @@ struct HeadingRow {
 };
 extern const std::span<const HeadingRow> HeadingRows;
 
+/// The groups of the list of tools. Each is a control array and is enabled as a whole.
+enum class ToolGroup { Track, Element, NoLimits };
+/// @return the name of the group's control array.
+const char* ArrayOf(ToolGroup group);
+
 /// A label of the list of tools, which shows a panel.
 struct ToolLabelRow {
-    /// Control array and index.
-    const char* Array;
+    ToolGroup Group;
+    /// In the control array.
     int Index;
     const char* Caption;
     int Top;

@@ -1,7 +1,5 @@
 #include "shell/frmMain.h"
 
-#include "base/FileName.h"
-#include "platform/Paths.h"
 #include "shell/Controls.h"
 #include "shell/WindowTables.h"
 #include "shell/mMain.h"
@@ -81,6 +79,7 @@ frmMain& frmMain::Instance() {
 
 void frmMain::BuildTitleStrip(QWidget& window) {
     auto* const strip = Placed(new ucFrame(&window), "ucFrame2", TitleStrip);
+    strip->setAccessibleName("Document");
     auto* const open =
         new PictureButton(*strip, "imgToolBar(0)", "Open...", Artwork("open"), {60, 60, 240, 240});
     auto* const save =
@@ -93,12 +92,13 @@ void frmMain::BuildTitleStrip(QWidget& window) {
 
 void frmMain::BuildToolList(QWidget& window) {
     auto* const list = Placed(new ucFrame(&window), "ucFrame1", ToolList);
+    list->setAccessibleName("Tools");
     const QFont bold = ControlFont(8.25, true);
     for (const HeadingRow& row : HeadingRows)
         AddLabel(*list, row.Name, row.Caption, row.Where, bold);
     for (const ToolLabelRow& row : ToolLabelRows) {
-        auto* const label =
-            new LinkLabel(*list, Indexed(row.Array, row.Index), row.Caption, {180, row.Top, row.Width, 195});
+        auto* const label = new LinkLabel(*list, Indexed(ArrayOf(row.Group), row.Index), row.Caption,
+                                          {180, row.Top, row.Width, 195});
         connect(label, &QPushButton::clicked, this, [this, tab = row.Tab] { ShowTab(tab); });
         toolLabels.push_back(label);
     }
@@ -108,6 +108,7 @@ void frmMain::BuildToolList(QWidget& window) {
 void frmMain::BuildPanels(QWidget& window) {
     for (std::size_t tab = 0; tab < Tabs::Count; ++tab) {
         ucFTab[tab] = Placed(new ucFrame(&window), Indexed("ucFTab", static_cast<int>(tab)), PanelArea);
+        ucFTab[tab]->setAccessibleName(PanelRows[tab].Title);
         panels[tab] = PanelRows[tab].Make(*ucFTab[tab]);
     }
     for (std::size_t index = 0; index < pbView.size(); ++index) {
@@ -140,16 +141,14 @@ void frmMain::Form_Load(std::string commandLine) {
     ShowTab(Tabs::About);
     UpdateMenus();
     if (!LocateNoLimitsPath()) {
-        for (LinkLabel* const label : toolLabels)
-            if (label->objectName().startsWith("lblNolimitsTools"))
-                label->setEnabled(false);
+        EnableLabels(ToolGroup::NoLimits, false);
         for (const char* const name : {"mnuNLEnvOrganizer", "mnuNLFileAssoc"})
             menuBar()->findChild<QAction*>(name)->setEnabled(false);
     }
     if (commandLine.empty())
         return;
     std::erase(commandLine, '"');
-    OpenNoLimitsFile(PathFromOutside(commandLine));
+    OpenNoLimitsFile(FilePath::FromUser(commandLine));
 }
 
 void frmMain::ShowTab(std::int16_t iTab) {
@@ -174,25 +173,27 @@ void frmMain::UpdateMenus() {
     menuBar()->findChild<QMenu*>("mnuT")->setEnabled(isTrack);
     menuBar()->findChild<QMenu*>("mnuE")->setEnabled(isElement);
     menuBar()->findChild<QAction*>("mnuSaveAs")->setEnabled(isTrack || isElement);
-    for (LinkLabel* const label : toolLabels) {
-        if (label->objectName().startsWith("lblTrackTools"))
-            label->setEnabled(isTrack);
-        else if (label->objectName().startsWith("lblElementTools"))
-            label->setEnabled(isElement);
-    }
+    EnableLabels(ToolGroup::Track, isTrack);
+    EnableLabels(ToolGroup::Element, isElement);
+}
+
+void frmMain::EnableLabels(ToolGroup group, bool enabled) {
+    for (std::size_t i = 0; i < toolLabels.size(); ++i)
+        if (ToolLabelRows[i].Group == group)
+            toolLabels[i]->setEnabled(enabled);
 }
 
 void frmMain::HasChanged() {
     bDocumentChanged = true;
-    setWindowTitle(Literally("Railwright: " + BaseName(sDocumentFile) + "*"));
+    setWindowTitle(Literally("Railwright: " + sDocumentFile.Name().Shown() + "*"));
 }
 
 void frmMain::ShowFileName() {
-    setWindowTitle(Literally("Railwright: " + BaseName(sDocumentFile)));
+    setWindowTitle(Literally("Railwright: " + sDocumentFile.Name().Shown()));
 }
 
 void frmMain::mnuOpen_Click() {
-    OpenNoLimitsFile("");
+    OpenNoLimitsFile({});
 }
 
 void frmMain::mnuSaveAs_Click() {
@@ -228,7 +229,7 @@ void frmMain::dragEnterEvent(QDragEnterEvent* event) {
 
 void frmMain::dropEvent(QDropEvent* event) {
     event->acceptProposedAction();
-    dropped = PathFromOutside(DraggedFile(*event).toStdString());
+    dropped = FilePath::FromUser(DraggedFile(*event).toStdString());
     // The program that the file comes from waits until the drop is over.
     afterDrop.start();
 }

@@ -19,13 +19,25 @@ namespace railwright {
 
 class LinkLabel;
 class ucFrame;
+enum class ToolGroup;
 
-/// Numbers of panels that others than the window speak of.
+/// The numbers of the panels.
 namespace Tabs {
 inline constexpr std::int16_t About = 0;
 inline constexpr std::int16_t Overview = 1;
+inline constexpr std::int16_t RemoveData = 2;
+inline constexpr std::int16_t Move = 3;
+inline constexpr std::int16_t Scale = 4;
+inline constexpr std::int16_t Rotate = 5;
+inline constexpr std::int16_t Mirror = 6;
+inline constexpr std::int16_t TunnelTest = 7;
 inline constexpr std::int16_t ShuttleMake = 8;
+inline constexpr std::int16_t BackwardsRebuild = 9;
+inline constexpr std::int16_t ElementReverse = 10;
+inline constexpr std::int16_t ElementRotate = 11;
 inline constexpr std::int16_t EnvironmentOrganizer = 12;
+inline constexpr std::int16_t FileAssociation = 13;
+inline constexpr std::int16_t NodeSmoother = 14;
 inline constexpr std::int16_t Renamer = 15;
 inline constexpr std::size_t Count = 16;
 } // namespace Tabs
@@ -44,7 +56,7 @@ public:
     void Form_Load(std::string commandLine);
 
     /// Brings a panel to the front, with its title, its previews and the mark beside its label.
-    /// @param iTab 0 to 15.
+    /// @param iTab one of Tabs.
     void ShowTab(std::int16_t iTab);
     /// Enables menus and labels as iDocumentKind asks.
     void UpdateMenus();
@@ -78,14 +90,16 @@ private:
     void BuildToolList(QWidget& window);
     void BuildPanels(QWidget& window);
     void BuildMenu();
+    void EnableLabels(ToolGroup group, bool enabled);
 
     /// Asks about unsaved changes.
     /// @return whether the window may close.
     bool Form_Unload();
 
     /// A file that was dropped, and the moment at which it opens.
-    std::string dropped;
+    FilePath dropped;
     QTimer afterDrop;
+    /// As many as ToolLabelRows, in the same order.
     std::vector<LinkLabel*> toolLabels;
     QLabel* lblTitle = nullptr;
     QLabel* lblIndicator = nullptr;

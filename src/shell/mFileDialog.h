@@ -11,6 +11,7 @@ namespace railwright {
 inline constexpr std::size_t FileNameBuffer = 260;
 
 /// Lets the user choose a file to open.
+/// All names are as the user knows them.
 /// @param sFileName initial name, and on True the full path chosen; empty on False. A name that has no room
 /// in the buffer is not put into the dialog.
 /// @param sFileTitle the same for the name without its folder.

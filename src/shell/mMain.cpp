@@ -7,6 +7,7 @@
 #include "install/mWinRegistry.h"
 #include "platform/CodePage.h"
 #include "platform/Desktop.h"
+#include "platform/NameLookup.h"
 #include "platform/UserLocale.h"
 #include "platform/WholeFile.h"
 #include "shell/frmMain.h"
@@ -24,9 +25,9 @@
 
 namespace railwright {
 
-std::string sNoLimitsPath;
+FilePath sNoLimitsPath;
 std::int16_t iDocumentKind = DocumentKinds::None;
-std::string sDocumentFile;
+FilePath sDocumentFile;
 bool bDocumentChanged = false;
 
 namespace {
@@ -37,8 +38,8 @@ constexpr const char* SimulatorProgram = "NoLimitsSimulator.exe";
 struct DocumentFlow {
     std::int16_t Kind;
     std::string_view Extension;
-    FileResult (*Load)(const std::string&);
-    FileResult (*Save)(const std::string&);
+    FileResult (*Load)(const FilePath&);
+    FileResult (*Save)(const FilePath&);
     void (*Refresh)();
     const char* SaveTitle;
     const char* SaveFilter;
@@ -56,31 +57,25 @@ const std::array DocumentFlows = {
                  "Error Saving Element File!"},
 };
 
-const DocumentFlow* FlowOf(const std::string& file) {
+const DocumentFlow* FlowOf(const FilePath& file) {
     const auto found =
         std::find_if(DocumentFlows.begin(), DocumentFlows.end(),
-                     [&](const DocumentFlow& flow) { return HasExtension(file, flow.Extension); });
+                     [&](const DocumentFlow& flow) { return HasExtension(file.Native(), flow.Extension); });
     return found == DocumentFlows.end() ? nullptr : &*found;
-}
-
-std::string WithBackslash(std::string folder) {
-    if (!folder.ends_with('\\'))
-        folder += '\\';
-    return folder;
 }
 
 /// Asks for a file that exists.
 /// @return its path, empty on Cancel.
-std::string AskForFile(const std::string& title, std::string filter, const std::string& extension,
-                       const std::string& folder) {
+FilePath AskForFile(const std::string& title, std::string filter, const std::string& extension,
+                    const FilePath& folder) {
     std::string file;
     std::string fileTitle;
     bool readOnly = false;
     std::int32_t filterIndex = 1;
     std::int32_t flags = 0;
-    ShowOpenFileDialog(file, fileTitle, true, readOnly, true, filter, filterIndex, folder, title, extension,
-                       frmMain::Instance().Handle(), flags);
-    return file;
+    ShowOpenFileDialog(file, fileTitle, true, readOnly, true, filter, filterIndex, folder.Native(), title,
+                       extension, frmMain::Instance().Handle(), flags);
+    return FilePath::FromUser(file);
 }
 
 void ShowError(const std::string& text) {
@@ -88,13 +83,13 @@ void ShowError(const std::string& text) {
 }
 
 /// The folder beside the program, of the registry, or of the user's choice.
-std::optional<std::string> SimulatorFolder() {
-    const std::string beside = WithBackslash(ProgramFolder());
-    if (FileExists(beside + SimulatorProgram))
+std::optional<FilePath> SimulatorFolder() {
+    const FilePath beside = ProgramFolder();
+    if (FileExists(NameLookup().Find(beside, FileName(SimulatorProgram))))
         return beside;
     std::string registered;
     if (ReadRegistryValue(HKEY_CURRENT_USER, "Software\\NoLimits Coasters", "InstPath", registered))
-        return ToUtf8(registered, SystemCodePage());
+        return FilePath::FromWindowsForm(ToUtf8(registered, SystemCodePage()));
 
     const WindowHandle owner = frmMain::Instance().Handle();
     if (ShowMessageBox(owner,
@@ -104,13 +99,13 @@ std::optional<std::string> SimulatorFolder() {
                        "Unknown NoLimits Path", MessageButtons::YesNo,
                        MessageIcon::Question) != MessageAnswer::Yes)
         return std::nullopt;
-    const std::string chosen = AskForFile("Locate NoLimits Simulator...",
-                                          std::string("NoLimits Simulator|") + SimulatorProgram, "exe", "");
-    if (chosen.empty())
+    const FilePath chosen = AskForFile("Locate NoLimits Simulator...",
+                                       std::string("NoLimits Simulator|") + SimulatorProgram, "exe", {});
+    if (chosen.IsEmpty())
         return std::nullopt;
     ShowMessageBox(owner, "To prevent this message in the future, run Railwright from your NoLimits Folder.",
                    "Note", MessageButtons::Ok, MessageIcon::Information);
-    return FolderOf(chosen);
+    return chosen.Folder();
 }
 
 /// Runs what can take long, while the pointer tells to wait.
@@ -127,7 +122,7 @@ bool RunWaiting(const std::function<void()>& task) {
 }
 
 /// Opens a file whose extension tells what it is.
-bool OpenDocument(const std::string& file, const DocumentFlow& flow) {
+bool OpenDocument(const FilePath& file, const DocumentFlow& flow) {
     bool loaded = false;
     {
         const WaitPointer wait;
@@ -143,15 +138,15 @@ bool OpenDocument(const std::string& file, const DocumentFlow& flow) {
 }
 
 /// @return the name chosen to save under, empty on Cancel.
-std::string AskForName(const DocumentFlow& flow) {
-    std::string file = sDocumentFile;
+FilePath AskForName(const DocumentFlow& flow) {
+    std::string file = sDocumentFile.Native();
     std::string fileTitle;
     std::string filter = flow.SaveFilter;
     std::int32_t filterIndex = 1;
     std::int32_t flags = 0;
-    ShowSaveFileDialog(file, fileTitle, true, filter, filterIndex, sNoLimitsPath, flow.SaveTitle,
+    ShowSaveFileDialog(file, fileTitle, true, filter, filterIndex, sNoLimitsPath.Native(), flow.SaveTitle,
                        std::string(flow.Extension.substr(1)), frmMain::Instance().Handle(), flags);
-    return file;
+    return FilePath::FromUser(file);
 }
 
 void ApplyTool(std::int16_t kind, const std::function<void()>& change, void (*refresh)()) {
@@ -168,32 +163,32 @@ void ApplyTool(std::int16_t kind, const std::function<void()>& change, void (*re
 } // namespace
 
 bool LocateNoLimitsPath() {
-    const std::optional<std::string> folder = SimulatorFolder();
+    const std::optional<FilePath> folder = SimulatorFolder();
     if (folder)
-        sNoLimitsPath = WithBackslash(*folder);
+        sNoLimitsPath = folder->AsFolder();
     return folder.has_value();
 }
 
-bool OpenNoLimitsFile(std::string sFile) {
-    if (sFile.empty())
+bool OpenNoLimitsFile(FilePath sFile) {
+    if (sFile.IsEmpty())
         sFile = AskForFile("Open NoLimits File...",
                            "NoLimits Files (*.nltrack;*.nlelem)|*.nltrack;*.nlelem|"
                            "NoLimits Tracks (*.nltrack)|*.nltrack|NoLimits Elements (*.nlelem)|*.nlelem",
                            "nltrack", sNoLimitsPath);
-    if (sFile.empty())
+    if (sFile.IsEmpty())
         return false;
     bDocumentChanged = false;
     const DocumentFlow* const flow = FlowOf(sFile);
     if (flow == nullptr) {
         ShowError("Unknown File Type!");
-        sDocumentFile.clear();
+        sDocumentFile = {};
     }
     if (flow == nullptr || !OpenDocument(sFile, *flow)) {
         iDocumentKind = DocumentKinds::None;
         return false;
     }
     frmMain& window = frmMain::Instance();
-    window.ShowTab(0);
+    window.ShowTab(Tabs::About);
     window.UpdateMenus();
     window.ShowFileName();
     return true;
@@ -203,8 +198,8 @@ bool SaveNoLimitsFile() {
     // What a failed open has left is not written over anything.
     const DocumentFlow* const flow = iDocumentKind == DocumentKinds::None ? nullptr : FlowOf(sDocumentFile);
     if (flow != nullptr) {
-        const std::string chosen = AskForName(*flow);
-        if (chosen.empty())
+        const FilePath chosen = AskForName(*flow);
+        if (chosen.IsEmpty())
             return true;
         FileResult saved;
         {
@@ -212,8 +207,12 @@ bool SaveNoLimitsFile() {
             saved = flow->Save(chosen);
         }
         if (!saved) {
-            const bool isKept = !saved.KeptIn.empty();
-            ShowError(flow->SaveError + (isKept ? "\r\nWhat was to be saved is in " + saved.KeptIn : ""));
+            std::string message = flow->SaveError;
+            if (!saved.KeptIn.IsEmpty())
+                message += "\r\nWhat was to be saved is in " + saved.KeptIn.Shown();
+            if (!saved.OldKeptIn.IsEmpty())
+                message += "\r\nWhat the file held before is in " + saved.OldKeptIn.Shown();
+            ShowError(message);
             return false;
         }
         sDocumentFile = chosen;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/FilePath.h"
+
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -13,12 +15,12 @@ inline constexpr std::int16_t Track = 1;
 inline constexpr std::int16_t Element = 2;
 } // namespace DocumentKinds
 
-/// The simulator's folder, with a backslash at its end; empty if it was not found.
-extern std::string sNoLimitsPath;
+/// The simulator's folder, with a separator at its end; empty if it was not found.
+extern FilePath sNoLimitsPath;
 /// Which of the two documents is the one in hand, one of DocumentKinds.
 extern std::int16_t iDocumentKind;
-/// Path of the document's file, as the user or the command line gave it, in Windows form.
-extern std::string sDocumentFile;
+/// Path of the document's file, as the user or the command line gave it.
+extern FilePath sDocumentFile;
 /// Whether the document differs from its file.
 extern bool bDocumentChanged;
 
@@ -30,7 +32,7 @@ bool LocateNoLimitsPath();
 /// cannot be opened leaves no document.
 /// @param sFile empty asks the user.
 /// @return whether a document was opened.
-bool OpenNoLimitsFile(std::string sFile);
+bool OpenNoLimitsFile(FilePath sFile);
 
 /// Asks for a name and saves the document under it, in the format that the extension of sDocumentFile tells.
 /// With no document nothing is asked or written. A save that fails leaves everything as it was.

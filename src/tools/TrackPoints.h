@@ -6,8 +6,8 @@
 
 namespace railwright {
 
-/// Replaces each point of the curve of Track by what `change` makes of it, and with `supports` each free node
-/// and each fundamental node as well. Nothing else of a track moves with it.
+/// Replaces each point of the curve of Track by `change` of it. With `supports` the free and fundamental
+/// nodes are replaced in the same way. Nothing else moves with the track.
 template <class Change>
 void ChangeTrackPoints(bool supports, Change&& change) {
     const auto first = [](auto& list, std::int32_t count) {

@@ -11,7 +11,8 @@
 namespace railwright {
 namespace {
 
-/// How the simulator's kinds of segment take a negative speed or acceleration: the factor for each parameter.
+/// The factors that turn a speed or acceleration of a segment into what the simulator takes for a negative
+/// one.
 struct Factor {
     std::int32_t SegmentType;
     float TrackSegment::*Value;
@@ -54,7 +55,7 @@ void RebuildBackwards() {
     }
     std::reverse(nodes.begin(), nodes.end());
 
-    // The segment of the span from the last node back to the first keeps its place and its values.
+    // The last segment, which leads back to node 0, keeps its place and its values.
     const auto count = static_cast<std::size_t>(std::max(Track.SegmentList.SegmentCount - 1, 0));
     const auto turned = std::span(Track.SegmentList.Segments).first(count);
     for (TrackSegment& segment : turned)

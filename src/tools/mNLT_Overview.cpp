@@ -20,7 +20,7 @@ constexpr const char* WholePattern = "###,###,##0";
 constexpr const char* HundredthsPattern = "###,###,##0.00";
 constexpr const char* EndOfLine = "\r\n";
 
-/// A line of the report that tells how many records are of one type.
+/// A line of the report that counts the records of one type.
 struct TallyLine {
     const char* Label;
     std::int32_t Type;
@@ -41,7 +41,7 @@ constexpr std::array SupportLines = {TallyLine{"   Track Nodes...: ", 0}, TallyL
 constexpr std::array TreeLines = {TallyLine{"   Type A: ", 1}, TallyLine{"   Type B: ", 2},
                                   TallyLine{"   Type C: ", 3}};
 
-/// How many records there are of each type from 0 to 256. A type outside of that counts nowhere.
+/// The number of records of each type from 0 to 256. Other types are not counted.
 class Tally {
 public:
     void Add(std::int32_t type) {
@@ -69,7 +69,7 @@ Tally CountTypes(std::span<const Item> items, std::int32_t Item::*type) {
 
 struct Tunnels {
     std::int64_t Segments = 0;
-    /// Runs of tunnelled segments; one that passes the end of the list counts as two.
+    /// Runs of tunnelled segments. A run that passes the end of the list counts twice.
     std::int64_t Runs = 0;
 };
 
@@ -86,9 +86,15 @@ Tunnels CountTunnels(std::span<const TrackSegment> segments) {
 
 class Report {
 public:
-    explicit Report(const NumberSeparators& numberSeparators) : separators(numberSeparators) {}
+    Report(TextOutput& output, const NumberSeparators& numberSeparators)
+        : out(output), separators(numberSeparators) {}
 
-    void Line(const std::string& label, const std::string& value = "") { lines += label + value + EndOfLine; }
+    void Line(std::string_view label, std::string_view value = "") { out << label << value << EndOfLine; }
+    void Line(std::string_view label, const text& characters, const CodePage& codePage) {
+        out << label;
+        InUtf8(characters, codePage, [this](const std::string& utf8) { out << utf8; });
+        out << EndOfLine;
+    }
     void BlankLine() { Line(""); }
     void WholeLine(const char* label, std::int64_t value, const char* behind = "") {
         Line(label, Whole(value) + behind);
@@ -97,7 +103,6 @@ public:
         for (const TallyLine& row : rows)
             WholeLine(row.Label, tally.Of(row.Type));
     }
-    void Append(const std::string& utf8) { lines += utf8; }
 
     std::string Whole(std::int64_t value) const {
         return FormatNumber(static_cast<double>(value), WholePattern, separators);
@@ -106,7 +111,7 @@ public:
     std::string Metres(float value) const {
         return FormatNumber(RoundToHundredths(static_cast<double>(value)), HundredthsPattern, separators);
     }
-    /// A height of the terrain: hundredths without separators of thousands and without closing zeros.
+    /// A height of the terrain: two decimals at most, no closing zeros, no separators of thousands.
     std::string TerrainHeight(float value) const {
         std::string height = FormatNumber(static_cast<double>(value), "0.00", {"", separators.Decimal});
         if (!std::isfinite(value))
@@ -117,15 +122,13 @@ public:
         return height;
     }
 
-    const std::string& Lines() const { return lines; }
-
 private:
+    TextOutput& out;
     const NumberSeparators& separators;
-    std::string lines;
 };
 
-void ReportFile(Report& report, const std::string& sDocumentFile) {
-    report.Line("File Name...: ", WithoutEvery(BaseName(sDocumentFile), TrackExtension));
+void ReportFile(Report& report, const FilePath& sDocumentFile) {
+    report.Line("File Name...: ", OnOneLine(WithoutEvery(sDocumentFile.Name().Native(), TrackExtension)));
     report.WholeLine("File Size...: ", FileLength(sDocumentFile), " bytes.");
     std::string version;
     for (const std::size_t place : {0U, 1U, 3U, 2U})
@@ -134,13 +137,33 @@ void ReportFile(Report& report, const std::string& sDocumentFile) {
     report.BlankLine();
 }
 
-void ReportTrack(Report& report) {
-    Bounds bounds;
+/// What the report tells of the curve.
+struct Curve {
+    /// The box around the points of its polyline.
+    Bounds Box;
+    /// In metres.
+    float Length = 0;
+};
+
+Curve AnalyzedCurve() {
+    Curve curve;
+    curve.Length = TrackPolylineLength;
     for (const Vector3& point : TrackPolyline)
-        bounds.Include(point);
+        curve.Box.Include(point);
+    return curve;
+}
+
+Curve CurveOfTrack() {
+    Curve curve;
+    curve.Length = ForEachTrackPoint([&](const Vector3& point, std::int32_t) { curve.Box.Include(point); });
+    return curve;
+}
+
+void ReportTrack(Report& report, const Curve& curve) {
+    const Bounds& bounds = curve.Box;
     const Vector3 extent = bounds.Extent();
     report.Line("Track Type..........: ", TrackTypeName(Track.TrackHeader.TrackType));
-    report.Line("Track Length........: ", report.Metres(TrackPolylineLength) + " meters.");
+    report.Line("Track Length........: ", report.Metres(curve.Length) + " meters.");
     report.Line("Complete Circut.....: ", YesNoText(Track.SegmentList.ClosedCircuit));
     report.Line("Number of Trains....: ", std::to_string(Track.TrackHeader.NumTrains));
     report.Line("Cars per Train......: ", std::to_string(Track.TrackHeader.CarsPerTrain));
@@ -195,8 +218,8 @@ void ReportScenery(Report& report) {
     report.WholeLine("Total Objects: ", Track.SceneryObjects.Count);
     int number = 0;
     for (const SceneryObject& object : Used(Track.SceneryObjects.Items, Track.SceneryObjects.Count))
-        report.Line("   Object " + FormatNumber(++number, "000", {}) + ": ",
-                    ToUtf8(object.FileName, SystemCodePage()));
+        report.Line("   Object " + FormatNumber(++number, "000", {}) + ": ", object.FileName,
+                    SystemCodePage());
     report.BlankLine();
 }
 
@@ -220,27 +243,39 @@ void ReportTerrain(Report& report) {
 
 void ReportTexts(Report& report) {
     const text& environment = Track.Environment.PreferredEnvironment;
-    report.Line("Prefered Environment: ",
-                environment.empty() ? "-none-" : ToUtf8(environment, SystemCodePage()));
+    const text none = "-none-";
+    report.Line("Prefered Environment: ", environment.empty() ? none : environment, SystemCodePage());
     report.BlankLine();
     const text& comments = Track.TrackInfo.AuthorComments;
     report.WholeLine("Author's Comments: ", static_cast<std::int64_t>(comments.size()),
                      " character(s) long.");
-    report.Append(ToUtf8(comments, SystemCodePage()) + EndOfLine);
+    report.Line("", comments, SystemCodePage());
 }
 
-} // namespace
-
-std::string BuildTrackOverview(const std::string& sDocumentFile, const NumberSeparators& separators) {
-    Report report(separators);
+void ReportAll(TextOutput& out, const FilePath& sDocumentFile, const NumberSeparators& separators,
+               const Curve& curve) {
+    Report report(out, separators);
     ReportFile(report, sDocumentFile);
-    ReportTrack(report);
+    ReportTrack(report, curve);
     ReportSegments(report);
     ReportSupports(report);
     ReportScenery(report);
     ReportTerrain(report);
     ReportTexts(report);
-    return report.Lines();
+    out.Flush();
+}
+
+} // namespace
+
+std::string BuildTrackOverview(const FilePath& sDocumentFile, const NumberSeparators& separators) {
+    std::string lines;
+    TextOutput out([&](std::string_view piece) { lines += piece; });
+    ReportAll(out, sDocumentFile, separators, AnalyzedCurve());
+    return lines;
+}
+
+void PrintTrackOverview(TextOutput& out, const FilePath& sDocumentFile, const NumberSeparators& separators) {
+    ReportAll(out, sDocumentFile, separators, CurveOfTrack());
 }
 
 std::string TrackTypeName(std::int32_t TrackType) {

@@ -1,27 +1,32 @@
 #pragma once
 
 #include "base/NumberFormat.h"
+#include "base/TextOutput.h"
+#include "platform/FilePath.h"
 
 #include <cstdint>
 #include <string>
 
 namespace railwright {
 
-/// @return the report of Track as UTF-8 text whose lines end in CR LF, from Track and from what the last
-/// AnalyzeTrack left.
-/// @param sDocumentFile path of the track's file, whose name and size on disk the report tells; a file that
-/// is gone has 0 bytes.
-std::string BuildTrackOverview(const std::string& sDocumentFile, const NumberSeparators& separators);
+/// @return the report of Track as UTF-8 text; lines end in CR LF. It uses the result of the last
+/// AnalyzeTrack.
+/// @param sDocumentFile path of the track's file. The report gives its name and its size; a missing file has
+/// 0 bytes.
+std::string BuildTrackOverview(const FilePath& sDocumentFile, const NumberSeparators& separators);
 
-/// @return the name of a TrackHeaderRecord::TrackType, empty for one that is not known.
+/// Prints the same report without a previous AnalyzeTrack. Neither the points of the curve nor the text are
+/// held in memory.
+void PrintTrackOverview(TextOutput& out, const FilePath& sDocumentFile, const NumberSeparators& separators);
+
+/// @return the name of a TrackHeaderRecord::TrackType; empty for an unknown one.
 std::string TrackTypeName(std::int32_t TrackType);
 
 /// @return "Yes" or "No".
 std::string YesNoText(bool value);
 
-/// @return the length of the centre line in metres, measured in space along all of its samples; 0 with fewer
-/// than two nodes. The report takes the same figure from the analysis, which goes through these samples
-/// anyway.
+/// @return the length of the centre line in metres, measured in space along all samples; 0 with fewer than
+/// two nodes. The report takes the same figure from the analysis, which visits these samples anyway.
 float TrackLength();
 
 } // namespace railwright

@@ -2,8 +2,7 @@
 
 namespace railwright {
 
-/// Turns Track about the vertical axis through the world's origin. A positive angle carries east towards
-/// north.
+/// Turns Track about the vertical axis through the world's origin. A positive angle turns east towards north.
 /// @param Degrees angle.
 /// @param RotateSupports whether the free and fundamental nodes turn with the curve.
 void RotateTrack(float Degrees, bool RotateSupports);

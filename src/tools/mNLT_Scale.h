@@ -2,8 +2,8 @@
 
 namespace railwright {
 
-/// Makes Track larger or smaller about the world's origin, heights included.
-/// @param Factor 1 leaves the size as it is.
+/// Scales Track about the world's origin, heights too.
+/// @param Factor 1 is the present size.
 /// @param ScaleSupports whether the free and fundamental nodes are scaled with the curve.
 void ScaleTrack(float Factor, bool ScaleSupports);
 

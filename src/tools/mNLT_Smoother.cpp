@@ -9,9 +9,9 @@
 namespace railwright {
 namespace {
 
-// What is stored is a 32-bit float throughout; products, sums and roots on the way are worked in 64 bits.
-// Where the geometry has no answer (a length of 0, a cosine a hair above 1) a comparison with what is not a
-// number fails, and the segment or node is left out.
+// Every stored value is a 32-bit float; products, sums and roots are computed in 64 bits. Where geometry
+// gives no number (a length of 0, a cosine slightly above 1), every comparison fails and the segment or node
+// is left out.
 
 constexpr double StraightCosine = 0.998; // about 3.62 degrees
 constexpr int SofteningSweeps = 20;
@@ -52,7 +52,7 @@ struct ControlPoints {
     Vector3 Out;
 };
 
-/// The part of the world that control points may be carried to, in metres. Its bounds lie outside.
+/// The part of the world that control points may move in, in metres. The bounds themselves are outside.
 bool IsInWorld(const Vector3& point) {
     return point.X > -220 && point.X < 220 && point.Z > -220 && point.Z < 220 && point.Y > 0 && point.Y < 150;
 }
@@ -82,7 +82,7 @@ public:
         }
     }
 
-    /// Pulls the control points of all nodes half the way to their planes.
+    /// Moves the control points of all nodes half the way to their planes.
     void Soften() {
         for (std::size_t i = 0; i < count; ++i) {
             const ControlPoints flat = Flattened(i);
@@ -91,8 +91,8 @@ public:
         AcceptProposals();
     }
 
-    /// Pulls the control points of every second node all the way. The others are offered once more what the
-    /// last sweep offered them.
+    /// Moves the control points of every second node all the way. For the other nodes the proposal of the
+    /// last sweep is made again.
     void Flatten() {
         for (std::size_t i = 0; i < count; i += 2)
             proposals[i] = Flattened(i);
@@ -122,7 +122,7 @@ private:
         return {middle(a.X, b.X), middle(a.Y, b.Y), middle(a.Z, b.Z)};
     }
 
-    /// The projection of a control point on the plane through `position` with a normal of the squared length
+    /// The projection of a control point on the plane through `position`. The squared length of the normal is
     /// `s`.
     static Vector3 Projected(const Vector3& point, const Vector3& position, const Vector3& normal, float s) {
         const float distance = Narrow(Dot(normal, Difference(point, position)));
@@ -132,7 +132,7 @@ private:
         return {moved(point.X, normal.X), moved(point.Y, normal.Y), moved(point.Z, normal.Z)};
     }
 
-    /// The node's control points, flattened into its plane where it has one and is not held.
+    /// The node's control points. They lie in its plane if it has one and is not held.
     ControlPoints Flattened(std::size_t i) const {
         const BezierNode& node = nodes[i];
         const ControlPoints asTheyStand = {node.ControlIn, node.ControlOut};
@@ -157,7 +157,7 @@ private:
             }
     }
 
-    /// A held node may slide if it is straight in plan only, and so are both of its neighbours.
+    /// Whether a held node may slide: it and both neighbours are straight in plan only.
     bool MaySlide(std::size_t i) const {
         return !IsHeld(i) || (!onStraight[i] && onPlanStraight[Previous(i)] && onPlanStraight[Next(i)]);
     }

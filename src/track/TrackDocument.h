@@ -12,14 +12,14 @@ namespace railwright {
 
 /// The records of a track, one for each chunk of its file.
 ///
-/// A list is a vector beside a count of its own, which is at least 0. A vector that was read is one zeroed
-/// element longer than its count and never shorter than it; only the elements that the count covers are
-/// stored. A tool that empties a list sets its count to 0 and leaves the elements. Fields named Value, Text
-/// or Flag with a number are kept for the simulator and mean nothing to this program.
+/// A list is a vector and a count, which is at least 0. After reading, the vector has one zeroed element more
+/// than the count says. It is never shorter than the count; only the counted elements are saved. A tool that
+/// empties a list sets the count to 0 and leaves the elements. Fields named Value, Text or Flag with a number
+/// are kept for the simulator; this program does not know their meaning.
 
-/// What every chunk has. Only the writer looks at these fields, and it computes them anew.
+/// The fields of every chunk. Only the writer uses them, and it computes them each time.
 struct ChunkRecord {
-    /// Bytes of the chunk behind its size field, sub-chunks included.
+    /// Bytes of the chunk after its size field, with its sub-chunks.
     std::int32_t ChunkSize = 0;
     /// Number of chunks nested directly in this one.
     std::int32_t SubChunks = 0;
@@ -41,7 +41,7 @@ struct TrainRecord {
 struct TrackHeaderRecord : ChunkRecord {
     /// Kind of coaster; TrackTypeName names it.
     std::int32_t TrackType = 0;
-    /// Never empty: a track that had no train can be given one.
+    /// Never empty, so that a track without trains can be given one.
     List<TrainRecord> Trains = List<TrainRecord>(1);
     /// Count of Trains.
     std::int32_t NumTrains = 0;
@@ -74,7 +74,7 @@ struct BezierCurveRecord : ChunkRecord {
     List<BezierNode> Nodes;
 };
 
-/// Values of TrackSegment::SegmentType. Any other value has no parameters.
+/// Values of TrackSegment::SegmentType. A segment with any other value has no parameters.
 namespace SegmentKind {
 inline constexpr std::int32_t Normal = 0;
 inline constexpr std::int32_t Station = 1;
@@ -83,20 +83,34 @@ inline constexpr std::int32_t Transport = 3;
 inline constexpr std::int32_t Brake = 4;
 } // namespace SegmentKind
 
-/// The span that starts at the node of the same index. The parameters of all kinds lie side by side; only
-/// those of the segment's own kind are read and stored, the others are zero.
+/// The span that starts at the node of the same index. It has the parameters of all kinds; only those of its
+/// own kind are read and saved, the others are zero.
 struct TrackSegment {
     std::int32_t SegmentType = SegmentKind::Normal;
     std::array<ColorValue, 3> Color{};
     Flag CustomColors = false;
     Flag Tunnel = false;
 
+    // The single bytes of all kinds come first: a segment is then no larger than it has to be, and in memory
+    // never more than four times as large as in a file.
     Flag StationFlag1 = false;
     Flag StationFlag2 = false;
     Flag StationFlag3 = false;
     std::uint8_t StationByte0 = 0;
     std::uint8_t StationByte1 = 0;
     std::uint8_t StationByte2 = 0;
+    std::uint8_t LiftByte = 0;
+    Flag LiftFlag1 = false;
+    Flag LiftFlag2 = false;
+    std::uint8_t TransportByte = 0;
+    Flag TransportFlag1 = false;
+    Flag TransportFlag2 = false;
+    Flag BrakeFlag1 = false;
+    Flag BrakeFlag2 = false;
+    Flag BrakeFlag3 = false;
+    Flag BrakeFlag4 = false;
+    Flag BrakeFlag5 = false;
+
     float StationValue0 = 0;
     float StationValue1 = 0;
     float StationValue2 = 0;
@@ -112,13 +126,7 @@ struct TrackSegment {
     float LiftValue0 = 0;
     float LiftValue1 = 0;
     float LiftValue2 = 0;
-    std::uint8_t LiftByte = 0;
-    Flag LiftFlag1 = false;
-    Flag LiftFlag2 = false;
 
-    std::uint8_t TransportByte = 0;
-    Flag TransportFlag1 = false;
-    Flag TransportFlag2 = false;
     float TransportValue0 = 0;
     float TransportValue1 = 0;
     float TransportValue2 = 0;
@@ -130,11 +138,6 @@ struct TrackSegment {
     float BrakeValue4 = 0;
     float BrakeValue5 = 0;
     float BrakeValue6 = 0;
-    Flag BrakeFlag1 = false;
-    Flag BrakeFlag2 = false;
-    Flag BrakeFlag3 = false;
-    Flag BrakeFlag4 = false;
-    Flag BrakeFlag5 = false;
 };
 
 /// Chunk SEGM.
@@ -142,7 +145,7 @@ struct SegmentListRecord : ChunkRecord {
     /// The track is a complete circuit: its last node's span leads to node 0.
     Flag ClosedCircuit = false;
     std::int32_t SegmentCount = 0;
-    /// Normally one for each span, but a file may hold more or fewer than the curve has nodes.
+    /// Usually one for each span, but a file may hold more or fewer.
     List<TrackSegment> Segments;
 
     /// @return the kind of the segment at a node; Normal where the list has none.
@@ -152,7 +155,7 @@ struct SegmentListRecord : ChunkRecord {
     }
 };
 
-/// Chunk SUPP, which only groups the five chunks of the supports.
+/// Chunk SUPP. It only groups the five chunks of the supports.
 struct SupportHeaderRecord : ChunkRecord {};
 
 struct FundamentalNode {
@@ -177,7 +180,7 @@ struct PreFabSupport {
 /// The pre-fabricated supports of one track node.
 struct PreFabNode {
     std::int32_t SupportCount = 0;
-    /// Place of the node's first support in PreFabSupportsRecord::Supports.
+    /// Index of the node's first support in PreFabSupportsRecord::Supports.
     std::size_t First = 0;
 
     static constexpr const char* CountName = "SupportCount";
@@ -190,7 +193,7 @@ struct PreFabSupportsRecord : ChunkRecord {
     std::int32_t NodeCount = 0;
     /// As read, one for each track node.
     List<PreFabNode> Nodes;
-    /// The supports of all nodes, those of one node side by side.
+    /// The supports of all nodes, one node after the other.
     List<PreFabSupport> Supports;
 
     /// @return the supports that a node of Nodes has.
@@ -225,7 +228,7 @@ struct SupportBeamsRecord : ChunkRecord {
 
 struct WoodCatwalk {
     std::array<std::int32_t, 6> Value{};
-    /// Bytes that follow the record in the file. Their content is not kept; they are written as zeros.
+    /// Number of bytes that follow the record in the file. Their content is not kept; zeros are written.
     std::int32_t ExtraBytes = 0;
 };
 
@@ -266,7 +269,7 @@ struct SceneryObjectsRecord : ChunkRecord {
 
 /// Chunk TERA.
 struct TerrainRecord : ChunkRecord {
-    /// The document has terrain: set by reading the chunk, and the chunk is stored only if it is set.
+    /// Whether the document has terrain. Reading the chunk sets it, and only then the chunk is saved.
     Flag HasTerrain = false;
     std::int32_t GridSizeX = 0;
     std::int32_t GridSizeZ = 0;
@@ -296,7 +299,7 @@ struct EnvironmentRecord : ChunkRecord {
     text Text2;
 };
 
-/// A track as it is held in memory. As it is made, it is empty.
+/// A track in memory. A new one is empty.
 struct TrackDocument {
     FileHeaderRecord FileHeader;
     TrackHeaderRecord TrackHeader;

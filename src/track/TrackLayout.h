@@ -7,9 +7,9 @@
 
 namespace railwright {
 
-/// The layout of a track file. Each record's fields stand here once, in file order, for every direction: what
-/// is read, what is written and what is counted cannot differ. `Values` lays out a record of fixed size,
-/// `Fields` one that varies; a chunk's Fields are those between its size field and its number of sub-chunks.
+/// The layout of a track file. Each record's fields stand here once, in file order, for reading, writing and
+/// counting alike, so these cannot differ. `Values` lays out a record of fixed size, `Fields` a record whose
+/// size varies. The Fields of a chunk are those between its size and its number of sub-chunks.
 
 template <class Direction, RecordOf<FileHeaderRecord> Record>
 void Fields(Direction& d, Record& r) {
@@ -63,7 +63,7 @@ void Values(Direction& v, Record& r) {
     v.Zeros(17);
 }
 
-/// The frame that all lists of one kind of record share.
+/// The bytes around every list of records.
 template <class Direction, class Body>
 void ListFrame(Direction& d, Body&& body) {
     d.Group([](auto& v) { v.Zeros(16); });
@@ -347,8 +347,8 @@ void Fields(Direction& d, Record& r) {
     d.Group([](auto& v) { v.Zeros(16); });
 }
 
-/// Goes through the chunks of a track in file order. `visit` is called with the chunk's depth in the tree,
-/// its tag and its record; at depth 0 stands the root, which holds all others.
+/// Visits the chunks of a track in file order. `visit` is called with the chunk's depth in the tree, its tag
+/// and its record. The root has depth 0 and holds all others.
 template <class Document, class Visit>
 void ForEachChunk(Document& document, Visit&& visit) {
     visit(0, "NLIM", document.FileHeader);

@@ -21,8 +21,8 @@ void ReadChunk(ChunkReader& reader, Record& record) {
     reader.Count("SubChunks", record.SubChunks);
 }
 
-/// Passes over a chunk that this program does not know, its sub-chunks with it. Some writers leave the four
-/// bytes of its last field out of its size: then the next tag stands that much further.
+/// Skips a chunk that this program does not know, with its sub-chunks. Some writers do not count the four
+/// bytes of the last field in the size; then the next tag stands four bytes further.
 void SkipChunk(ChunkReader& reader) {
     const std::int64_t sizeAt = reader.Position();
     std::int32_t size = 0;
@@ -35,7 +35,7 @@ void SkipChunk(ChunkReader& reader) {
         reader.PassOver("its last field", FileSize::Long);
 }
 
-/// Reads the chunks behind the root's own fields, wherever in the tree they stand.
+/// Reads the chunks that follow the root's own fields, at any depth of the tree.
 void ReadChunks(ChunkReader& reader) {
     ReadChunk(reader, Track.FileHeader);
     std::int64_t pending = Track.FileHeader.SubChunks;
@@ -58,7 +58,7 @@ void ReadChunks(ChunkReader& reader) {
 
 constexpr DocumentKind TrackKind = {TrackExtension, "NLIM", ClearTrackDocument, ReadChunks};
 
-/// Goes through the chunks that the file of Track holds.
+/// Visits the chunks that the file of Track holds.
 template <class Visit>
 void ForEachStoredChunk(Visit&& visit) {
     ForEachChunk(Track, [&](int depth, const char* tag, auto& record) {
@@ -72,7 +72,7 @@ void ForEachStoredChunk(Visit&& visit) {
 
 } // namespace
 
-FileResult LoadTrackFile(const std::string& sFile) {
+FileResult LoadTrackFile(const FilePath& sFile) {
     return LoadDocumentFile(sFile, TrackKind);
 }
 
@@ -104,7 +104,7 @@ std::int64_t ComputeChunkSizes() {
     return length;
 }
 
-FileResult SaveTrackFile(const std::string& sFile) {
+FileResult SaveTrackFile(const FilePath& sFile) {
     return SaveDocumentFile(sFile, TrackKind, ComputeChunkSizes(), [](ChunkWriter& writer) {
         ForEachStoredChunk([&](int, const char* tag, const auto& record) {
             writer.Tag(tag);

@@ -9,18 +9,17 @@ namespace railwright {
 
 /// Reads a .nltrack file into Track.
 /// @param sFile path, UTF-8 in Windows form.
-/// @return what is wrong where the file cannot be read. If its name is at fault, Track is as it was;
-/// otherwise it is empty.
-FileResult LoadTrackFile(const std::string& sFile);
+/// @return on failure, the reason. If the name is wrong, Track stays as it was; otherwise it is empty.
+FileResult LoadTrackFile(const FilePath& sFile);
 
-/// Writes Track as a .nltrack file, in the writer's own form, and brings its ChunkSize and SubChunks up to
-/// date.
+/// Writes Track as a .nltrack file, with the chunks in the program's own order, and updates ChunkSize and
+/// SubChunks of all records.
 /// @param sFile path, UTF-8 in Windows form; ".nltrack" is added unless it ends so already.
-/// @return what is wrong where the file cannot be written; an old file of that name is then as it was.
-FileResult SaveTrackFile(const std::string& sFile);
+/// @return on failure, the reason; an old file of that name then stays as it was.
+FileResult SaveTrackFile(const FilePath& sFile);
 
-/// Sets ChunkSize and SubChunks of all records of Track to what its file needs.
-/// @return the length of that file in bytes. If it is above what the format can hold, the fields stay unset.
+/// Computes ChunkSize and SubChunks of all records of Track.
+/// @return the length of its file in bytes. If the format cannot hold that many, the fields are not set.
 std::int64_t ComputeChunkSizes();
 
 } // namespace railwright

@@ -46,4 +46,13 @@ TEST(Text, WhatTheCodePageCannotHoldBecomesAQuestionMark) {
         EXPECT_EQ(FromUtf8(utf8, Windows1252()), expected) << ::testing::PrintToString(utf8);
 }
 
+TEST(Text, HasNoControlCharactersOnALineOfOutput) {
+    const std::string good = "a b\\\u00E9\u20AC\U0001F3A2~", bad = "\uFFFD";
+    EXPECT_EQ(OnOneLine(good), good);
+    for (const char* character :
+         {"\n", "\r", "\t", "\x1B", "\x7F", "\u0085", "\u009B", "\u2028", "\u202E", "\u2066", "\xFF", "\xC3"})
+        EXPECT_EQ(OnOneLine("x" + std::string(character)), "x" + bad);
+    EXPECT_EQ(OnOneLine(std::string(2, 0)), bad + bad);
+}
+
 } // namespace railwright::testing

@@ -1,7 +1,6 @@
 #include "cli/CommandLineTool.h"
 
 #include "cli/Steps.h"
-#include "platform/Paths.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/Tracks.h"
 #include "track/mNoLimits_TrackIO_1_3.h"
@@ -70,17 +69,26 @@ TEST_F(CommandLine, TellsWhatIsNoCommandAndInOneLineWhatIsWrongWithAFile) {
         EXPECT_TRUE(outcome.Status == 2 && outcome.Out.empty() && !outcome.Errors.empty()) << words;
     }
     EXPECT_EQ(Call({"apply", "--help"}).Status, 0);
+    for (const char* command : {"apply", "preview"}) // an empty name is no name
+        EXPECT_EQ(Call({command, track, "-o", ""}).Status, 2);
     const std::string gone = folder.File("gone.nltrack"), broken = folder.File("broken.nltrack"),
-                      file = folder.File("file"), nowhere = folder.File("nowhere/out.nltrack");
+                      taken = folder.File("taken.nltrack"), file = folder.File("file"),
+                      nowhere = folder.File("nowhere/out.nltrack");
     WriteBytes(broken, {'N', 'L', 'I', 'M', 0, 0});
     WriteBytes(file, {});
+    std::filesystem::create_directory(taken);
     const std::pair<std::vector<std::string>, std::string> cases[] = {
         {{"report", element}, element + ": the name does not end in .nltrack"},
         {{"report", broken}, broken + ": NLIM: the file ends too early at byte 6"},
         {{"dump", file}, file + ": the name ends in neither .nltrack nor .nlelem"},
         {{"preview", gone, "-o", folder.File("drawings")}, gone + ": no such file"},
+        {{"report", taken}, taken + ": is a folder"},
+        {{"apply", track, "-o", taken}, taken + ": is a folder"},
         {{"preview", track, "-o", file}, file + ": "},
         {{"apply", track, "-o", nowhere}, nowhere + ": cannot be written: "},
+        {{"apply", track, "-o", folder.File("")}, folder.File("") + ": names no file"},
+        {{"apply", track, "-o", folder.File("..")}, folder.File("..") + ": names no file"},
+        {{"organize", ""}, ": no folder is named"},
         {{"apply", gone, "-o", output}, gone + ": no such file"}};
     for (const auto& [arguments, expected] : cases) {
         const Outcome outcome = Call(arguments);
@@ -88,7 +96,7 @@ TEST_F(CommandLine, TellsWhatIsNoCommandAndInOneLineWhatIsWrongWithAFile) {
         EXPECT_TRUE(outcome.Errors.starts_with("railwright-cli: " + expected)) << outcome.Errors;
         EXPECT_EQ(Split(outcome.Errors, '\n').size(), 1U);
     }
-    EXPECT_EQ(folder.Names(), (std::vector<std::string>{"broken.nltrack", "file"}));
+    EXPECT_EQ(folder.Names(), (Names{"broken.nltrack", "file", "taken.nltrack"}));
     const Outcome mixed = Call({"report", gone, track}); // it goes on behind a failure
     EXPECT_TRUE(mixed.Status == 1 && mixed.Out.starts_with("File Name...: harbor-comet\n"));
     const Outcome checked = Call({"check", track, broken, gone});
@@ -96,6 +104,23 @@ TEST_F(CommandLine, TellsWhatIsNoCommandAndInOneLineWhatIsWrongWithAFile) {
                                ": no such file at byte 0\n");
     EXPECT_EQ(checked.Status, 1);
 }
+
+#ifndef _WIN32
+TEST_F(CommandLine, TakesNamesAsTheyAreAndShowsThemInOneLine) {
+    const std::string odd = folder.File("a\\b\n\x1B.nltrack"),
+                      shown = folder.File("a\\b\uFFFD\uFFFD.nltrack");
+    EXPECT_EQ(Call({"apply", track, "-o", odd}).Status, 0);
+    EXPECT_EQ(ReadBytes(odd), ReadBytes(track));
+    EXPECT_EQ(Call({"check", odd}).Out, shown + ": ok\n");
+    EXPECT_TRUE(Call({"report", odd}).Out.starts_with("File Name...: a\\b\uFFFD\uFFFD\n"));
+    EXPECT_EQ(Call({"check", odd + "x.nltrack"}).Out, shown + "x.nltrack: no such file at byte 0\n");
+    EXPECT_EQ(Call({"apply", odd, "a\nb", "-o", odd}).Errors.find('\n'),
+              Call({"apply", odd, "a\nb", "-o", odd}).Errors.size() - 1);
+    EXPECT_EQ(Call({"preview", track, "-o", folder.File("c\\d")}).Status, 0);
+    EXPECT_TRUE(std::filesystem::exists(folder.File("c\\d/plan.svg")));
+    EXPECT_EQ(Split(Call({"fly\nhigh"}).Errors, '\n').size(), 2U);
+}
+#endif
 
 TEST_F(CommandLine, WritesNothingIfAStepDoesNotFit) {
     const std::tuple<std::string, std::string, std::string> cases[] = {
@@ -141,7 +166,7 @@ TEST_F(CommandLine, KeepsEverySampleSoundBehindEveryTool) {
     for (const char* counts : {"9999", "0999", "1999", "l999", "9099", "9199", "9299", "9919", "9990"})
         for (const char* sample : {"harbor-comet.nltrack", "switchback-spur.nltrack", "timber-fox.nltrack"}) {
             SCOPED_TRACE(std::string(sample) + ' ' + counts);
-            ASSERT_TRUE(LoadTrackFile(PathFromOutside(Example(sample))));
+            ASSERT_TRUE(LoadTrackFile(FilePath::FromUser(Example(sample))));
             change(Track.SegmentList.SegmentCount, Track.SegmentList.Segments, counts[0]);
             change(Track.BezierCurve.NodeCount, Track.BezierCurve.Nodes, counts[1]);
             change(Track.PreFabSupports.NodeCount, Track.PreFabSupports.Nodes, counts[2]);

@@ -22,20 +22,21 @@ public:
     void ShowShare(int percent) override { shown.push_back(percent); }
     void ShowDone() override { shown.push_back(100); }
     void RunPendingEvents() override {
-        if (!second.empty())
+        if (!second.IsEmpty())
             OrganizeEnvironments(second, *this);
     }
     void Tell(const std::string&) override {}
 
     std::vector<int> shown;
     /// The folder of a second run that is tried in the middle of the first.
-    std::string second;
+    FilePath second;
 };
 
 class EnvironmentOrganizer : public ::testing::Test {
 protected:
     void Fill(const Tree& tree) {
-        fs::remove_all(folder.Path() / "Environments");
+        for (const std::string& name : folder.Names())
+            fs::remove_all(folder.Path() / name);
         for (const auto& [name, content] : tree) {
             fs::create_directories((folder.Path() / name).parent_path());
             WriteBytes(folder.Path() / name, {content.begin(), content.end()});
@@ -55,6 +56,58 @@ protected:
 
     TemporaryFolder folder;
     Silent progress;
+};
+
+/// Environments that share a name, also with what the organizer or its user puts into the folder.
+const Tree Sharing = {
+    {"Environments/x.env", "t.texture.path=Environments\\a.png\r\n"},
+    {"Environments/x.env.env", "t.texture.path=Environments\\b.png\r\n"},
+    {"Environments/X.env.ENV.env", "t.texture.path=Environments\\c.png\r\n"},
+    {"Environments/__unused files__.env", "t.texture.path=Environments\\d.png\r\n"},
+    {"Environments/~railwright.env", "t.texture.path=Environments\\e.png\r\n"},
+    {"Environments/a.png", "a"},
+    {"Environments/b.png", "b"},
+    {"Environments/c.png", "c"},
+    {"Environments/d.png", "d"},
+    {"Environments/e.png", "e"},
+};
+
+/// The folder of several gets the letters of the first, in the order of the bytes. A file counts as the
+/// folder until it has gone.
+const Tree Shared = {
+    {"Environments/x.env", "t.texture.path=Environments\\x\\a.png\r\n\r\n"},
+    {"Environments/x.env.env", "t.texture.path=Environments\\x\\b.png\r\n\r\n"},
+    {"Environments/X.env.ENV.env", "t.texture.path=Environments\\X\\c.png\r\n\r\n"},
+    {"Environments/X/a.png", "a"},
+    {"Environments/X/b.png", "b"},
+    {"Environments/X/c.png", "c"},
+    {"Environments/__unused files__.env", "t.texture.path=Environments\\__unused files__\\d.png\r\n\r\n"},
+    {"Environments/~railwright.env", "t.texture.path=Environments\\~railwright\\e.png\r\n\r\n"},
+    {"Environments/~railwright/e.png", "e"},
+    {"Environments/__unused files__/d.png", "d"},
+    {"Environments/__unused files__/a.png", "a"},
+    {"Environments/__unused files__/b.png", "b"},
+    {"Environments/__unused files__/c.png", "c"},
+    {"Environments/__unused files__/e.png", "e"},
+    {"Environments/d.png", "d"}, // there is one in its place
+};
+
+/// A file in the place of an environment's folder counts as that until it has gone.
+const Tree InPlaceOfFolders = {
+    {"Environments/y.env", "t.texture.path=Environments\\z.png\r\n"},
+    {"Environments/Y.env.env", "t.texture.path=Environments\\z.png\r\n"},
+    {"Environments/x.env", "t.texture.path=Environments\\z.png\r\n"},
+    {"Environments/z.png", "z"},
+    {"Environments/x", "x in the place of a folder"},
+    {"Environments/y", "y in the place of a folder"},
+};
+const Tree FilesGone = {
+    {"Environments/y.env", "t.texture.path=Environments\\y\\z.png\r\n\r\n"},
+    {"Environments/Y.env.env", "t.texture.path=Environments\\Y\\z.png\r\n\r\n"},
+    {"Environments/x.env", "t.texture.path=Environments\\x\\z.png\r\n\r\n"},
+    {"Environments/__Unused Files__/z.png", "z"},
+    {"Environments/__Unused Files__/x", "x in the place of a folder"},
+    {"Environments/__Unused Files__/y", "y in the place of a folder"},
 };
 
 const Tree Untidy = {
@@ -121,7 +174,7 @@ TEST_F(EnvironmentOrganizer, TakesEveryExtensionOutOfANameAndOnlyWholeLines) {
     Fill({{"Environments/a.env.b.ENV",
            "x.texture.path=Environments\\t.bmp\r\ny.texture.path=Environments\\u.bmp"},
           {"Environments/t.bmp", "t"}});
-    EXPECT_EQ(ScanEnvironments(folder.Inside("")).EnvironmentList.at(0).Name, "a.b");
+    EXPECT_EQ(ScanEnvironments(folder.Inside("")).EnvironmentList.at(0).Name, FileName("a.b"));
     EXPECT_TRUE(Organize());
     EXPECT_EQ(
         Found().at("Environments/a.env.b.ENV"),
@@ -137,13 +190,13 @@ TEST_F(EnvironmentOrganizer, DoesNothingWithoutEnvironments) {
 }
 
 /// Nothing may be lost: every content is still somewhere, and each .env holds its old or its new text.
-void ExpectNothingLost(const Tree& found) {
+void ExpectNothingLost(const Tree& before, const Tree& after, const Tree& found) {
     std::set<std::string> contents;
     for (const auto& [name, content] : found)
         contents.insert(content);
-    for (const auto& [name, content] : Untidy) {
+    for (const auto& [name, content] : before) {
         if (name.ends_with("env") || name.ends_with("ENV"))
-            EXPECT_TRUE(found.at(name) == content || found.at(name) == Tidy.at(name)) << name;
+            EXPECT_TRUE(found.at(name) == content || found.at(name) == after.at(name)) << name;
         else
             EXPECT_TRUE(contents.count(content)) << name;
     }
@@ -151,37 +204,86 @@ void ExpectNothingLost(const Tree& found) {
 
 /// A texture that an .env names is where it says, wherever it was before the run.
 void ExpectTexturesWhereNamed(const Tree& found) {
-    const bool dawnIsNew = found.at("Environments/Dawn.env") == Tidy.at("Environments/Dawn.env");
-    EXPECT_TRUE(found.count(dawnIsNew ? "Environments/Dawn/Sky.bmp" : "Environments/Sky.bmp"));
+    for (const auto& [file, folder, texture] :
+         {std::tuple("Dawn.env", "Dawn", "Sky.bmp"), {"x.env.env", "X", "b.png"}})
+        if (const auto text = found.find(std::string("Environments/") + file); text != found.end()) {
+            const bool isNew = text->second.ends_with("\r\n\r\n");
+            const std::string place = isNew ? std::string(folder) + '/' + texture : texture;
+            EXPECT_TRUE(found.count("Environments/" + place)) << file << ' ' << place;
+        }
 }
 
 class CutOffOrganizer : public EnvironmentOrganizer, public ::testing::WithParamInterface<std::size_t> {};
 
-TEST_P(CutOffOrganizer, LosesNothingAtAnyCallAndCanBeRunAgain) {
-    for (int call = 1, calls = call; call <= calls; ++call) {
-        SCOPED_TRACE(call);
-        Fill(Untidy);
-        try {
-            FailingFiles files;
-            files.FailAt = call;
-            files.Cause = Causes[GetParam() % 3];
-            files.EndsSuddenly = GetParam() == 3;
-            Organize();
-            calls = files.Calls + 1;
-        } catch (const SuddenEnd&) {
-            calls = call + 1;
+TEST_P(CutOffOrganizer, LosesNothingAtAnyCallAndComesToTheSameEndWhenItIsRunAgain) {
+    const bool endsSuddenly = GetParam() == 3;
+    std::vector<std::pair<Tree, Tree>> cases = {{Untidy, Tidy}, {Sharing, Shared}};
+    if (endsSuddenly) // a texture that a failure keeps from moving is still there when the file has gone
+        cases.emplace_back(InPlaceOfFolders, FilesGone);
+    for (const auto& [before, after] : cases)
+        for (int call = 1, calls = call; call <= calls; ++call) {
+            SCOPED_TRACE(call);
+            Fill(before);
+            try {
+                FailingFiles files;
+                files.FailAt = call;
+                files.Cause = Causes[GetParam() % 3];
+                files.EndsSuddenly = endsSuddenly;
+                Organize();
+                calls = files.Calls + 1;
+            } catch (const SuddenEnd&) {
+                calls = call + 1;
+            }
+            ExpectNothingLost(before, after, Found());
+            ExpectTexturesWhereNamed(Found());
+            for (int again = 0; again < 3; ++again)
+                EXPECT_TRUE(Organize());
+            EXPECT_EQ(Found(), after);
+            if (HasFailure())
+                return;
         }
-        ExpectNothingLost(Found());
-        ExpectTexturesWhereNamed(Found());
-        EXPECT_TRUE(Organize());
-        EXPECT_EQ(Found(), Tidy);
-        EXPECT_FALSE(fs::exists(folder.Path() / "Environments/~railwright"));
-        if (HasFailure())
-            return;
-    }
 }
 
 INSTANTIATE_TEST_SUITE_P(OneCall, CutOffOrganizer, ::testing::Range<std::size_t>(0, 4));
+
+TEST_F(EnvironmentOrganizer, ListsAFolderAsOftenForManyEnvironmentsAsForFew) {
+    std::size_t listed[2] = {}, calls[2] = {};
+    for (const std::size_t times : {1U, 2U}) {
+        Tree tree;
+        for (std::size_t i = 0; i < 10 * times; ++i) {
+            const std::string name = "e" + std::to_string(10 + i);
+            tree["Environments/" + name + ".env"] = "t.texture.path=Environments\\" + name +
+                                                    ".PNG\r\nt.texture.path=Environments\\none" + name +
+                                                    "\r\n";
+            tree["Environments/" + name + ".png"] = name;
+        }
+        Fill(tree);
+        FailingFiles files;
+        EXPECT_TRUE(Organize());
+        EXPECT_TRUE(Found().count("Environments/e10/e10.PNG"));
+        listed[times - 1] = files.Listed, calls[times - 1] = static_cast<std::size_t>(files.Calls);
+    }
+    EXPECT_LE(listed[1], 2 * listed[0]);
+    EXPECT_LE(calls[1], 2 * calls[0]);
+}
+
+TEST_F(EnvironmentOrganizer, LeavesAListAloneThatIsNotItsOwn) {
+    for (const auto& [content, isOwn] :
+         {std::pair("a letter", false),
+          {"Railwright has not finished organizing these environments:/Dawn.env/gone.env/\r\n", true}}) {
+        Fill({{"Environments/Dawn.env", "t.texture.path=Environments\\Sky.bmp\r\n"},
+              {"Environments/Dawn/own.bmp", "own"},
+              {"Environments/New.env", "t.texture.path=Environments\\Sky.bmp\r\n"},
+              {"Environments/Sky.bmp", "sky"},
+              {"Environments/~unfinished=", content}});
+        const Tree before = Found();
+        EXPECT_EQ(ScanEnvironments(folder.Inside("")).Unorganized, isOwn ? 2 : 1);
+        EXPECT_EQ(Organize(), isOwn);
+        EXPECT_EQ(Found() == before, !isOwn);
+        EXPECT_EQ(Found().count("Environments/Dawn/Sky.bmp"), isOwn ? 1U : 0U);
+        EXPECT_EQ(Found().count("Environments/~unfinished="), isOwn ? 0U : 1U);
+    }
+}
 
 } // namespace
 } // namespace railwright::testing

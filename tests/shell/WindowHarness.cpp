@@ -14,7 +14,7 @@ Program& Program::Box(const QString& shown, const QString& button) {
 }
 
 Program& Program::File(const QString& title, const std::string& name, QString* fieldBefore) {
-    const std::string typed = PathForOutside(PathFromOutside(name));
+    const std::string typed = FilePath::FromUser(name).Native();
     expected.push_back({title, [typed, fieldBefore](ShownBox& dialog) {
                             dialog.Name(QString::fromStdString(typed), fieldBefore);
                         }});
@@ -38,8 +38,8 @@ void Program::Look() {
 
 Program::Program(const std::string& commandLine, bool simulator,
                  const std::function<void(Program&)>& foretell) {
-    sNoLimitsPath.clear();
-    sDocumentFile.clear();
+    sNoLimitsPath = {};
+    sDocumentFile = {};
     iDocumentKind = DocumentKinds::None;
     bDocumentChanged = false;
     ClearTrackDocument();

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QDropEvent>
 #include <QMimeData>
+#include <QStyleOption>
 #include <QUrl>
 
 namespace railwright::testing {
@@ -149,6 +150,44 @@ void WindowTests::DrawsFrameAndPreviewsSharp() {
         QCOMPARE(drawn.pixelColor(220, row) == QColor(255, 0, 0), row >= 398 && row < 404);
 }
 
+void WindowTests::ShowsTextsWhole() {
+    // A text with a bar at each end, in places that are too narrow for it.
+    for (const int lacking : {0, 2, 8}) {
+        QLabel label("|wwwwwwwwww|");
+        label.setFont(ControlFont());
+        label.setAlignment(Qt::AlignRight);
+        label.resize(label.sizeHint() - QSize(lacking, 0));
+        const QImage drawn = label.grab().toImage();
+        const int ground = drawn.pixelColor(0, 0).lightness();
+        int bars = 0;
+        for (int x = 0, wasBar = 0; x < drawn.width(); ++x) {
+            int dark = 0;
+            for (int y = 0; y < drawn.height(); ++y)
+                dark += drawn.pixelColor(x, y).lightness() < ground * 2 / 3 ? 1 : 0;
+            const int isBar = dark > 8 ? 1 : 0;
+            bars += isBar > wasBar ? 1 : 0;
+            wasBar = isBar;
+        }
+        QCOMPARE(bars, 2);
+    }
+    Program program(Comet);
+    int texts = 0;
+    for (const QWidget* const control : program.Window().findChildren<QWidget*>()) {
+        const QString text = control->property("text").toString();
+        if (text.isEmpty() || control->property("wordWrap").toBool())
+            continue;
+        QStyleOptionButton option;
+        option.initFrom(control);
+        const bool isChoice = control->inherits("QCheckBox") || control->inherits("QRadioButton");
+        const QRect place = isChoice ? control->style()->subElementRect(QStyle::SE_CheckBoxContents, &option)
+                                     : control->contentsRect();
+        const int width = control->fontMetrics().size(Qt::TextShowMnemonic, text).width();
+        QVERIFY2(width <= place.width() + 2, qPrintable(text));
+        ++texts;
+    }
+    QVERIFY(texts > 80);
+}
+
 void WindowTests::StartsWithFileAndSimulator() {
     const QString question = "Unknown NoLimits Path|Unable to locate your NoLimits Installation Path.\n"
                              "This path is required to use some of the Tools featured in this Railwright.\n"
@@ -169,7 +208,7 @@ void WindowTests::StartsWithFileAndSimulator() {
                 asked.Box(note, "OK");
         });
         QCOMPARE(program.Title(), QString("Railwright: harbor-comet.nltrack"));
-        QCOMPARE(sNoLimitsPath, chosen.empty() ? "" : simulator.Inside(""));
+        QVERIFY(sNoLimitsPath == (chosen.empty() ? FilePath() : simulator.Inside("")));
         QVERIFY(Open(Loop));
         for (const char* const name :
              {"lblNolimitsTools(0)", "lblNolimitsTools(1)", "mnuNLEnvOrganizer", "mnuNLFileAssoc"})
@@ -187,7 +226,8 @@ void WindowTests::StartsWithFileAndSimulator() {
     // The toolkit shows a doubled mark as one.
     QCOMPARE(program.Title(), "Railwright: " + QString(words).replace("[*]", "[*][*]") + ".NLTrack");
     QVERIFY(program.Report().startsWith("File Name...: " + words + '\n') && !bDocumentChanged);
-    QCOMPARE(sNoLimitsPath, PathFromOutside(QCoreApplication::applicationDirPath().toStdString()) + '\\');
+    QVERIFY(sNoLimitsPath ==
+            FilePath::FromUser(QCoreApplication::applicationDirPath().toStdString()).AsFolder());
 
     // Where the simulator was installed is taken as it stands, and counts even if it is empty.
     const char* const key = "Software\\NoLimits Coasters";
@@ -196,7 +236,7 @@ void WindowTests::StartsWithFileAndSimulator() {
         RegistryInput installed = registered;
         QVERIFY(WriteRegistryValue(HKEY_CURRENT_USER, key, REG_SZ, "InstPath", installed));
         Program found("", false);
-        QCOMPARE(sNoLimitsPath, std::string(path));
+        QCOMPARE(sNoLimitsPath.InWindowsForm(), std::string(path));
         QVERIFY(found.IsEnabled("lblNolimitsTools(1)"));
     }
     QVERIFY(DeleteRegistryKey(HKEY_CURRENT_USER, key));
@@ -211,7 +251,7 @@ void WindowTests::FailsToOpen() {
              {"other.txt", "NLIM", unknown},
              {"nltrack", "NLIM", unknown}}) {
         Program program(Example("switchback-spur.nltrack"));
-        const std::string left = message == unknown ? "" : sDocumentFile;
+        const FilePath left = message == unknown ? FilePath() : sDocumentFile;
         program.Choose("mnuTMirror");
         Change(program);
         WriteBytes(program.Path(name), {content.begin(), content.end()});
@@ -245,7 +285,8 @@ void WindowTests::Saves() {
     for (int failure = 0; failure < 2; ++failure) {
         program.Choose("mnuSaveAs");
         QCOMPARE(offered, QString("harbor-comet.nltrack"));
-        QVERIFY(bDocumentChanged && program.Title().endsWith('*') && sDocumentFile == PathFromOutside(Comet));
+        QVERIFY(bDocumentChanged && program.Title().endsWith('*') &&
+                sDocumentFile == FilePath::FromUser(Comet));
     }
     program.Choose("mnuSaveAs");
     QVERIFY(!bDocumentChanged && program.Title() == "Railwright: saved.nltrack");
@@ -265,10 +306,16 @@ void WindowTests::Saves() {
     QVERIFY(!bDocumentChanged && Open(program.Path("other.dat.nltrack")));
     QCOMPARE(Track.BezierCurve.Nodes[0].Position.X, back);
     QVERIFY(Open(Loop));
-    program.File("Save NoLimits Element File...", program.Path("turned"));
+    // No code page has all letters of this name.
+    const std::string turned = "turned  \u6771\u4EAC \u0416";
+    program.File("Save NoLimits Element File...", program.Path(turned))
+        .File("Open NoLimits File...", program.Path(turned + ".nlelem"));
     program.Choose("mnuSaveAs");
-    QCOMPARE(program.Title(), QString("Railwright: turned.nlelem"));
-    QVERIFY(Open(program.Path("turned.nlelem")));
+    const QString title = program.Title();
+    QCOMPARE(title, QString::fromStdString("Railwright: " + turned + ".nlelem"));
+    QVERIFY(Open(Comet));
+    program.Choose("mnuOpen");
+    QCOMPARE(program.Title(), title);
 }
 
 void WindowTests::KeepsTheOldFileOfASaveThatFails() {
@@ -277,8 +324,8 @@ void WindowTests::KeepsTheOldFileOfASaveThatFails() {
     const std::string file = program.Path("a.nlelem");
     const Bytes old = ReadBytes(Loop);
     WriteBytes(file, old);
-    // Open, a write of each 100 bytes, cut off, flush, close and rename.
-    const auto calls = 5 + static_cast<int>(old.size() + 99) / 100;
+    // Look, follow links, open, a write of each 100 bytes, cut off, flush and exchange.
+    const auto calls = 6 + static_cast<int>(old.size() + 99) / 100;
     const QString title = "Save NoLimits Element File...";
     for (int failing = 1; failing <= calls + 1; ++failing) {
         const bool fails = failing <= calls;
@@ -342,7 +389,7 @@ void WindowTests::SaysWhereTheContentIsThatLostItsFile() {
     WriteBytes(file, {1, 2, 3});
     FailingFiles files;
     files.LosesTheOldFile = true;
-    const std::string left = PathForOutside(files.TemporaryNameBeside(PathFromOutside(file)));
+    const std::string left = program.Path("kept-1-a.nlelem");
     const QString title = "Save NoLimits Element File...";
     program.File(title, file)
         .Box(OverwriteQuestion(title, "a.nlelem"), "Yes")

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Paths.h"
+#include "platform/FilePath.h"
 #include "shell/Controls.h"
 #include "shell/frmMain.h"
 #include "shell/mMain.h"
@@ -64,7 +64,7 @@ private:
 
 /// Opens a file by its name as a user would type it.
 inline bool Open(const std::string& file) {
-    return OpenNoLimitsFile(PathFromOutside(file));
+    return OpenNoLimitsFile(FilePath::FromUser(file));
 }
 
 const std::string Comet = Example("harbor-comet.nltrack");
@@ -76,6 +76,7 @@ private slots:
     void ReachesEveryPanel();
     void EnablesByTheDocument();
     void DrawsFrameAndPreviewsSharp();
+    void ShowsTextsWhole();
     void StartsWithFileAndSimulator();
     void FailsToOpen();
     void Saves();

@@ -17,13 +17,14 @@ struct SuddenEnd {};
 /// The system's file operations with faults of the test's choice, in force while it lives. Counted are the
 /// calls that can fail. No write takes more than 100 bytes at once, and none waits for the disk.
 class FailingFiles final : public FileOperations {
-    using Name = const std::string&;
+    using Name = const FilePath&;
     using Error = std::error_code&;
     using Opened = std::unique_ptr<OpenFile>;
 
 public:
     int FailAt = 0;              // the number of the call that fails, counted from 1; 0 for none
     int Calls = 0;               // made so far
+    std::size_t Listed = 0;      // names of files given so far
     bool Stays = false;          // every call behind that one fails as well
     std::errc Cause = Causes[0]; // what the failure gives
     bool EndsSuddenly = false;   // instead of a failure the process ends at that call
@@ -31,36 +32,39 @@ public:
         false; // an exchange breaks off in the middle: the old file is gone, the new one has no name
     bool WritesNothing = false;  // a write that fails gives no error, it only writes nothing
     std::errc OpenNewError = {}; // what OpenNew gives; no error for the system's own answer
+    std::vector<FilePath> Aside = SystemFiles().TemporaryFolders(); // for copies
+    std::vector<std::string> Log = {}; // each exchange, and each folder that is flushed
 
-    FileStatus Status(Name path) override { return real.Status(path); }
-    FileStatus ExactStatus(Name path) override { return real.ExactStatus(path); }
-    std::string BehindLinks(Name path) override { return real.BehindLinks(path); }
-    std::string TemporaryNameBeside(Name path) override { return real.TemporaryNameBeside(path); }
-    void FlushFolder(Name) override {}
+    FileStatus Status(Name path) override { return Fails(status.Error) ? status : real.Status(path); }
+    FilePath BehindLinks(Name a, Error e) override { return Fails(e) ? a : real.BehindLinks(a, e); }
+    std::vector<FilePath> TemporaryFolders() override { return Aside; }
+    void FlushFolder(Name folder) override { Log.push_back(folder.Native()); }
+    void DeleteLeftovers(Name folder) override { real.DeleteLeftovers(folder); }
     Opened OpenToRead(Name a, Error e) override { return Fails(e) ? nullptr : Wrap(real.OpenToRead(a, e)); }
-    Opened OpenNew(Name path, Name like, Error e) override {
+    std::unique_ptr<NewFile> OpenNew(Name path, bool replaces, Error e) override {
         e = OpenNewError == std::errc{} ? e : std::make_error_code(OpenNewError);
-        return e || Fails(e) ? nullptr : Wrap(real.OpenNew(path, like, e));
+        auto file = e || Fails(e) ? nullptr : real.OpenNew(path, replaces, e);
+        return file ? std::make_unique<New>(*this, path, std::move(file)) : nullptr;
     }
+    Opened OpenCopy(Name path, Error e) override { return Fails(e) ? nullptr : Wrap(real.OpenCopy(path, e)); }
     Opened OpenToOverwrite(Name path, Error e) override {
         return Fails(e) ? nullptr : Wrap(real.OpenToOverwrite(path, e));
-    }
-    void Replace(Name from, Name to, Error e) override {
-        if (!LosesTheOldFile)
-            return Fails(e) ? void() : real.Replace(from, to, e);
-        real.Delete(to, e);
-        e = std::error_code(1177, std::system_category());
     }
     void Move(Name from, Name to, Error e) override { Fails(e) ? void() : real.Move(from, to, e); }
     void Delete(Name path, Error e) override { Fails(e) ? void() : real.Delete(path, e); }
     void CreateFolder(Name path, Error e) override { Fails(e) ? void() : real.CreateFolder(path, e); }
-    std::vector<std::string> List(Name path, Error e) override {
-        return Fails(e) ? std::vector<std::string>{} : real.List(path, e);
+    std::vector<FileName> List(Name path, Error e) override {
+        std::vector<FileName> names;
+        if (!Fails(e))
+            names = real.List(path, e);
+        Listed += names.size();
+        return names;
     }
 
 private:
     struct File final : OpenFile {
-        File(FailingFiles& files, Opened opened) : All(files), Real(std::move(opened)) {}
+        File(FailingFiles& files, OpenFile& opened) : All(files), Real(&opened) {}
+        File(FailingFiles& files, Opened opened) : File(files, *opened) { Own = std::move(opened); }
         std::size_t Read(std::span<std::uint8_t> into, Error e) override {
             return All.Fails(e) ? 0 : Real->Read(into, e);
         }
@@ -72,10 +76,28 @@ private:
         }
         void CutOff(Error e) override { All.Fails(e) ? void() : Real->CutOff(e); }
         void Flush(Error e) override { All.Fails(e); }
-        // The system closes a file even when it reports that the last bytes were lost.
-        void Close(Error e) override { Real->Close(e), All.Fails(e); }
+        void Rewind(Error e) override { All.Fails(e) ? void() : Real->Rewind(e); }
+        std::int64_t Length(Error e) override { return All.Fails(e) ? 0 : Real->Length(e); }
         FailingFiles& All;
-        Opened Real;
+        OpenFile* Real;
+        Opened Own;
+    };
+    struct New final : NewFile {
+        New(FailingFiles& files, Name path, std::unique_ptr<NewFile> opened)
+            : All(files), Path(path), Real(std::move(opened)) {}
+        OpenFile& Content() override { return Written; }
+        void TakePlace(Error e) override {
+            All.Log.emplace_back("exchange");
+            if (!All.LosesTheOldFile)
+                return All.Fails(e) ? void() : Real->TakePlace(e);
+            All.real.Delete(Path, e);
+            e = std::error_code(1177, std::system_category());
+        }
+        void KeepAs(Name path, Error e) override { All.Fails(e) ? void() : Real->KeepAs(path, e); }
+        FailingFiles& All;
+        FilePath Path;
+        std::unique_ptr<NewFile> Real;
+        File Written{All, Real->Content()};
     };
 
     /// Counts a call. @return whether it is the one to fail; then the error is set.
@@ -88,6 +110,7 @@ private:
     }
     Opened Wrap(Opened file) { return file ? std::make_unique<File>(*this, std::move(file)) : nullptr; }
 
+    FileStatus status = {.What = FileStatus::Kind::Unknown}; // of what cannot be looked at
     FileOperations& real = SystemFiles();
     ScopedFileOperations scope{*this};
 };

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "platform/Paths.h"
+#include "platform/FilePath.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -18,14 +19,17 @@ using Names = std::vector<std::string>;
 inline const Bytes Old(180, 'o'), New(250, 'n');
 
 /// A folder of its own for one test, gone with everything in it at the test's end. Paths are as a user would
-/// type them, those Inside as the program uses them.
+/// type them, those Inside as the program uses them, with a backslash between the names.
 class TemporaryFolder {
 public:
     TemporaryFolder() { std::filesystem::create_directories(folder); }
     ~TemporaryFolder() { std::filesystem::remove_all(folder); }
     const std::filesystem::path& Path() const { return folder; }
     std::string File(const std::string& name) const { return (folder / name).string(); }
-    std::string Inside(const std::string& name) const { return PathFromOutside(File(name)); }
+    FilePath Inside(std::string name) const {
+        std::replace(name.begin(), name.end(), '\\', '/');
+        return FilePath::FromUser(File(name));
+    }
     /// The names of all that lies in the folder, in order.
     std::vector<std::string> Names() const {
         std::set<std::string> names;

@@ -1,6 +1,5 @@
 #include "cli/Steps.h"
 #include "geometry/mNoLimits_TrackTools.h"
-#include "platform/Paths.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/Tracks.h"
 #include "tools/mNLE_Rotate.h"
@@ -183,7 +182,7 @@ TEST_F(Tools, LayATrackBackOverItselfAndRunItBackwards) {
 }
 
 /// @return the report, with LF for its ends of lines.
-static std::string Overview(const std::string& file = "gone.nltrack",
+static std::string Overview(const FilePath& file = FilePath::FromUser("gone.nltrack"),
                             const NumberSeparators& separators = {}) {
     AnalyzeTrack();
     std::string report = BuildTrackOverview(file, separators);

@@ -136,7 +136,7 @@ TEST_F(TrackFile, BrokenFilesAreRefusedWithTheFaultAndItsByte) {
         Track = Random<TrackDocument>(1);
         Element = Random<ElementDocument>(1);
         const bool isTrack = HasExtension(broken, TrackExtension);
-        const std::string path = PathFromOutside(entry.path().string());
+        const FilePath path = FilePath::FromUser(entry.path().string());
         const std::size_t before = allocated;
         FileResult loaded = isTrack ? LoadTrackFile(path) : LoadElementFile(path);
         EXPECT_LT(allocated - before, 20'000U);

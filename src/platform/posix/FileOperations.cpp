@@ -1,14 +1,15 @@
 #include "platform/FileOperations.h"
 
-#include "base/FileName.h"
-#include "platform/Paths.h"
-#include "platform/posix/NameLookup.h"
+#include "platform/posix/FileLock.h"
+#include "platform/posix/Move.h"
+#include "platform/posix/NewFile.h"
+#include "platform/posix/PosixFile.h"
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstdio>
-#include <utility>
+#include <climits>
+#include <cstdlib>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -17,172 +18,120 @@
 namespace railwright {
 namespace {
 
-std::error_code LastError() {
-    return {errno, std::system_category()};
-}
+/// A named pipe would keep the program waiting for who is at its other end.
+constexpr int AtOnce = O_NONBLOCK | O_NOCTTY;
 
-class PosixFile final : public OpenFile {
-public:
-    explicit PosixFile(int opened) : descriptor(opened) {}
-    PosixFile(const PosixFile&) = delete;
-    PosixFile& operator=(const PosixFile&) = delete;
-    ~PosixFile() override {
-        if (descriptor >= 0)
-            close(descriptor);
-    }
-
-    std::size_t Read(std::span<std::uint8_t> into, std::error_code& error) override {
-        return Checked([&] { return read(descriptor, into.data(), into.size()); }, error);
-    }
-    std::size_t Write(std::span<const std::uint8_t> bytes, std::error_code& error) override {
-        return Checked([&] { return write(descriptor, bytes.data(), bytes.size()); }, error);
-    }
-    void CutOff(std::error_code& error) override {
-        Checked([&] { return ftruncate(descriptor, lseek(descriptor, 0, SEEK_CUR)); }, error);
-    }
-    void Flush(std::error_code& error) override {
-        Checked([&] { return fsync(descriptor); }, error);
-    }
-    void Close(std::error_code& error) override {
-        if (close(std::exchange(descriptor, -1)) != 0 && errno != EINTR)
-            error = LastError();
-    }
-
-private:
-    /// Runs a call again for as long as a signal interrupts it. @return its result, 0 on failure.
-    template <class Call>
-    static std::size_t Checked(Call call, std::error_code& error) {
-        auto result = call();
-        while (result < 0 && errno == EINTR)
-            result = call();
-        if (result < 0)
-            error = LastError();
-        return result < 0 ? 0 : static_cast<std::size_t>(result);
-    }
-
-    int descriptor;
-};
-
-FileStatus StatusOf(const std::string& native) {
+FileStatus StatusOf(const FilePath& path) {
+    const char* const native = path.Native().c_str();
     struct stat found {};
     FileStatus status;
-    if (stat(native.c_str(), &found) != 0)
+    status.IsLink = lstat(native, &found) == 0 && S_ISLNK(found.st_mode);
+    status.Hidden = path.Name().Native().starts_with('.');
+    if (stat(native, &found) != 0) {
+        if (errno != ENOENT && errno != ENOTDIR && errno != ENAMETOOLONG) {
+            status.What = FileStatus::Kind::Unknown;
+            status.Error = LastError();
+        }
         return status;
+    }
     status.What = S_ISREG(found.st_mode)   ? FileStatus::Kind::File
                   : S_ISDIR(found.st_mode) ? FileStatus::Kind::Folder
                                            : FileStatus::Kind::Other;
-    status.Hidden = native[native.rfind('/') + 1] == '.';
-    status.Writable = access(native.c_str(), W_OK) == 0;
+    status.Writable = access(native, W_OK) == 0;
     status.Length = status.What == FileStatus::Kind::File ? found.st_size : 0;
     return status;
 }
 
 class PosixFiles final : public FileOperations {
 public:
-    FileStatus Status(const std::string& path) override { return StatusOf(ExistingName(path)); }
+    FileStatus Status(const FilePath& path) override { return StatusOf(path); }
 
-    FileStatus ExactStatus(const std::string& path) override { return StatusOf(NewName(path)); }
-
-    std::string BehindLinks(const std::string& path) override {
-        std::string native = NewName(path);
+    FilePath BehindLinks(const FilePath& path, std::error_code& error) override {
+        std::string native = path.Native();
         for (int links = 0; links < 40; ++links) {
-            std::array<char, 4096> target{};
+            std::array<char, PATH_MAX> target{};
             const auto length = readlink(native.c_str(), target.data(), target.size());
-            if (length <= 0 || static_cast<std::size_t>(length) == target.size())
-                break;
+            if (length < 0) {
+                if (errno != EINVAL && errno != ENOENT && errno != ENOTDIR) // it is no link, or not there
+                    error = LastError();
+                return FilePath::FromUser(native);
+            }
             const std::string next(target.data(), static_cast<std::size_t>(length));
-            native = next.front() == '/' ? next : native.substr(0, native.rfind('/') + 1) + next;
+            native = next.starts_with('/') ? next : native.substr(0, native.rfind('/') + 1) + next;
         }
-        return PathFromOutside(native);
+        error = std::make_error_code(std::errc::too_many_symbolic_link_levels);
+        return path;
     }
 
-    std::unique_ptr<OpenFile> OpenToRead(const std::string& path, std::error_code& error) override {
-        // Without O_NONBLOCK a named pipe would keep the program waiting for a writer.
-        return Opened(open(ExistingName(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK), error);
+    std::unique_ptr<OpenFile> OpenToRead(const FilePath& path, std::error_code& error) override {
+        return OpenNative(path.Native(), O_RDONLY | AtOnce, 0, error);
     }
 
-    std::unique_ptr<OpenFile> OpenNew(const std::string& path, const std::string& like,
-                                      std::error_code& error) override {
-        struct stat old {};
-        const bool inherits = !like.empty() && stat(NewName(like).c_str(), &old) == 0;
-        const int descriptor = open(NewName(path).c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC,
-                                    inherits ? S_IRUSR | S_IWUSR : 0666);
-        if (descriptor >= 0 && inherits) {
-            // The owner first: a change of owner clears some bits of the mode. Only root can give a file
-            // away, and a file that another owner let everybody write is still saved.
-            [[maybe_unused]] const int owned = fchown(descriptor, old.st_uid, old.st_gid);
-            fchmod(descriptor, old.st_mode & 07777U);
+    std::unique_ptr<NewFile> OpenNew(const FilePath& path, bool replaces, std::error_code& error) override {
+        return OpenNewNative(path.Native(), replaces, error);
+    }
+
+    std::unique_ptr<OpenFile> OpenCopy(const FilePath& path, std::error_code& error) override {
+        return OpenNative(path.Native(), O_WRONLY | O_CREAT | O_EXCL, S_IRUSR | S_IWUSR, error);
+    }
+
+    std::unique_ptr<OpenFile> OpenToOverwrite(const FilePath& path, std::error_code& error) override {
+        const std::string native = path.Native();
+        while (!error) {
+            auto file = OpenNative(native, O_RDWR | AtOnce, 0, error);
+            if (file)
+                LockPatiently(file->Descriptor(), error);
+            struct stat held {
+            }, named{};
+            if (!error)
+                Check(fstat(file->Descriptor(), &held) != 0 ? -1 : stat(native.c_str(), &named), error);
+            // While it waited another file may have taken the name.
+            if (!error && held.st_ino == named.st_ino && held.st_dev == named.st_dev)
+                return file;
         }
-        return Opened(descriptor, error);
+        return nullptr;
     }
 
-    std::unique_ptr<OpenFile> OpenToOverwrite(const std::string& path, std::error_code& error) override {
-        return Opened(open(NewName(path).c_str(), O_WRONLY | O_CLOEXEC), error);
+    void Move(const FilePath& from, const FilePath& to, std::error_code& error) override {
+        MoveNative(from.Native(), to.Native(), error);
     }
 
-    void Replace(const std::string& from, const std::string& to, std::error_code& error) override {
-        Check(rename(NewName(from).c_str(), NewName(to).c_str()), error);
+    void Delete(const FilePath& path, std::error_code& error) override {
+        Check(unlink(path.Native().c_str()), error);
     }
 
-    void Move(const std::string& from, const std::string& to, std::error_code& error) override {
-        const std::string source = ExistingName(from);
-        const std::string target = NewName(to);
-        if (renameat2(AT_FDCWD, source.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE) == 0)
-            return;
-        if (errno != EINVAL && errno != ENOSYS) {
-            error = LastError();
-            return;
-        }
-        // On a file system without this call a file takes the new name first, which fails if there is one. A
-        // folder cannot have two names.
-        if (StatusOf(source).What == FileStatus::Kind::Folder && access(target.c_str(), F_OK) != 0) {
-            Check(rename(source.c_str(), target.c_str()), error);
-            return;
-        }
-        Check(link(source.c_str(), target.c_str()), error);
-        if (!error)
-            Check(unlink(source.c_str()), error);
+    void CreateFolder(const FilePath& path, std::error_code& error) override {
+        Check(mkdir(path.Native().c_str(), 0777), error);
     }
 
-    void Delete(const std::string& path, std::error_code& error) override {
-        Check(unlink(ExistingName(path).c_str()), error);
-    }
-
-    void CreateFolder(const std::string& path, std::error_code& error) override {
-        Check(mkdir(NewName(path).c_str(), 0777), error);
-    }
-
-    std::vector<std::string> List(const std::string& folder, std::error_code& error) override {
-        std::vector<std::string> names = NamesIn(ExistingName(folder), error);
+    std::vector<FileName> List(const FilePath& folder, std::error_code& error) override {
+        std::vector<FileName> names;
+        for (std::string& name : NamesIn(folder.Native(), error))
+            names.emplace_back(std::move(name));
         std::sort(names.begin(), names.end());
         return names;
     }
 
-    void FlushFolder(const std::string& folder) override {
-        const std::string native = folder.empty() ? "." : ExistingName(folder);
+    void FlushFolder(const FilePath& folder) override {
+        const std::string native = folder.IsEmpty() ? "." : folder.Native();
         std::error_code ignored; // not every file system can do it
-        if (const auto opened = Opened(open(native.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC), ignored);
-            opened)
+        if (const auto opened = OpenNative(native, O_RDONLY | O_DIRECTORY, 0, ignored))
             opened->Flush(ignored);
     }
 
-    std::string TemporaryNameBeside(const std::string& path) override {
-        const std::string start = FolderOf(path) + ".railwright-" + std::to_string(getpid()) + '-';
-        for (int number = 0;; ++number) {
-            std::string name = start + std::to_string(number) + ".tmp";
-            if (ExactStatus(name).What == FileStatus::Kind::Missing)
-                return name;
-        }
+    void DeleteLeftovers(const FilePath& folder) override {
+        DeleteLeftoversIn(folder.IsEmpty() ? "" : folder.AsFolder().Native());
+    }
+
+    /// What lies in /var/tmp outlives a start of the system.
+    std::vector<FilePath> TemporaryFolders() override {
+        std::vector<FilePath> folders = {FilePath::FromUser("/var/tmp"), FilePath::FromUser("/tmp")};
+        if (const char* const own = std::getenv("TMPDIR"); own != nullptr && *own == '/')
+            folders.insert(folders.begin(), FilePath::FromUser(own));
+        return folders;
     }
 
 private:
-    static std::unique_ptr<OpenFile> Opened(int descriptor, std::error_code& error) {
-        if (descriptor >= 0)
-            return std::make_unique<PosixFile>(descriptor);
-        error = LastError();
-        return nullptr;
-    }
-
     static void Check(int result, std::error_code& error) {
         if (result != 0)
             error = LastError();

@@ -1,15 +1,17 @@
 #include "platform/Registry.h"
 
-#include "base/FileName.h"
 #include "platform/CodePage.h"
 #include "platform/FileOperations.h"
-#include "platform/Paths.h"
 #include "platform/WholeFile.h"
+#include "platform/posix/FileLock.h"
+#include "platform/posix/PosixFile.h"
 #include "platform/posix/RegistryText.h"
 
 #include <algorithm>
 #include <cstdlib>
 #include <map>
+
+#include <fcntl.h>
 
 namespace railwright::registry {
 namespace {
@@ -20,20 +22,20 @@ std::string Environment(const char* name) {
 }
 
 /// @return the file that is the registry; empty if the user has no folder of their own.
-std::string RegistryFile() {
+FilePath RegistryFile() {
     if (const std::string named = Environment("RAILWRIGHT_REGISTRY"); !named.empty())
-        return PathFromOutside(named);
+        return FilePath::FromUser(named);
     std::string data = Environment("XDG_DATA_HOME");
     if (!data.starts_with('/')) { // also a relative one, which does not count
         const std::string home = Environment("HOME");
         data = home.empty() ? "" : home + "/.local/share";
     }
-    return data.empty() ? "" : PathFromOutside(data + "/railwright/registry.reg");
+    return data.empty() ? FilePath() : FilePath::FromUser(data + "/railwright/registry.reg");
 }
 
 std::int32_t Load(RegistryTree& tree) {
-    const std::string file = RegistryFile();
-    if (file.empty() || Files().Status(file).What == FileStatus::Kind::Missing)
+    const FilePath file = RegistryFile();
+    if (file.IsEmpty() || Files().Status(file).What == FileStatus::Kind::Missing)
         return ERROR_SUCCESS;
     std::vector<std::uint8_t> bytes;
     if (!ReadWholeFile(file, bytes))
@@ -46,12 +48,22 @@ std::int32_t Load(RegistryTree& tree) {
 }
 
 std::int32_t Save(const RegistryTree& tree) {
-    const std::string file = RegistryFile();
-    if (file.empty())
-        return ERROR_ACCESS_DENIED;
-    // The folder may be there without the right to look at it: the writing tells.
-    static_cast<void>(CreateFolders(FolderOf(file)));
-    return WriteWholeFile(file, FormatRegistry(tree)) ? ERROR_SUCCESS : ERROR_ACCESS_DENIED;
+    return WriteWholeFile(RegistryFile(), FormatRegistry(tree)) ? ERROR_SUCCESS : ERROR_ACCESS_DENIED;
+}
+
+/// Keeps every other process from changing the registry as long as it is held, so that nothing is lost
+/// between the reading and the writing. The file is a new one after each change, but its folder stays.
+/// @return null if it cannot be had.
+std::unique_ptr<PosixFile> HoldRegistry() {
+    std::error_code error;
+    const FilePath file = RegistryFile();
+    const FilePath folder = Files().BehindLinks(file, error).Folder();
+    if (file.IsEmpty() || error || !CreateFolders(folder))
+        return nullptr;
+    auto held = OpenNative(folder.IsEmpty() ? "." : folder.Native(), O_RDONLY | O_DIRECTORY, 0, error);
+    if (held)
+        LockPatiently(held->Descriptor(), error);
+    return error ? nullptr : std::move(held);
 }
 
 /// The paths of the keys that are open, by their handles.
@@ -150,6 +162,9 @@ std::int32_t RegCreateKeyA(Handle key, const char* subKey, Handle* result) {
     if (const std::int32_t loaded = LoadPath(key, subKey, path, tree); loaded != ERROR_SUCCESS)
         return loaded;
     if (!IsRoot(path) && tree.Find(path) == nullptr) {
+        const auto held = HoldRegistry();
+        if (const std::int32_t loaded = held ? Load(tree) : ERROR_ACCESS_DENIED; loaded != ERROR_SUCCESS)
+            return loaded;
         tree.Make(path);
         if (const std::int32_t saved = Save(tree); saved != ERROR_SUCCESS)
             return saved;
@@ -185,6 +200,9 @@ std::int32_t RegQueryValueExA(Handle key, const char* valueName, std::uint32_t*,
 
 std::int32_t RegSetValueExA(Handle key, const char* valueName, std::uint32_t, std::uint32_t type,
                             const std::uint8_t* data, std::uint32_t size) {
+    const auto held = HoldRegistry();
+    if (!held)
+        return ERROR_ACCESS_DENIED;
     RegistryTree tree;
     RegistryKey* found = nullptr;
     if (const std::int32_t loaded = LoadKey(key, tree, found); loaded != ERROR_SUCCESS)
@@ -202,6 +220,9 @@ std::int32_t RegSetValueExA(Handle key, const char* valueName, std::uint32_t, st
 }
 
 std::int32_t RegDeleteKeyA(Handle key, const char* subKey) {
+    const auto held = HoldRegistry();
+    if (!held)
+        return ERROR_ACCESS_DENIED;
     RegistryName path;
     RegistryTree tree;
     if (const std::int32_t loaded = LoadPath(key, subKey, path, tree); loaded != ERROR_SUCCESS)

@@ -10,8 +10,8 @@ namespace railwright {
 namespace {
 
 /// Stands for the backslash in the form by which keys are sorted: below every character of a name, so that
-/// the subkeys of a key follow it directly.
-constexpr char16_t Separator = 1;
+/// the subkeys of a key follow it directly. What comes after it ends them.
+constexpr std::string_view Separator("\0\1", 2), BehindSeparator("\0\2", 2);
 
 /// For each character the small one of its letter. Only those of the code page have one.
 RegistryName FoldedCharacters() {
@@ -31,9 +31,15 @@ RegistryName FoldedName(RegistryName name) {
     return name;
 }
 
-RegistryName SortedForm(const RegistryName& path) {
-    RegistryName form = FoldedName(path);
-    std::replace(form.begin(), form.end(), u'\\', Separator);
+/// @return two bytes for each character of a path, the high one first: that compares fastest.
+std::string SortedForm(const RegistryName& path) {
+    const RegistryName folded = FoldedName(path);
+    std::string form(2 * folded.size(), '\0');
+    for (std::size_t i = 0; i < folded.size(); ++i) {
+        const unsigned unit = folded[i] == u'\\' ? 1 : folded[i];
+        form[2 * i] = static_cast<char>(unit >> 8U);
+        form[2 * i + 1] = static_cast<char>(unit & 0xFFU);
+    }
     return form;
 }
 
@@ -54,20 +60,18 @@ RegistryName WidenAnsi(std::string_view ansi) {
 }
 
 std::vector<std::uint8_t> ToWideBytes(std::u16string_view wide) {
-    std::vector<std::uint8_t> bytes;
-    bytes.reserve(2 * wide.size());
-    for (const char16_t unit : wide) {
-        bytes.push_back(static_cast<std::uint8_t>(unit & 0xFFU));
-        bytes.push_back(static_cast<std::uint8_t>(unit >> 8U));
+    std::vector<std::uint8_t> bytes(2 * wide.size());
+    for (std::size_t i = 0; i < wide.size(); ++i) {
+        bytes[2 * i] = static_cast<std::uint8_t>(wide[i] & 0xFFU);
+        bytes[2 * i + 1] = static_cast<std::uint8_t>(wide[i] >> 8U);
     }
     return bytes;
 }
 
 RegistryName FromWideBytes(const std::vector<std::uint8_t>& bytes) {
-    RegistryName wide;
-    wide.reserve(bytes.size() / 2);
-    for (std::size_t i = 0; i + 1 < bytes.size(); i += 2)
-        wide += static_cast<char16_t>(bytes[i] | bytes[i + 1] << 8);
+    RegistryName wide(bytes.size() / 2, u'\0');
+    for (std::size_t i = 0; i < wide.size(); ++i)
+        wide[i] = static_cast<char16_t>(bytes[2 * i] | bytes[2 * i + 1] << 8);
     return wide;
 }
 
@@ -77,25 +81,30 @@ RegistryKey* RegistryTree::Find(const RegistryName& path) {
 }
 
 RegistryKey& RegistryTree::Make(const RegistryName& path) {
-    if (const std::size_t above = path.rfind(u'\\'); above != RegistryName::npos)
-        if (const RegistryName parent = path.substr(0, above); Find(parent) == nullptr)
-            Make(parent);
-    RegistryKey& key = keys[SortedForm(path)];
-    if (key.Path.empty())
-        key.Path = path;
-    return key;
+    const std::string form = SortedForm(path);
+    RegistryKey& made = keys[form];
+    // Those above it are there as soon as one of them is.
+    RegistryKey* key = &made;
+    for (std::size_t end = path.size(); key->Path.empty() && end > 0; key = &keys[form.substr(0, 2 * end)]) {
+        key->Path = path.substr(0, end);
+        end = path.rfind(u'\\', end - 1);
+        if (end == RegistryName::npos)
+            break;
+    }
+    return made;
 }
 
 bool RegistryTree::HasSubkeys(const RegistryName& path) const {
-    const RegistryName start = SortedForm(path) + Separator;
+    const std::string start = SortedForm(path) + std::string(Separator);
     const auto next = keys.lower_bound(start);
     return next != keys.end() && next->first.starts_with(start);
 }
 
 void RegistryTree::Remove(const RegistryName& path) {
-    const RegistryName form = SortedForm(path);
+    const std::string form = SortedForm(path);
     keys.erase(form);
-    keys.erase(keys.lower_bound(form + Separator), keys.lower_bound(form + char16_t{Separator + 1}));
+    keys.erase(keys.lower_bound(form + std::string(Separator)),
+               keys.lower_bound(form + std::string(BehindSeparator)));
 }
 
 RegistryValue& RegistryTree::MakeValue(RegistryKey& key, const RegistryName& name) {

@@ -60,10 +60,10 @@ public:
     static void RemoveValue(RegistryKey& key, const RegistryName& name);
 
     /// All keys, each before its subkeys, by a form of the path that sorts so.
-    const std::map<RegistryName, RegistryKey>& Keys() const { return keys; }
+    const std::map<std::string, RegistryKey>& Keys() const { return keys; }
 
 private:
-    std::map<RegistryName, RegistryKey> keys;
+    std::map<std::string, RegistryKey> keys;
 };
 
 } // namespace railwright

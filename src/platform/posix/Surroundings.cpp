@@ -1,9 +1,10 @@
 #include "platform/CodePage.h"
 #include "platform/CommandLine.h"
-#include "platform/Paths.h"
+#include "platform/FilePath.h"
 #include "platform/UserLocale.h"
 
 #include <algorithm>
+#include <csignal>
 #include <string_view>
 
 #include <langinfo.h>
@@ -19,12 +20,6 @@ std::string Separator(nl_item item, locale_t locale) {
     const bool isUtf8 = std::string_view(nl_langinfo_l(CODESET, locale)) == "UTF-8";
     const std::string utf8 = isUtf8 ? own : ToUtf8(own, Windows1252());
     return utf8 == "\u202F" || utf8 == "\u2009" ? "\u00A0" : utf8;
-}
-
-std::string Replaced(std::string_view path, char from, char to) {
-    std::string replaced(path);
-    std::replace(replaced.begin(), replaced.end(), from, to);
-    return replaced;
 }
 
 } // namespace
@@ -43,22 +38,19 @@ NumberSeparators UserNumberSeparators() {
     return user.Group.empty() && user.Decimal == "." ? NumberSeparators{} : user;
 }
 
-std::string PathFromOutside(std::string_view path) {
-    return Replaced(path, '/', '\\');
-}
-
-std::string PathForOutside(std::string_view path) {
-    return Replaced(path, '\\', '/');
+char PathSeparator() {
+    return '/';
 }
 
 std::vector<std::string> StartCommandLine(int count, char** arguments) {
+    std::signal(SIGPIPE, SIG_IGN); // then a write tells that nobody reads any more
     return {arguments + std::min(1, count), arguments + count};
 }
 
 std::string CommandLineText(int count, char** arguments) {
     std::string all;
-    for (const std::string& argument : StartCommandLine(count, arguments))
-        all += (all.empty() ? "" : " ") + argument;
+    for (int i = 1; i < count; ++i)
+        all += (all.empty() ? "" : " ") + std::string(arguments[i]);
     return all;
 }
 

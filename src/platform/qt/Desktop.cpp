@@ -1,7 +1,5 @@
 #include "platform/Desktop.h"
 
-#include "platform/Paths.h"
-
 #include <cstdlib>
 
 #include <QGuiApplication>
@@ -56,8 +54,8 @@ MessageAnswer ShowMessageBox(WindowHandle owner, const std::string& text, const 
     }
 }
 
-std::string ProgramFolder() {
-    return PathFromOutside(QCoreApplication::applicationDirPath().toStdString());
+FilePath ProgramFolder() {
+    return FilePath::FromUser(QCoreApplication::applicationDirPath().toStdString());
 }
 
 WaitPointer::WaitPointer() {

@@ -1,7 +1,6 @@
 #include "platform/FilePicker.h"
 
 #include "platform/FileDialogs.h"
-#include "platform/Paths.h"
 
 #include <algorithm>
 
@@ -12,8 +11,8 @@
 namespace railwright {
 namespace {
 
-QString Outside(const std::string& path) {
-    return QString::fromStdString(PathForOutside(path));
+QString Native(const FilePath& path) {
+    return QString::fromStdString(path.Native());
 }
 
 /// The filters in the form of QFileDialog, which shows a label and hides the masks in the brackets behind it.
@@ -26,14 +25,13 @@ QStringList NameFilters(const std::vector<FileFilter>& filters) {
 
 /// Opens the dialog in the folder of the name if it has one, else in the folder asked for, and puts the name
 /// into its field.
-void StartAt(QFileDialog& dialog, const std::string& path, const std::string& folder) {
-    const bool hasFolder = path.find('\\') != std::string::npos;
-    const QFileInfo file(Outside(path));
-    if (hasFolder)
+void StartAt(QFileDialog& dialog, const FilePath& path, const FilePath& folder) {
+    const QFileInfo file(Native(path));
+    if (!path.Folder().IsEmpty())
         dialog.setDirectory(file.absolutePath());
-    else if (!folder.empty())
-        dialog.setDirectory(Outside(folder));
-    if (!path.empty())
+    else if (!folder.IsEmpty())
+        dialog.setDirectory(Native(folder));
+    if (!path.IsEmpty())
         dialog.selectFile(file.fileName());
 }
 
@@ -63,7 +61,7 @@ std::optional<PickedFile> PickFile(const FileQuestion& question) {
     const auto used = std::find_if(filters.begin(), filters.end(),
                                    [&](const QString& filter) { return filter.startsWith(shown); });
     const auto index = static_cast<std::int32_t>(used - filters.begin()) + 1;
-    return PickedFile{PathFromOutside(dialog.selectedFiles().value(0).toStdString()),
+    return PickedFile{FilePath::FromUser(dialog.selectedFiles().value(0).toStdString()),
                       used == filters.end() ? question.FilterIndex : index};
 }
 

@@ -2,66 +2,16 @@
 
 #include "platform/Desktop.h"
 
-#include <algorithm>
-#include <cmath>
 #include <optional>
-#include <utility>
 
-#include <QLineF>
 #include <QPaintEvent>
 #include <QPainter>
-#include <QPen>
 
 namespace railwright {
 namespace {
 
-/// Moves the end of a line that lies outside of the range between `least` and `greatest` onto its border.
-void CutEnd(QPointF& end, const QPointF& other, qreal& (QPointF::*along)(), qreal& (QPointF::*across)(),
-            double least, double greatest) {
-    const double place = (end.*along)();
-    const double border = std::clamp(place, least, greatest);
-    QPointF opposite = other;
-    if (place != border) {
-        const double share = (border - place) / ((opposite.*along)() - place);
-        (end.*across)() += share * ((opposite.*across)() - (end.*across)());
-        (end.*along)() = border;
-    }
-}
-
-/// The part of a line that can touch the picture, nothing if there is none. Far beyond the picture's edge a
-/// painter loses its precision.
-std::optional<QLineF> Clipped(QPointF from, QPointF to) {
-    constexpr double least = -PictureBox::Size;
-    constexpr double greatest = 2 * PictureBox::Size;
-    using Coordinate = qreal& (QPointF::*)();
-    constexpr Coordinate x = &QPointF::rx;
-    constexpr Coordinate y = &QPointF::ry;
-    for (const auto& [along, across] : {std::pair(x, y), std::pair(y, x)}) {
-        const auto [low, high] = std::minmax((from.*along)(), (to.*along)());
-        if (high < least || low > greatest)
-            return std::nullopt;
-        CutEnd(from, to, along, across, least, greatest);
-        CutEnd(to, from, along, across, least, greatest);
-    }
-    return QLineF(from, to);
-}
-
 /// From so many on the painting takes a time that a user notices.
 constexpr std::size_t ManyStrokes = 100'000;
-
-/// How a line is drawn.
-struct Brush {
-    Rgb Colour;
-    int Width;
-    bool Smooth;
-
-    bool operator==(const Brush&) const = default;
-};
-
-bool IsAlongPixels(const QLineF& line) {
-    return (line.dx() == 0 && line.x1() == std::round(line.x1())) ||
-           (line.dy() == 0 && line.y1() == std::round(line.y1()));
-}
 
 } // namespace
 
@@ -70,25 +20,26 @@ QtPictureBox::QtPictureBox(QWidget* parent) : QWidget(parent) {
 }
 
 void QtPictureBox::Cls() {
-    strokes.clear();
+    picture.Cls();
     drawn = QPixmap();
     update();
 }
 
 void QtPictureBox::Line(float x1, float y1, float x2, float y2, Rgb colour) {
-    Add({x1, y1, x2, y2, colour, penWidth});
+    picture.Line(x1, y1, x2, y2, colour);
+    Refresh();
 }
 
 void QtPictureBox::PSet(float x, float y, Rgb colour) {
-    Add({x, y, x, y, colour, penWidth});
+    picture.PSet(x, y, colour);
+    Refresh();
 }
 
 void QtPictureBox::DrawWidth(int pixels) {
-    penWidth = pixels;
+    picture.DrawWidth(pixels);
 }
 
-void QtPictureBox::Add(const Stroke& stroke) {
-    strokes.push_back(stroke);
+void QtPictureBox::Refresh() {
     if (drawn.isNull())
         return; // it is painted anew anyway
     drawn = QPixmap();
@@ -96,38 +47,13 @@ void QtPictureBox::Add(const Stroke& stroke) {
 }
 
 QPixmap QtPictureBox::Drawn(double ratio) const {
-    QPixmap picture((QSizeF(Size, Size) * ratio).toSize());
-    picture.setDevicePixelRatio(ratio);
-    picture.fill(Qt::black);
-    QPainter painter(&picture);
-    // A whole coordinate means the middle of its pixel.
-    painter.translate(0.5, 0.5);
-    std::optional<Brush> brush; // that the painter has in hand
-    for (const Stroke& stroke : strokes) {
-        const std::optional<QLineF> line = Clipped({stroke.X1, stroke.Y1}, {stroke.X2, stroke.Y2});
-        if (!line)
-            continue;
-        const bool isPoint = line->isNull();
-        // A line along a row or a column of pixels fills just these.
-        const Brush own = {stroke.Colour, stroke.Width, isPoint || !IsAlongPixels(*line)};
-        if (own != brush) {
-            painter.setRenderHint(QPainter::Antialiasing, own.Smooth);
-            painter.setPen(QPen(QColor(own.Colour.Red, own.Colour.Green, own.Colour.Blue), own.Width,
-                                Qt::SolidLine, Qt::RoundCap));
-            brush = own;
-        }
-        if (isPoint)
-            painter.drawPoint(line->p1());
-        else
-            painter.drawLine(*line);
-    }
-    return picture;
+    return QPixmap::fromImage(picture.Drawn(ratio));
 }
 
 void QtPictureBox::paintEvent(QPaintEvent* /*event*/) {
     if (drawn.isNull() || drawn.devicePixelRatio() != devicePixelRatioF()) {
         std::optional<WaitPointer> wait;
-        if (strokes.size() > ManyStrokes)
+        if (picture.StrokeCount() > ManyStrokes)
             wait.emplace();
         drawn = Drawn(devicePixelRatioF());
     }

@@ -1,11 +1,8 @@
 #pragma once
 
-#include "platform/PictureBox.h"
-
-#include <vector>
+#include "platform/qt/PaintedPicture.h"
 
 #include <QPixmap>
-#include <QRectF>
 #include <QWidget>
 
 namespace railwright {
@@ -28,17 +25,9 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    /// A line, or a point where both ends are the same place.
-    struct Stroke {
-        float X1, Y1, X2, Y2;
-        Rgb Colour;
-        int Width;
-    };
+    void Refresh();
 
-    void Add(const Stroke& stroke);
-
-    std::vector<Stroke> strokes;
-    int penWidth = 1;
+    PaintedPicture picture;
     QPixmap drawn;
 };
 

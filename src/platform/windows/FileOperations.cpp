@@ -1,11 +1,12 @@
 #include "platform/FileOperations.h"
 
-#include "base/FileName.h"
 #include "platform/windows/AccessRights.h"
 #include "platform/windows/Errors.h"
 #include "platform/windows/Wide.h"
 
 #include <algorithm>
+#include <array>
+#include <string_view>
 #include <utility>
 
 #include <windows.h>
@@ -37,6 +38,13 @@ void Check(BOOL done, std::error_code& error) {
         error = LastError();
 }
 
+/// Whether a name that the system fails at in that way is nobody's.
+bool MeansMissing(const std::error_code& error) {
+    constexpr std::array codes = {ERROR_FILE_NOT_FOUND, ERROR_PATH_NOT_FOUND, ERROR_INVALID_NAME,
+                                  ERROR_BAD_PATHNAME,   ERROR_DIRECTORY,      ERROR_FILENAME_EXCED_RANGE};
+    return std::ranges::count(codes, static_cast<DWORD>(error.value())) > 0;
+}
+
 class WindowsFile final : public OpenFile {
 public:
     explicit WindowsFile(HANDLE opened) : handle(opened) {}
@@ -61,8 +69,13 @@ public:
     }
     void CutOff(std::error_code& error) override { Check(SetEndOfFile(handle), error); }
     void Flush(std::error_code& error) override { Check(FlushFileBuffers(handle), error); }
-    void Close(std::error_code& error) override {
-        Check(CloseHandle(std::exchange(handle, INVALID_HANDLE_VALUE)), error);
+    void Rewind(std::error_code& error) override {
+        Check(SetFilePointerEx(handle, LARGE_INTEGER{}, nullptr, FILE_BEGIN), error);
+    }
+    std::int64_t Length(std::error_code& error) override {
+        LARGE_INTEGER length{};
+        Check(GetFileSizeEx(handle, &length), error);
+        return length.QuadPart;
     }
 
 private:
@@ -73,168 +86,228 @@ private:
     HANDLE handle;
 };
 
+std::unique_ptr<WindowsFile> Opened(const FilePath& path, DWORD access, DWORD sharing, DWORD disposition,
+                                    DWORD attributes, std::error_code& error) {
+    const std::wstring name = NativePath(path);
+    HANDLE handle = INVALID_HANDLE_VALUE;
+    Patiently([&] {
+        handle = CreateFileW(name.c_str(), access, sharing, nullptr, disposition, attributes, nullptr);
+        return handle != INVALID_HANDLE_VALUE;
+    });
+    if (handle != INVALID_HANDLE_VALUE)
+        return std::make_unique<WindowsFile>(handle);
+    error = LastError();
+    return nullptr;
+}
+
+DWORD AttributesOf(const FilePath& path) {
+    const DWORD attributes = GetFileAttributesW(NativePath(path).c_str());
+    return attributes == INVALID_FILE_ATTRIBUTES ? 0 : attributes;
+}
+
+/// Gives a new file the attributes and the date of creation of the one whose place it takes; one that takes
+/// nobody's place is no longer hidden.
+void TakeOverProperties(const FilePath& from, const FilePath& to, std::error_code& error) {
+    constexpr DWORD kept = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
+    FILE_BASIC_INFO properties{}; // a time of 0 stays as it is
+    properties.FileAttributes = FILE_ATTRIBUTE_ARCHIVE;
+    WIN32_FILE_ATTRIBUTE_DATA old{};
+    if (GetFileAttributesExW(NativePath(to).c_str(), GetFileExInfoStandard, &old) != FALSE) {
+        properties.FileAttributes |= old.dwFileAttributes & kept;
+        properties.CreationTime.LowPart = old.ftCreationTime.dwLowDateTime;
+        properties.CreationTime.HighPart = static_cast<LONG>(old.ftCreationTime.dwHighDateTime);
+    }
+    const auto file =
+        Opened(from, FILE_WRITE_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+               OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, error);
+    if (file)
+        Check(SetFileInformationByHandle(file->Handle(), FileBasicInfo, &properties, sizeof properties),
+              error);
+}
+
+/// A rename is one step of the file system and is on the disk when it returns. Over a file that somebody has
+/// open it is denied.
+void Rename(const FilePath& from, const FilePath& to, DWORD how, std::error_code& error) {
+    const std::wstring source = NativePath(from);
+    const std::wstring target = NativePath(to);
+    const bool replaces = how == MOVEFILE_REPLACE_EXISTING && AttributesOf(to) != 0;
+    Check(Patiently([&] { return MoveFileExW(source.c_str(), target.c_str(), how | MOVEFILE_WRITE_THROUGH); },
+                    replaces),
+          error);
+}
+
+/// Whether a name stands for another place; a file that is only kept in the network does not.
+bool LeadsElsewhere(const FilePath& path) {
+    WIN32_FIND_DATAW found{};
+    HANDLE search = FindFirstFileW(NativePath(path).c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE)
+        return false;
+    FindClose(search);
+    return IsReparseTagNameSurrogate(found.dwReserved0);
+}
+
+constexpr std::string_view TemporaryStart = "~railwright-";
+constexpr std::string_view TemporaryEnd = ".tmp";
+
+bool IsThere(const FilePath& path) {
+    return GetFileAttributesW(NativePath(path).c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+FilePath TemporaryNameBeside(const FilePath& path) {
+    const std::string start = std::string(TemporaryStart) + std::to_string(GetCurrentProcessId()) + '-';
+    for (int number = 0;; ++number) {
+        const FileName name(start + std::to_string(number) + std::string(TemporaryEnd));
+        if (FilePath temporary = path.Folder() / name; !IsThere(temporary))
+            return temporary;
+    }
+}
+
+/// Nobody else opens it until it is closed, so its rights are in time. It stays hidden until it takes its
+/// name.
+class WindowsNewFile final : public NewFile {
+public:
+    WindowsNewFile(const FilePath& path, bool replaces, std::error_code& error)
+        : target(path), temporary(TemporaryNameBeside(path)) {
+        DWORD attributes = FILE_ATTRIBUTE_HIDDEN;
+        if (replaces && (AttributesOf(target) & FILE_ATTRIBUTE_ENCRYPTED) != 0)
+            attributes |= FILE_ATTRIBUTE_ENCRYPTED;
+        file = Opened(temporary, GENERIC_WRITE, 0, CREATE_NEW, attributes, error);
+        if (!file)
+            temporary = {};
+        else if (replaces)
+            CopyAccessRights(NativePath(target), NativePath(temporary), error);
+    }
+    WindowsNewFile(const WindowsNewFile&) = delete;
+    WindowsNewFile& operator=(const WindowsNewFile&) = delete;
+    ~WindowsNewFile() override {
+        file.reset();
+        if (!temporary.IsEmpty())
+            Patiently([&] { return DeleteFileW(NativePath(temporary).c_str()); });
+    }
+
+    OpenFile& Content() override { return *file; }
+
+    void TakePlace(std::error_code& error) override { Take(target, MOVEFILE_REPLACE_EXISTING, error); }
+    void KeepAs(const FilePath& path, std::error_code& error) override { Take(path, 0, error); }
+
+private:
+    void Take(const FilePath& path, DWORD how, std::error_code& error) {
+        file.reset();
+        TakeOverProperties(temporary, path, error);
+        if (!error)
+            Rename(temporary, path, how, error);
+        if (!error)
+            temporary = {};
+    }
+
+    FilePath target;
+    FilePath temporary;
+    std::unique_ptr<WindowsFile> file;
+};
+
 class WindowsFiles final : public FileOperations {
 public:
-    FileStatus Status(const std::string& path) override {
+    FileStatus Status(const FilePath& path) override {
         WIN32_FILE_ATTRIBUTE_DATA found{};
         FileStatus status;
-        if (GetFileAttributesExW(NativePath(path).c_str(), GetFileExInfoStandard, &found) == FALSE)
+        if (GetFileAttributesExW(NativePath(path).c_str(), GetFileExInfoStandard, &found) == FALSE) {
+            if (const std::error_code error = LastError(); !MeansMissing(error)) {
+                status.What = FileStatus::Kind::Unknown;
+                status.Error = error;
+            }
             return status;
+        }
         const DWORD attributes = found.dwFileAttributes;
         const bool folder = (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
         const bool device = (attributes & FILE_ATTRIBUTE_DEVICE) != 0;
         status.What = folder   ? FileStatus::Kind::Folder
                       : device ? FileStatus::Kind::Other
                                : FileStatus::Kind::File;
-        status.Hidden = (attributes & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM)) != 0;
+        status.IsLink = (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 && LeadsElsewhere(path);
+        const std::string name = path.Name().Native();
+        status.Hidden = (attributes & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM)) != 0 ||
+                        (name.starts_with(TemporaryStart) && name.ends_with(TemporaryEnd));
         status.Writable = (attributes & FILE_ATTRIBUTE_READONLY) == 0;
         if (status.What == FileStatus::Kind::File)
             status.Length = (static_cast<std::int64_t>(found.nFileSizeHigh) << 32U) | found.nFileSizeLow;
         return status;
     }
 
-    FileStatus ExactStatus(const std::string& path) override { return Status(path); }
-
-    std::string BehindLinks(const std::string& path) override {
-        const DWORD attributes = GetFileAttributesW(NativePath(path).c_str());
-        if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0)
+    FilePath BehindLinks(const FilePath& path, std::error_code& error) override {
+        if ((AttributesOf(path) & FILE_ATTRIBUTE_REPARSE_POINT) == 0)
             return path;
-        const WindowsFile link(CreateFileW(NativePath(path).c_str(), 0,
-                                           FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                           OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+        std::error_code failed;
+        const auto link = Opened(path, 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                 OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, failed);
+        if (!link) {
+            if (!MeansMissing(failed))
+                error = failed;
+            return path;
+        }
         std::wstring name(32768, 0);
-        const DWORD length = GetFinalPathNameByHandleW(link.Handle(), name.data(),
+        const DWORD length = GetFinalPathNameByHandleW(link->Handle(), name.data(),
                                                        static_cast<DWORD>(name.size()), FILE_NAME_NORMALIZED);
-        return length == 0 || length >= name.size() ? path : FromWide(name.substr(0, length));
+        return length == 0 || length >= name.size() ? path
+                                                    : FilePath::FromUser(FromWide(name.substr(0, length)));
     }
 
-    std::unique_ptr<OpenFile> OpenToRead(const std::string& path, std::error_code& error) override {
+    std::unique_ptr<OpenFile> OpenToRead(const FilePath& path, std::error_code& error) override {
         return Opened(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                       OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, error);
     }
 
-    std::unique_ptr<OpenFile> OpenNew(const std::string& path, const std::string& like,
-                                      std::error_code& error) override {
-        // Nobody else opens it until it is closed, so its rights are in time. It stays hidden until it takes
-        // its name.
-        DWORD attributes = FILE_ATTRIBUTE_HIDDEN;
-        if (!like.empty() && (AttributesOf(like) & FILE_ATTRIBUTE_ENCRYPTED) != 0)
-            attributes |= FILE_ATTRIBUTE_ENCRYPTED;
-        auto file = Opened(path, GENERIC_WRITE, 0, CREATE_NEW, attributes, error);
-        if (file && !like.empty())
-            CopyAccessRights(NativePath(like), NativePath(path), error);
-        if (!file || !error)
-            return file;
-        file.reset();
-        DeleteFileW(NativePath(path).c_str());
-        return nullptr;
+    std::unique_ptr<NewFile> OpenNew(const FilePath& path, bool replaces, std::error_code& error) override {
+        auto file = std::make_unique<WindowsNewFile>(path, replaces, error);
+        return error ? nullptr : std::move(file);
     }
 
-    std::unique_ptr<OpenFile> OpenToOverwrite(const std::string& path, std::error_code& error) override {
-        return Opened(path, GENERIC_WRITE, 0, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, error);
+    std::unique_ptr<OpenFile> OpenCopy(const FilePath& path, std::error_code& error) override {
+        return Opened(path, GENERIC_WRITE, 0, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, error);
     }
 
-    void Replace(const std::string& from, const std::string& to, std::error_code& error) override {
-        TakeOverProperties(from, to, error);
-        if (!error)
-            Rename(from, to, MOVEFILE_REPLACE_EXISTING, error);
+    std::unique_ptr<OpenFile> OpenToOverwrite(const FilePath& path, std::error_code& error) override {
+        return Opened(path, GENERIC_READ | GENERIC_WRITE, 0, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, error);
     }
 
-    void Move(const std::string& from, const std::string& to, std::error_code& error) override {
+    void Move(const FilePath& from, const FilePath& to, std::error_code& error) override {
         Rename(from, to, 0, error);
     }
 
-    void Delete(const std::string& path, std::error_code& error) override {
+    void Delete(const FilePath& path, std::error_code& error) override {
         const std::wstring name = NativePath(path);
         Check(Patiently([&] { return DeleteFileW(name.c_str()); }), error);
     }
 
-    void CreateFolder(const std::string& path, std::error_code& error) override {
+    void CreateFolder(const FilePath& path, std::error_code& error) override {
         Check(CreateDirectoryW(NativePath(path).c_str(), nullptr), error);
     }
 
-    std::vector<std::string> List(const std::string& folder, std::error_code& error) override {
-        std::vector<std::string> names;
+    std::vector<FileName> List(const FilePath& folder, std::error_code& error) override {
+        std::vector<FileName> names;
         WIN32_FIND_DATAW found{};
-        const std::string inFolder = folder.empty() || folder.ends_with('\\') ? folder : folder + '\\';
-        HANDLE search = FindFirstFileW(NativePath(inFolder + '*').c_str(), &found);
+        HANDLE search = FindFirstFileW(NativePath(folder / FileName("*")).c_str(), &found);
         if (search == INVALID_HANDLE_VALUE) {
             error = LastError();
             return names;
         }
         do {
             if (std::string name = FromWide(&found.cFileName[0]); name != "." && name != "..")
-                names.push_back(std::move(name));
+                names.emplace_back(std::move(name));
         } while (FindNextFileW(search, &found) != FALSE);
         FindClose(search);
         std::sort(names.begin(), names.end());
         return names;
     }
 
-    void FlushFolder(const std::string&) override {} // the file system keeps a log of its names
+    void FlushFolder(const FilePath&) override {} // the file system keeps a log of its names
 
-    std::string TemporaryNameBeside(const std::string& path) override {
-        const std::string start =
-            FolderOf(path) + "~railwright-" + std::to_string(GetCurrentProcessId()) + '-';
-        for (int number = 0;; ++number) {
-            std::string name = start + std::to_string(number) + ".tmp";
-            if (Status(name).What == FileStatus::Kind::Missing)
-                return name;
-        }
-    }
+    /// What lies there is hidden, and whether another process writes it cannot be told for sure.
+    void DeleteLeftovers(const FilePath&) override {}
 
-private:
-    static std::unique_ptr<OpenFile> Opened(const std::string& path, DWORD access, DWORD sharing,
-                                            DWORD disposition, DWORD attributes, std::error_code& error) {
-        const std::wstring name = NativePath(path);
-        HANDLE handle = INVALID_HANDLE_VALUE;
-        Patiently([&] {
-            handle = CreateFileW(name.c_str(), access, sharing, nullptr, disposition, attributes, nullptr);
-            return handle != INVALID_HANDLE_VALUE;
-        });
-        if (handle != INVALID_HANDLE_VALUE)
-            return std::make_unique<WindowsFile>(handle);
-        error = LastError();
-        return nullptr;
-    }
-
-    static DWORD AttributesOf(const std::string& path) {
-        const DWORD attributes = GetFileAttributesW(NativePath(path).c_str());
-        return attributes == INVALID_FILE_ATTRIBUTES ? 0 : attributes;
-    }
-
-    /// Gives a new file the attributes and the date of creation of the one whose place it takes; one that
-    /// takes nobody's place is no longer hidden.
-    static void TakeOverProperties(const std::string& from, const std::string& to, std::error_code& error) {
-        constexpr DWORD kept =
-            FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
-        FILE_BASIC_INFO properties{}; // a time of 0 stays as it is
-        properties.FileAttributes = FILE_ATTRIBUTE_ARCHIVE;
-        WIN32_FILE_ATTRIBUTE_DATA old{};
-        if (GetFileAttributesExW(NativePath(to).c_str(), GetFileExInfoStandard, &old) != FALSE) {
-            properties.FileAttributes |= old.dwFileAttributes & kept;
-            properties.CreationTime.LowPart = old.ftCreationTime.dwLowDateTime;
-            properties.CreationTime.HighPart = static_cast<LONG>(old.ftCreationTime.dwHighDateTime);
-        }
-        const auto file =
-            Opened(from, FILE_WRITE_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                   OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, error);
-        if (file)
-            Check(SetFileInformationByHandle(static_cast<WindowsFile&>(*file).Handle(), FileBasicInfo,
-                                             &properties, sizeof properties),
-                  error);
-    }
-
-    /// A rename is one step of the file system and is on the disk when it returns. Over a file that somebody
-    /// has open it is denied.
-    static void Rename(const std::string& from, const std::string& to, DWORD how, std::error_code& error) {
-        const std::wstring source = NativePath(from);
-        const std::wstring target = NativePath(to);
-        const bool replaces = how == MOVEFILE_REPLACE_EXISTING && AttributesOf(to) != 0;
-        Check(Patiently(
-                  [&] { return MoveFileExW(source.c_str(), target.c_str(), how | MOVEFILE_WRITE_THROUGH); },
-                  replaces),
-              error);
+    std::vector<FilePath> TemporaryFolders() override {
+        std::wstring folder(MAX_PATH + 1, 0);
+        folder.resize(GetTempPathW(static_cast<DWORD>(folder.size()), folder.data()));
+        return {FilePath::FromUser(FromWide(folder))};
     }
 };
 

@@ -1,6 +1,5 @@
 #include "platform/FilePicker.h"
 
-#include "base/FileName.h"
 #include "platform/windows/Wide.h"
 
 #include <windows.h>
@@ -45,8 +44,8 @@ std::optional<PickedFile> PickFile(const FileQuestion& question) {
     const std::wstring filter = SystemFilter(question.Filters);
     const std::wstring title = ToWide(question.Title);
     const std::wstring extension = ToWide(question.DefaultExtension);
-    std::wstring folder = ToWide(question.Folder);
-    std::wstring path = ToWide(question.Path);
+    std::wstring folder = ToWide(question.Folder.Native());
+    std::wstring path = ToWide(question.Path.Native());
     path.resize(PathBuffer);
 
     OPENFILENAMEW dialog{};
@@ -65,7 +64,7 @@ std::optional<PickedFile> PickFile(const FileQuestion& question) {
     bool picked = show(&dialog) != FALSE;
     if (!picked && CommDlgExtendedError() == FNERR_INVALIDFILENAME) {
         // It does not come up with such a name in its field.
-        folder = ToWide(FolderOf(question.Path));
+        folder = ToWide(question.Path.Folder().Native());
         if (!folder.empty())
             dialog.lpstrInitialDir = folder.c_str();
         path.front() = 0;
@@ -73,7 +72,8 @@ std::optional<PickedFile> PickFile(const FileQuestion& question) {
     }
     if (!picked)
         return std::nullopt;
-    return PickedFile{FromWide(path.c_str()), static_cast<std::int32_t>(dialog.nFilterIndex)};
+    return PickedFile{FilePath::FromUser(FromWide(path.c_str())),
+                      static_cast<std::int32_t>(dialog.nFilterIndex)};
 }
 
 } // namespace railwright

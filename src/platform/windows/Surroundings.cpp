@@ -1,7 +1,7 @@
 #include "platform/CodePage.h"
 #include "platform/CommandLine.h"
+#include "platform/FilePath.h"
 #include "platform/List.h"
-#include "platform/Paths.h"
 #include "platform/UserLocale.h"
 #include "platform/windows/Wide.h"
 
@@ -78,14 +78,8 @@ NumberSeparators UserNumberSeparators() {
     return user.Decimal.empty() ? NumberSeparators{} : user;
 }
 
-std::string PathFromOutside(std::string_view path) {
-    std::string inside(path);
-    std::replace(inside.begin(), inside.end(), '/', '\\');
-    return inside;
-}
-
-std::string PathForOutside(std::string_view path) {
-    return std::string(path);
+char PathSeparator() {
+    return '\\';
 }
 
 // Large pages take a right here that users do not have.
@@ -99,7 +93,8 @@ void FreeFromList(void* memory, std::size_t) noexcept {
 
 std::vector<std::string> StartCommandLine(int, char**) {
     SetConsoleOutputCP(CP_UTF8);
-    _setmode(_fileno(stdout), _O_BINARY);
+    for (FILE* const stream : {stdout, stderr})
+        _setmode(_fileno(stream), _O_BINARY);
     int count = 0;
     std::vector<std::string> arguments;
     if (wchar_t** const wide = CommandLineToArgvW(GetCommandLineW(), &count); wide != nullptr) {

@@ -1,5 +1,6 @@
 #include "shell/panels/About.h"
 
+#include "base/Version.h"
 #include "shell/Controls.h"
 #include "shell/ucFrame.h"
 
@@ -31,14 +32,15 @@ AboutPanel::AboutPanel(ucFrame& frame) {
     background->setPalette(QPalette(Qt::white));
     background->setBackgroundRole(QPalette::Base);
 
-    auto* const picture = new Picture(frame, "Image1", {1620, 120, 4350, 1350}, {290, 90});
+    auto* const picture = new Picture(frame, "Image1", "Railwright", {1620, 120, 4350, 1350}, {290, 90});
     picture->Load(Artwork("about"));
 
     QLabel* const name =
         AddLine(frame, "Label18", "Railwright", {120, 1620, 7335, 555}, ControlFont(24, true, true));
     // Its lowest letter would stand on the next line.
     name->setContentsMargins(0, 0, 0, 5);
-    AddLine(frame, "Label19(0)", "Version 1.3.1.0", {120, 2100, 7335, 255}, ControlFont(9.75, true));
+    AddLine(frame, "Label19(0)", "Version " + QString::fromUtf8(Version) + ".0", {120, 2100, 7335, 255},
+            ControlFont(9.75, true));
     AddLine(frame, "Label19(1)", "Copyright \u00A9 2026 the Railwright authors", {120, 2340, 7335, 315},
             ControlFont(12, true));
     AddLine(frame, "Label21", "Node Smoother by the Railwright contributors", {180, 2640, 7215, 195},

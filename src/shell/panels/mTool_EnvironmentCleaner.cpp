@@ -9,14 +9,19 @@
 
 #include <QLabel>
 #include <QPainter>
+#include <QProgressBar>
 #include <QPushButton>
 
 namespace railwright {
 
 /// The progress of a run, from 0 to 100 across. It keeps what was drawn until the next run.
-class EnvironmentOrganizerPanel::Bar final : public QWidget, public OrganizerProgress {
+class EnvironmentOrganizerPanel::Bar final : public QProgressBar, public OrganizerProgress {
 public:
-    explicit Bar(QWidget* parent) : QWidget(parent) {}
+    explicit Bar(QWidget* parent) : QProgressBar(parent) {
+        setAccessibleName("Progress");
+        setRange(0, 100);
+        setValue(0);
+    }
 
     void Clear() override { Fill(0, Qt::red); }
     void ShowShare(int percent) override { Fill(percent, Qt::red); }
@@ -28,17 +33,16 @@ protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         painter.fillRect(rect(), palette().mid());
-        painter.fillRect(QRectF(0, 0, width() * filled / 100.0, height()), colour);
+        painter.fillRect(QRectF(0, 0, width() * value() / 100.0, height()), colour);
     }
 
 private:
     void Fill(int percent, Qt::GlobalColor with) {
-        filled = percent;
+        setValue(percent);
         colour = with;
         update();
     }
 
-    int filled = 0;
     QColor colour = Qt::red;
 };
 

@@ -1,7 +1,6 @@
 #include "shell/panels/mTool_TrackAssociation.h"
 
 #include "install/mTool_TrackAssociation.h"
-#include "platform/Paths.h"
 #include "shell/Controls.h"
 #include "shell/frmMain.h"
 #include "shell/mFileDialog.h"
@@ -63,8 +62,8 @@ FileAssociationPanel::FileAssociationPanel(ucFrame& frame) {
     AddRightClick(frame);
     for (std::size_t index = 0; index < imgNLIcons.size(); ++index) {
         const int number = static_cast<int>(index);
-        auto* const icon =
-            new Picture(frame, Indexed("imgNLIcons", number), {6960, 180 + 540 * number, 480, 480}, IconSize);
+        auto* const icon = new Picture(frame, Indexed("imgNLIcons", number), Icons[index].Caption,
+                                       {6960, 180 + 540 * number, 480, 480}, IconSize);
         icon->hide();
         imgNLIcons[index] = icon;
     }
@@ -114,15 +113,14 @@ void FileAssociationPanel::AddIcon(ucFrame& frame) {
     txtNLAssoc->setAccessibleName("Specify My Own Icon:");
     txtNLAssoc->setReadOnly(true);
     btnNLAssocBrowse = AddButton(*group, "btnNLAssocBrowse", "Browse...", {1740, 2520, 975, 315});
-    imgNLAssoc = new Picture(*group, "imgNLAssoc", {2220, 180, 540, 540}, IconSize);
-    imgNLAssoc->setAccessibleName("Icon");
+    imgNLAssoc = new Picture(*group, "imgNLAssoc", "Icon", {2220, 180, 540, 540}, IconSize);
     optNLAssocIcon_Click(0);
     QObject::connect(btnNLAssocBrowse, &QPushButton::clicked, btnNLAssocBrowse,
                      [this] { btnNLAssocBrowse_Click(); });
 }
 
 void FileAssociationPanel::Prepare() {
-    PrepareFileAssociation(sNoLimitsPath);
+    PrepareFileAssociation(sNoLimitsPath.InWindowsForm());
     btnNLAssoc->setEnabled(true);
     LoadIcons();
 }
@@ -142,7 +140,7 @@ void FileAssociationPanel::btnNLAssoc_Click() {
                         chkNLAssocRtClk[1]->isChecked(), chkNLAssocRtClk[2]->isChecked(),
                         chkNLAssocRtClk[3]->isChecked(),
                         static_cast<std::int16_t>(SelectedIn(optNLAssocIcon)),
-                        PathFromOutside(txtNLAssoc->text().toStdString()));
+                        FilePath::FromUser(txtNLAssoc->text().toStdString()).InWindowsForm());
 }
 
 void FileAssociationPanel::optNLAssocDblClk_Click(std::size_t Index) {
@@ -169,7 +167,7 @@ void FileAssociationPanel::btnNLAssocBrowse_Click() {
                             "ico", frmMain::Instance().Handle(), flags))
         return;
     txtNLAssoc->setText(QString::fromStdString(file));
-    imgNLAssoc->Load(QIcon(QString::fromStdString(PathForOutside(file))));
+    imgNLAssoc->Load(QIcon(QString::fromStdString(file)));
 }
 
 } // namespace railwright

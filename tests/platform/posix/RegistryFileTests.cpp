@@ -8,6 +8,9 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include <sys/wait.h>
+#include <unistd.h>
+
 namespace railwright::testing {
 
 /// Plain characters as the editor stores them.
@@ -138,6 +141,27 @@ TEST(RegistryFile, StaysWholeWhateverFails) {
         EXPECT_EQ(Read("a\\b", ""), written ? "new" : "old") << failing;
         EXPECT_TRUE(written || ReadBytes(own.File()) == before) << failing;
     }
+}
+
+TEST(RegistryFile, LosesNothingIfTwoChangeItAtOnce) {
+    const TestRegistry own;
+    const auto count =
+        [](const char* name) { // to 200, in a value of that name; 0 if each round found the last
+            const FailingFiles noWaiting;
+            for (int round = 1; round <= 200; ++round)
+                if (!Write(REG_SZ, name, std::to_string(round)) ||
+                    Read("a\\b", name) != std::to_string(round))
+                    return 1;
+            return 0;
+        };
+    EXPECT_TRUE(Write(REG_SZ, "", "x"));
+    const pid_t other = fork();
+    if (other == 0)
+        _exit(count("other"));
+    EXPECT_EQ(count("this"), 0);
+    int status = -1;
+    EXPECT_TRUE(waitpid(other, &status, 0) == other && status == 0);
+    EXPECT_EQ(Read("a\\b", "this") + Read("a\\b", "other"), "200200");
 }
 
 TEST(RegistryFile, IsNeverOverwrittenIfItIsNone) {

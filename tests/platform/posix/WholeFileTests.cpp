@@ -1,10 +1,17 @@
 #include "platform/WholeFile.h"
 
+#include "tests/support/FailingFiles.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
+#include <grp.h>
+#include <sys/file.h>
 #include <sys/mount.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 namespace railwright::testing {
@@ -29,15 +36,31 @@ TEST(WholeFile, FollowsLinksAndKeepsPermissions) {
     EXPECT_EQ(ReadBytes(folder.File("kept/fresh")), Old);
 }
 
-TEST(WholeFile, RefusesFoldersAndReportsFullDevicesAndDisks) {
+TEST(WholeFile, RefusesInWordsWhatIsNoFileAndReportsFullDisks) {
     const TemporaryFolder folder;
     const fs::path disk = folder.File("disk");
     fs::create_directory(disk);
     fs::create_symlink("/dev/full", folder.File("full"));
-    for (const char* name : {"disk", "missing\\a", "full"})
-        EXPECT_FALSE(WriteWholeFile(folder.Inside(name), New)) << name;
-    EXPECT_TRUE(fs::is_symlink(folder.File("full")) && fs::is_character_file("/dev/full"));
-    EXPECT_EQ(folder.Names(), (Names{"disk", "full"}));
+    fs::create_symlink("loop", folder.File("other"));
+    fs::create_symlink("other", folder.File("loop"));
+    ASSERT_EQ(mkfifo(folder.File("pipe").c_str(), 0666), 0);
+    const Names before = folder.Names();
+    for (const auto& [name, reason] : {std::pair("disk", "is a folder"),
+                                       {"full", "is a device or a pipe, not a file"},
+                                       {"pipe", "is a device or a pipe, not a file"},
+                                       {"loop", "Too many levels of symbolic links"},
+                                       {"missing\\a", "No such file or directory"},
+                                       {"", "names no file"},
+                                       {"disk\\..", "names no file"}}) {
+        const FileResult saved = WriteWholeFile(folder.Inside(name), New);
+        EXPECT_TRUE(!saved && saved.Reason.ends_with(reason)) << name << ": " << saved.Reason;
+        Bytes bytes;
+        EXPECT_FALSE(ReadWholeFile(folder.Inside(name), bytes)) << name;
+    }
+    EXPECT_EQ(folder.Names(), before);
+    EXPECT_TRUE(fs::is_symlink(folder.File("full")) && fs::is_symlink(folder.File("loop")));
+    std::error_code error; // rights that cannot be read are not those of a file that is new
+    EXPECT_TRUE(!Files().OpenNew(folder.Inside("loop"), true, error) && error && folder.Names() == before);
 
     if (mount("tmpfs", disk.c_str(), "tmpfs", 0, "size=64k") != 0)
         GTEST_SKIP() << "no file system can be mounted here";
@@ -46,6 +69,140 @@ TEST(WholeFile, RefusesFoldersAndReportsFullDevicesAndDisks) {
     EXPECT_EQ(ReadBytes(disk / "a"), Old);
     EXPECT_EQ(std::distance(fs::directory_iterator(disk), fs::directory_iterator()), 1);
     umount(disk.c_str());
+}
+
+/// Whose a file is, what its mode allows, its access list and an attribute of the user's.
+struct Rights {
+    uid_t Owner;
+    gid_t Group;
+    mode_t Mode;
+    std::string List;
+    std::string Note;
+    bool operator==(const Rights&) const = default;
+};
+
+Rights RightsOf(const std::string& file) {
+    struct stat found {};
+    stat(file.c_str(), &found);
+    const auto attribute = [&](const char* name) {
+        char bytes[200];
+        const ssize_t size = getxattr(file.c_str(), name, bytes, sizeof bytes);
+        return std::string(bytes, static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
+    };
+    return {found.st_uid, found.st_gid, found.st_mode & 07777U, attribute("system.posix_acl_access"),
+            attribute("user.note")};
+}
+
+/// An access list of version 2: each entry is a kind, rights and who, in 2, 2 and 4 bytes.
+std::string AccessList(std::initializer_list<std::array<int, 3>> entries) {
+    std::string list("\2\0\0\0", 4);
+    for (const auto& [kind, rights, who] : entries)
+        for (const int half : {kind, rights, who, who < 0 ? who : 0}) // -1 stands for nobody in particular
+            list += {static_cast<char>(half), static_cast<char>(half >> 8)};
+    return list;
+}
+
+TEST(WholeFile, KeepsOwnerRightsAndAttributes) {
+    const TemporaryFolder folder;
+    if (chown(folder.File("").c_str(), 0, 0) != 0)
+        GTEST_SKIP() << "only root can give files away";
+    // Its owner and user 100 may read and write it, its group and others nothing.
+    const std::string list = AccessList({{1, 6, -1}, {2, 6, 100}, {4, 0, -1}, {16, 6, -1}, {32, 0, -1}});
+    const auto give = [](const std::string& to, const char* name, const std::string& value) {
+        return setxattr(to.c_str(), name, value.data(), value.size(), 0) == 0;
+    };
+    if (!give(folder.File(""), "system.posix_acl_default", list))
+        GTEST_SKIP() << "this file system has no access lists";
+    for (const bool hasList : {false, true})
+        for (const mode_t mode : {0600U, 0660U, 0640U, 0604U, 02755U}) {
+            const std::string file = folder.File("a");
+            WriteBytes(file, Old);
+            removexattr(file.c_str(), "system.posix_acl_access"); // got from its folder
+            ASSERT_TRUE(chown(file.c_str(), 1, 60) == 0 && chmod(file.c_str(), mode) == 0);
+            ASSERT_TRUE(!hasList || give(file, "system.posix_acl_access", list));
+            ASSERT_TRUE(give(file, "user.note", "mine"));
+            const Rights before = RightsOf(file);
+            EXPECT_EQ(before.List.empty(), !hasList);
+            EXPECT_TRUE(WriteWholeFile(folder.Inside("a"), New));
+            EXPECT_EQ(RightsOf(file), before) << mode;
+            EXPECT_EQ(ReadBytes(file), New);
+            fs::remove(file);
+        }
+}
+
+TEST(WholeFileDeathTest, GivesNobodyMoreRights) {
+    const TemporaryFolder folder;
+    const std::string file = folder.File("a");
+    if (chown(folder.File("").c_str(), 0, 60) != 0 || chmod(folder.File("").c_str(), 0777) != 0)
+        GTEST_SKIP() << "only root can give files away";
+    const auto saveAs = [&](gid_t group) { // who is a member of that group only
+        if (setgroups(1, &group) != 0 || setresgid(65534, 65534, 65534) != 0 ||
+            setresuid(65534, 65534, 65534) != 0)
+            std::_Exit(2);
+        std::_Exit(WriteWholeFile(folder.Inside("a"), New) ? 0 : 1);
+    };
+    for (const auto& [group, mode, owner] :
+         {std::tuple(60U, 0660U, 65534U), // the group can be kept,
+          {60U, 0064U, 1U},               // but the owner would then be one of them
+          {61U, 0666U, 1U}}) {            // nothing can, so that it is written in place
+        WriteBytes(file, Old);
+        ASSERT_TRUE(chown(file.c_str(), 1, 60) == 0 && chmod(file.c_str(), mode) == 0);
+        EXPECT_EXIT(saveAs(group), ::testing::ExitedWithCode(0), "") << mode;
+        EXPECT_EQ(RightsOf(file), (Rights{owner, 60, mode, "", ""}));
+        EXPECT_EQ(ReadBytes(file), New);
+        fs::remove(file);
+    }
+}
+
+TEST(WholeFile, ANewFileHasNoNameAndLeftoversAreClearedAway) {
+    const TemporaryFolder folder;
+    const std::string file = folder.File("a");
+    std::error_code error;
+    auto begun = Files().OpenNew(folder.Inside("a"), false, error);
+    const int nameless = open(folder.File("").c_str(), O_TMPFILE | O_WRONLY, 0600);
+    EXPECT_EQ(folder.Names().size(), nameless >= 0 ? 0U : 1U);
+    close(nameless);
+    begun.reset();
+    EXPECT_TRUE(folder.Names().empty());
+    Names stay = {".railwright-1-1.tmp",  ".railwright-1-1.tmp.nltrack", ".railwright-1.tmp",
+                  ".railwright-12-2.tmp", ".railwright-x-1.tmp",         "a"};
+    for (const std::string& name : stay)
+        WriteBytes(folder.File(name), Old);
+    fs::remove(folder.File(stay[3]));
+    fs::create_symlink("a", folder.File(stay[3]));
+    WriteBytes(folder.File(".railwright-12-34.tmp"), Old);
+    const int living = open(folder.File(stay[0]).c_str(), O_RDONLY);
+    ASSERT_EQ(flock(living, LOCK_EX), 0);
+    EXPECT_TRUE(WriteWholeFile(folder.Inside("a"), New));
+    EXPECT_EQ(folder.Names(), stay);
+    close(living);
+    EXPECT_TRUE(WriteWholeFile(folder.Inside("a"), New));
+    EXPECT_EQ(folder.Names(), Names(stay.begin() + 1, stay.end()));
+}
+
+TEST(WholeFile, TwoThatOverwriteInPlaceDoNotMixTheirContents) {
+    const TemporaryFolder folder, aside;
+    FailingFiles files; // in short pieces
+    files.OpenNewError = std::errc::permission_denied;
+    files.Aside = {aside.Inside("")};
+    const Bytes contents[] = {Bytes(9000, 'o'), Bytes(11000, 'n')};
+    const auto save = [&](int which) { return WriteWholeFile(folder.Inside("a"), contents[which]); };
+    for (int round = 0; round < 60; ++round) {
+        WriteBytes(folder.File("a"), Old);
+        const pid_t other = fork();
+        if (other == 0)
+            _exit(save(0) ? 0 : 1);
+        EXPECT_TRUE(save(1));
+        int status = -1;
+        EXPECT_TRUE(waitpid(other, &status, 0) == other && status == 0);
+        const Bytes found = ReadBytes(folder.File("a"));
+        EXPECT_TRUE(found == contents[0] || found == contents[1]) << round;
+    }
+    EXPECT_TRUE(aside.Names().empty());
+    const int held = open(folder.File("a").c_str(), O_RDONLY); // for ever
+    ASSERT_EQ(flock(held, LOCK_EX), 0);
+    EXPECT_EQ(save(0).Reason, "is being written by another program");
+    close(held);
 }
 
 TEST(WholeFileDeathTest, HeedsPermissions) {
@@ -70,24 +227,20 @@ TEST(WholeFileDeathTest, HeedsPermissions) {
     fs::permissions(folder.File("closed"), static_cast<fs::perms>(0755));
 }
 
-TEST(WholeFile, NamesAreFoundInAnyCaseAndMadeAsTheyAreGiven) {
+TEST(WholeFile, NamesAreTakenJustAsTheyAreWritten) {
     const TemporaryFolder folder;
     fs::create_directory(folder.File("Tracks"));
-    WriteBytes(folder.File("Tracks/\u00C4ltere.NLTRACK"), Old);
+    WriteBytes(folder.File("Tracks/a\\..\\b"), Old);
     WriteBytes(folder.File(".hidden"), Old);
-    for (const char* name : {"tracks\\altere.nltrack", ".hidden", "Tracks"})
-        EXPECT_FALSE(FileExists(folder.Inside(name))) << name;
-    EXPECT_TRUE(FileExists(folder.Inside("tracks\\\u00E4LTERE.nltrack")));
-    EXPECT_EQ(FileLength(folder.Inside("TRACKS\\\u00C4ltere.nltrack")), 180);
+    for (const char* name : {"Tracks/b", "tracks/a\\..\\b", "Tracks/A\\..\\b", ".hidden", "Tracks"})
+        EXPECT_FALSE(FileExists(FilePath::FromUser(folder.File(name)))) << name;
+    EXPECT_EQ(FileLength(FilePath::FromUser(folder.File("Tracks/a\\..\\b"))), 180);
+    EXPECT_TRUE(WriteWholeFile(FilePath::FromUser(folder.File("Tracks/A\\..\\b")), New));
+    EXPECT_EQ(ReadBytes(folder.File("Tracks/a\\..\\b")), Old);
     Bytes read;
-    EXPECT_TRUE(ReadWholeFile(folder.Inside("TRACKS\\\u00E4ltere.nltrack"), read));
-    EXPECT_EQ(read.size(), 180U);
     EXPECT_TRUE(!ReadWholeFile(folder.Inside("none"), read) && read.empty());
-    EXPECT_TRUE(WriteWholeFile(folder.Inside("tracks\\\u00E4ltere.nltrack"), New));
-    EXPECT_EQ(ReadBytes(folder.File("Tracks/\u00C4ltere.NLTRACK")), Old);
-    EXPECT_EQ(ReadBytes(folder.File("Tracks/\u00E4ltere.nltrack")), New);
-    EXPECT_TRUE(CreateFolders(folder.Inside("a\\b\\c\\")) && CreateFolders(folder.Inside("A\\B\\d")));
-    EXPECT_TRUE(fs::is_directory(folder.File("a/b/c")) && fs::is_directory(folder.File("a/b/d")));
+    EXPECT_TRUE(CreateFolders(FilePath::FromUser(folder.File("a//b\\c//"))));
+    EXPECT_TRUE(fs::is_directory(folder.File("a/b\\c")));
     for (const char* name : {".hidden\\a", ".hidden"}) // a file
         EXPECT_FALSE(CreateFolders(folder.Inside(name))) << name;
 }

@@ -1,0 +1,7 @@
+#include "base/Version.h"
+
+namespace railwright {
+
+const std::string_view Version = RAILWRIGHT_VERSION;
+
+} // namespace railwright

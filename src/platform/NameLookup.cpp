@@ -1,0 +1,81 @@
+#include "platform/NameLookup.h"
+
+#include "platform/CodePage.h"
+#include "platform/FileOperations.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace railwright {
+namespace {
+
+constexpr std::string_view Separators = "\\/";
+
+/// All that stands between the separators of a path.
+std::vector<text> Pieces(const text& path) {
+    std::vector<text> pieces;
+    for (std::size_t start = 0; start <= path.size();) {
+        const std::size_t end = std::min(path.find_first_of(Separators, start), path.size());
+        pieces.push_back(path.substr(start, end - start));
+        start = end + 1;
+    }
+    return pieces;
+}
+
+/// A name in lower case; one that the code page cannot hold is only equal to itself.
+std::string Folded(const FileName& name) {
+    const text characters = FromUtf8(name.Native(), SystemCodePage());
+    const bool holds = ToUtf8(characters, SystemCodePage()) == name.Native();
+    return holds ? ToUtf8(LowerCase(characters, SystemCodePage()), SystemCodePage()) : name.Native();
+}
+
+} // namespace
+
+std::vector<FileName> DocumentPath::Names() const {
+    std::vector<FileName> names;
+    for (const text& piece : Pieces(characters))
+        if (!piece.empty() && piece != ".")
+            names.emplace_back(ToUtf8(piece, SystemCodePage()));
+    return names;
+}
+
+bool DocumentPath::StaysBelow() const {
+    const std::vector<text> pieces = Pieces(characters);
+    return characters.find_first_of(std::string_view(":\0", 2)) == text::npos &&
+           std::find(pieces.begin(), pieces.end(), "..") == pieces.end();
+}
+
+FilePath DocumentPath::In(const FilePath& folder) const {
+    FilePath place = folder;
+    for (const FileName& name : Names())
+        place = place / name;
+    return place;
+}
+
+NameLookup::Spellings& NameLookup::SpellingsIn(const FilePath& folder) {
+    const auto [known, isNew] = folders.try_emplace(folder);
+    if (isNew) {
+        std::error_code error;
+        for (const FileName& name : Files().List(folder, error))
+            known->second[Folded(name)].insert(name);
+        const FileStatus::Kind what = error ? Files().Status(folder).What : FileStatus::Kind::Missing;
+        isComplete = isComplete && what != FileStatus::Kind::Folder && what != FileStatus::Kind::Unknown;
+    }
+    return known->second;
+}
+
+FilePath NameLookup::Find(const FilePath& folder, const FileName& name) {
+    std::set<FileName>& similar = SpellingsIn(folder)[Folded(name)];
+    if (similar.empty())
+        similar.insert(name);
+    return folder / (similar.contains(name) ? name : *similar.begin());
+}
+
+FilePath NameLookup::Find(const FilePath& folder, const DocumentPath& path) {
+    FilePath found = folder;
+    for (const FileName& name : path.Names())
+        found = Find(found, name);
+    return found;
+}
+
+} // namespace railwright

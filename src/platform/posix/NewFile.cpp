@@ -1,0 +1,160 @@
+#include "platform/posix/NewFile.h"
+
+#include "platform/posix/AccessRights.h"
+#include "platform/posix/Move.h"
+#include "platform/posix/PosixFile.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <string_view>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace railwright {
+namespace {
+
+constexpr std::string_view Start = ".railwright-";
+constexpr std::string_view End = ".tmp";
+
+/// The numbered names that a new file of this process may have meanwhile.
+std::string TemporaryName(const std::string& folder, int number) {
+    return folder + std::string(Start) + std::to_string(getpid()) + '-' + std::to_string(number) +
+           std::string(End);
+}
+
+/// Whether it is such a name, of any process.
+bool IsTemporaryName(std::string_view name) {
+    if (!name.starts_with(Start) || !name.ends_with(End) || name.size() < Start.size() + End.size())
+        return false;
+    const std::string_view numbers = name.substr(Start.size(), name.size() - Start.size() - End.size());
+    return std::ranges::count(numbers, '-') == 1 && !numbers.starts_with('-') && !numbers.ends_with('-') &&
+           numbers.find_first_not_of("0123456789-") == std::string_view::npos;
+}
+
+/// @return whether nobody else has it locked.
+bool LockAtOnce(int descriptor) {
+    return flock(descriptor, LOCK_EX | LOCK_NB) == 0;
+}
+
+/// The name that the system has for what is open, whether it has another or not.
+std::string OpenName(const PosixFile& file) {
+    return "/proc/self/fd/" + std::to_string(file.Descriptor());
+}
+
+class PosixNewFile final : public NewFile {
+public:
+    PosixNewFile(std::string native, bool replaces, std::error_code& error)
+        : target(std::move(native)), folder(target.substr(0, target.rfind('/') + 1)) {
+        // What replaces a file gets its rights from that one.
+        const mode_t mode = replaces ? S_IRUSR | S_IWUSR : 0666;
+        if (!OpenNameless(mode))
+            OpenNamed(mode, error);
+        if (!error && replaces)
+            TakeOverProperties(target, file->Descriptor(), error);
+    }
+    PosixNewFile(const PosixNewFile&) = delete;
+    PosixNewFile& operator=(const PosixNewFile&) = delete;
+    ~PosixNewFile() override {
+        if (!temporary.empty())
+            unlink(temporary.c_str());
+    }
+
+    OpenFile& Content() override { return *file; }
+
+    void TakePlace(std::error_code& error) override {
+        // A link takes nobody's place.
+        for (int number = 0; temporary.empty(); ++number) {
+            std::error_code failed;
+            Link(TemporaryName(folder, number), failed);
+            if (failed && failed != std::errc::file_exists) {
+                error = failed;
+                return;
+            }
+        }
+        if (rename(temporary.c_str(), target.c_str()) == 0)
+            temporary.clear();
+        else
+            error = LastError();
+    }
+
+    void KeepAs(const FilePath& path, std::error_code& error) override {
+        if (temporary.empty())
+            Link(path.Native(), error);
+        else
+            MoveNative(temporary, path.Native(), error);
+        if (!error)
+            temporary.clear();
+    }
+
+private:
+    bool OpenNameless(mode_t mode) {
+        std::error_code ignored; // not every file system can do it
+        file = OpenNative(folder.empty() ? "." : folder, O_TMPFILE | O_WRONLY, mode, ignored);
+        if (!file || access(OpenName(*file).c_str(), F_OK) != 0)
+            return false;
+        LockAtOnce(file->Descriptor());
+        return true;
+    }
+
+    void OpenNamed(mode_t mode, std::error_code& error) {
+        for (int number = 0;; ++number) {
+            std::error_code failed;
+            const std::string name = TemporaryName(folder, number);
+            file = OpenNative(name, O_WRONLY | O_CREAT | O_EXCL, mode, failed);
+            if (failed == std::errc::file_exists)
+                continue;
+            error = failed;
+            if (!file)
+                return;
+            temporary = name;
+            struct stat found {};
+            // Before the lock another process may have taken it for a leftover.
+            if ((LockAtOnce(file->Descriptor()) || errno != EWOULDBLOCK) &&
+                fstat(file->Descriptor(), &found) == 0 && found.st_nlink > 0)
+                return;
+            temporary.clear();
+        }
+    }
+
+    void Link(const std::string& name, std::error_code& error) {
+        if (linkat(AT_FDCWD, OpenName(*file).c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0)
+            temporary = name;
+        else
+            error = LastError();
+    }
+
+    std::string target;
+    std::string folder;
+    std::unique_ptr<PosixFile> file;
+    /// Empty if it has no name, or the one that it is to have.
+    std::string temporary;
+};
+
+} // namespace
+
+std::unique_ptr<NewFile> OpenNewNative(const std::string& native, bool replaces, std::error_code& error) {
+    auto file = std::make_unique<PosixNewFile>(native, replaces, error);
+    return error ? nullptr : std::move(file);
+}
+
+void DeleteLeftoversIn(const std::string& nativeFolder) {
+    std::error_code ignored;
+    for (const std::string& name : NamesIn(nativeFolder.empty() ? "." : nativeFolder, ignored)) {
+        if (!IsTemporaryName(name))
+            continue;
+        const std::string path = nativeFolder + name;
+        const auto file = OpenNative(path, O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY, 0, ignored);
+        struct stat found {
+        }, named{};
+        if (file && fstat(file->Descriptor(), &found) == 0 && S_ISREG(found.st_mode) &&
+            (found.st_uid == geteuid() || geteuid() == 0) && LockAtOnce(file->Descriptor()) &&
+            lstat(path.c_str(), &named) == 0 && named.st_ino == found.st_ino)
+            unlink(path.c_str());
+    }
+}
+
+} // namespace railwright

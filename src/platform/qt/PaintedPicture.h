@@ -1,0 +1,39 @@
+#pragma once
+
+#include "platform/PictureBox.h"
+
+#include <cstddef>
+#include <vector>
+
+#include <QImage>
+
+namespace railwright {
+
+/// A picture that the toolkit's painter draws, in any number of pixels. It keeps the drawing calls and takes
+/// neither a window nor a screen.
+class PaintedPicture final : public PictureBox {
+public:
+    void Cls() override;
+    void Line(float x1, float y1, float x2, float y2, Rgb colour) override;
+    void PSet(float x, float y, Rgb colour) override;
+    void DrawWidth(int pixels) override;
+
+    /// @return the number of lines and points since the last Cls.
+    std::size_t StrokeCount() const { return strokes.size(); }
+
+    /// @return the picture with `ratio` pixels to each of its own along both sides.
+    QImage Drawn(double ratio) const;
+
+private:
+    /// A line, or a point where both ends are the same place.
+    struct Stroke {
+        float X1, Y1, X2, Y2;
+        Rgb Colour;
+        int Width;
+    };
+
+    std::vector<Stroke> strokes;
+    int penWidth = 1;
+};
+
+} // namespace railwright

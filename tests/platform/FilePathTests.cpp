@@ -1,0 +1,59 @@
+#include "platform/FilePath.h"
+
+#include "platform/NameLookup.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+namespace railwright::testing {
+
+const bool BackslashParts = PathSeparator() == '\\';
+
+TEST(FilePath, HasANameAndAFolder) {
+    const auto path = [](const char* given) { return FilePath::FromUser(given); };
+    for (const auto& [whole, folder] :
+         {std::pair("a", ""), {"/a", "/"}, {"a/b", "a"}, {"a/b//", "a"}, {"a//b", "a"}, {"/", ""}, {"", ""}})
+        EXPECT_EQ(path(whole).Folder(), path(folder)) << whole;
+    for (const auto& [folder, whole] : {std::pair("", "b"), {"/", "/b"}, {"a", "a/b"}, {"a/", "a/b"}})
+        EXPECT_EQ(path(folder) / FileName("b"), path(whole)) << folder;
+    EXPECT_EQ(path("a\\b").Name(), FileName(BackslashParts ? "b" : "a\\b"));
+    EXPECT_EQ(FilePath::FromWindowsForm("a\\b/c"), path("a/b/c"));
+    EXPECT_EQ(FilePath::FromWindowsForm("C:\\a\\b").InWindowsForm(), "C:\\a\\b");
+    EXPECT_EQ(path("C:\\a").Folder(), path(BackslashParts ? "C:\\" : ""));
+    EXPECT_EQ(path("").AsFolder().InWindowsForm() + path("a/").AsFolder().InWindowsForm(), "\\a\\");
+}
+
+TEST(DocumentPath, StaysBelowItsFolder) {
+    const FilePath folder = FilePath::FromUser("f");
+    EXPECT_EQ(DocumentPath("a\\.\\\\b/c\xE9").In(folder), FilePath::FromUser("f/a/b/c\u00E9"));
+    for (const char* path : {"..", "a\\..\\b", "a/../b", "C:a", "a:b"})
+        EXPECT_FALSE(DocumentPath(path).StaysBelow()) << path;
+    EXPECT_FALSE(DocumentPath(text("a\0b", 3)).StaysBelow());
+    for (const char* path : {"", "...", "a\\..b\\c.."})
+        EXPECT_TRUE(DocumentPath(path).StaysBelow()) << path;
+}
+
+TEST(NameLookup, FindsNamesInAnyCaseAndTheSameEachTime) {
+    const TemporaryFolder folder;
+    const FilePath start = folder.Inside("");
+    std::filesystem::create_directory(folder.File("Sky"));
+    for (const char8_t* name : {u8"Sky/\u00C4.bmp", u8"Sky/b.bmp", u8"Sky/\u4E00.bmp"})
+        WriteBytes(folder.Path() / name, {});
+    if (!BackslashParts) // on Windows these would be the same file
+        for (const char* name : {"Sky/B.BMP", "Sky/B.bMP", "Sky/c.BMP", "Sky/c.bmp", "Sky/x\\b.bmp"})
+            WriteBytes(folder.File(name), {});
+    NameLookup lookup;
+    const std::pair<const char*, const char*> cases[] = {
+        {"sky\\b.bmp", "Sky/b.bmp"},                                // just as it is written
+        {"SKY\\B.bmp", BackslashParts ? "Sky/b.bmp" : "Sky/B.BMP"}, // the first in the order of the bytes
+        {"sky\\\xE4.BMP", "Sky/\u00C4.bmp"},
+        {"sky\\?.bmp", "Sky/?.bmp"}, // what the code page cannot hold is not found
+        {"sky\\x\\b.bmp", "Sky/x/b.bmp"},
+        {"sky\\X\\B.bmp", "Sky/x/b.bmp"}, // what is not there has the letters in which it was first asked for
+    };
+    for (const auto& [path, place] : cases)
+        EXPECT_EQ(lookup.Find(start, DocumentPath(path)), folder.Inside(place)) << path;
+    EXPECT_TRUE(lookup.IsComplete());
+}
+
+} // namespace railwright::testing

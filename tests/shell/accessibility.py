@@ -1,0 +1,191 @@
+"""Walks the window through the desktop's accessibility service, and works all of it with keys."""
+
+import filecmp
+import os
+import subprocess
+import sys
+import time
+
+import pyatspi
+
+TOOL, EXAMPLES, WORK = sys.argv[1:]
+
+# Each panel: the label that shows it, the controls to go to with the keys that work them, in the order of the Tab key,
+# and the step of the command line that does the same.
+TRACK_PANELS = [
+    ("Overview", [], None),
+    ("Remove Data", [("Trees", "space"), ("Remove Selected Data", "space")], "remove=trees"),
+    ("Move", [("Distance to Move:", "End"), ("N", "space")], "move=0,0,-10"),
+    ("Scale", [("Scale", "space")], "scale=1"),
+    ("Rotate", [("Rotate:", "Right"), ("Rotate", "space")], "rotate=1"),
+    ("Mirror", [("Mirror East & West", "space")], "mirror=east-west"),
+    ("Tunnel Test", [("Tunnel all Segments", "space")], "tunnels=all"),
+    ("Backwards Rebuild", [("Rebuild Track Backwards", "space")], "backwards"),
+    ("Node Smoother", [("Smooth Track Nodes", "space")], "smooth"),
+    ("3DS Renamer", [("New name", "t o w e r"), ("Rename", "space")], "rename=1,tower"),
+]
+OPEN_TRACK_PANELS = [("Shuttle Make", [("Make Shuttle", "space")], "shuttle")]
+ELEMENT_PANELS = [
+    ("Reverse", [("Reverse", "space")], "reverse"),
+    ("Rotate", [("Rotate:", "Left"), ("Rotate Y-axis", "space")], "rotate-y=-1"),
+]
+INSTALLATION_PANELS = [
+    ("Env-Organizer", [("Organize Environments", "space")], None),
+    ("File Association", [("Set File Association", "space")], None),
+]
+NAMED_ROLES = {"push button", "check box", "radio button", "text", "combo box", "progress bar", "image", "panel",
+               "menu item"}
+
+
+def wait_for(what, look):
+    for _ in range(300):
+        found = look()
+        if found:
+            return found
+        time.sleep(0.05)
+    sys.exit("waited in vain for " + what)
+
+
+def below(node):
+    for child in node:
+        if child is not None:
+            yield child
+            yield from below(child)
+
+
+def has(node, *states):
+    present = node.getState()
+    return all(present.contains(state) for state in states)
+
+
+def press(keys):
+    subprocess.run(["xdotool", "key", "--delay", "10", *keys.split()], check=True)
+
+
+def windows(title):
+    return subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "^" + title + "$"],
+                          capture_output=True, text=True, check=False).stdout.split()
+
+
+def window_named(title):
+    return wait_for("the window " + title, lambda: windows(title))[0]
+
+
+def main_window():
+    return wait_for("the accessible window", lambda: next(
+        (frame for program in pyatspi.Registry.getDesktop(0) if program is not None
+         for frame in program if frame is not None and frame.name.startswith("Railwright: ")), None))
+
+
+def check_controls(window):
+    """Whatever a user can meet has a role, and a name or the text that it shows."""
+    names = []
+    for node in below(window):
+        role = node.getRoleName()
+        if role in NAMED_ROLES or has(node, pyatspi.STATE_FOCUSABLE) and role not in ("list", "list item"):
+            if not node.name or role in ("filler", "unknown", "invalid"):
+                sys.exit(f"a {role} below '{node.parent.name}' is called '{node.name}'")
+            names.append(node.name)
+    for name in ("Open...", "Save As...", "Preview from above", "Track Tool: Move", "Progress", "About..."):
+        if name not in names:
+            sys.exit(f"no control is called '{name}'")
+
+
+def can_be_worked(node):
+    return has(node, pyatspi.STATE_SHOWING, pyatspi.STATE_FOCUSABLE, pyatspi.STATE_ENABLED)
+
+
+class Controls:
+    """The controls of the window that the Tab key can come to."""
+
+    def __init__(self, window):
+        self.focusable = {}
+        for frame in (node for node in below(window) if node.getRoleName() == "panel"):
+            self.focusable[frame.name] = [node for node in below(frame) if has(node, pyatspi.STATE_FOCUSABLE)]
+
+    def workable(self, frame):
+        return [node for node in self.focusable[frame] if can_be_worked(node)]
+
+    def panel_in_front(self):
+        return next(name for name in self.focusable if ": " in name and self.workable(name))
+
+    def tab_to(self, frame, name, last=False):
+        """Presses Tab until the control of that name has the focus. Two labels of tools have the same name."""
+        found = wait_for(f"a control '{name}' that can be worked",
+                         lambda: [node for node in self.workable(frame) if node.name == name])
+        target = found[-1 if last else 0]
+        stops = [node for each in self.focusable for node in self.workable(each)]
+        at = next((stop for stop in stops if has(stop, pyatspi.STATE_FOCUSED)), None)
+        for _ in stops:
+            press("Tab")
+            at = wait_for(f"the focus behind '{at and at.name}'", lambda: next(
+                (stop for stop in stops if stop is not at and has(stop, pyatspi.STATE_FOCUSED)), None))
+            if has(target, pyatspi.STATE_FOCUSED):
+                return
+        sys.exit(f"the Tab key does not come to '{name}'")
+
+    def work(self, panels):
+        for label, keys, _ in panels:
+            self.tab_to("Tools", label, panels is ELEMENT_PANELS)
+            press("Return")
+            for name, key in keys:
+                self.tab_to(self.panel_in_front(), name)
+                press(key)
+
+
+def answer(window, title, path):
+    """Types a path into a file dialog."""
+    subprocess.run(["xdotool", "windowfocus", "--sync", window_named(title)], check=True)
+    field = wait_for("the field for the name", lambda: next(
+        (node for dialog in window.parent for node in below(dialog)
+         if node.getRoleName() == "text" and has(node, pyatspi.STATE_FOCUSED)), None))
+    press("ctrl+a")
+    subprocess.run(["xdotool", "type", "--delay", "10", path], check=True)
+    wait_for(path, lambda: field.queryText().getText(0, -1) == path)
+    press("Return")
+
+
+def in_front():
+    subprocess.run(["xdotool", "windowfocus", "--sync", window_named("Railwright: .*")], check=True)
+
+
+def work_document(window, controls, name, panels):
+    """Opens a document, works its panels, saves it, and holds it against what the command line makes of it."""
+    extension = os.path.splitext(name)[1]
+    source, saved, expected = (os.path.join(EXAMPLES, name), os.path.join(WORK, "saved" + extension),
+                               os.path.join(WORK, "expected" + extension))
+    in_front()
+    controls.tab_to("Document", "Open...")
+    press("space")
+    answer(window, "Open NoLimits File...", source)
+    window_named("Railwright: " + name)
+    in_front()
+    controls.work(panels)
+    window_named("Railwright: " + name + "\\*")
+    controls.tab_to("Document", "Save As...")
+    press("Return")
+    answer(window, "Save NoLimits .* File...", saved)
+    window_named("Railwright: saved" + extension)
+    steps = [step for _, _, step in panels if step]
+    subprocess.run([TOOL, "apply", source, *steps, "-o", expected], check=True)
+    if not filecmp.cmp(saved, expected, shallow=False):
+        sys.exit(f"{name}: the keys made another file than {' '.join(steps)}")
+    os.remove(saved)
+
+
+def main():
+    window = main_window()
+    check_controls(window)
+    controls = Controls(window)
+    work_document(window, controls, "harbor-comet.nltrack", TRACK_PANELS)
+    work_document(window, controls, "switchback-spur.nltrack", OPEN_TRACK_PANELS)
+    work_document(window, controls, "loop.nlelem", ELEMENT_PANELS)
+    in_front()
+    controls.work(INSTALLATION_PANELS)
+    wait_for("the organized environment",
+             lambda: os.path.exists(os.path.join(WORK, "Environments", "alps", "rock.png")))
+    wait_for("the association", lambda: os.path.exists(os.path.join(WORK, "registry.reg")))
+    press("Alt_L Down Up Return")  # Exit is the last entry of the first menu
+
+
+main()
