@@ -18,6 +18,10 @@ static std::atomic<std::size_t> allocated = 0;
         return memory;
     throw std::bad_alloc();
 }
+[[gnu::noinline]] void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    allocated += size;
+    return std::malloc(std::max<std::size_t>(size, 1));
+}
 #ifndef _WIN32 // where a list is not aligned, and the runtime has no such call
 [[gnu::noinline]] void* operator new(std::size_t size, std::align_val_t alignment) {
     allocated += size;
@@ -56,7 +60,7 @@ TEST_F(TrackFile, TracksComeBackWholeFromAnyForm) {
     EXPECT_EQ(Track.FileHeader.Version[1], 0xFF);
     // One zeroed element stands behind those of the file.
     EXPECT_EQ(Track.TrackHeader.Trains.size(), static_cast<std::size_t>(Track.TrackHeader.NumTrains) + 1);
-    EXPECT_EQ(Track.BezierCurve.Nodes.size(), static_cast<std::size_t>(Track.BezierCurve.NodeCount) + 1);
+    ASSERT_EQ(Track.BezierCurve.Nodes.size(), static_cast<std::size_t>(Track.BezierCurve.NodeCount) + 1);
     EXPECT_EQ(Track.BezierCurve.Nodes.back().Position.X, 0);
     ExpectSamplesToComeBack({"harbor-comet.nltrack", "switchback-spur.nltrack", "timber-fox.nltrack"});
 }
