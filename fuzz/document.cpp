@@ -1,10 +1,10 @@
 #include "cli/Dump.h"
 #include "cli/Steps.h"
+#include "drawing/SvgPictureBox.h"
 #include "element/mNoLimits_ElementIO_1_3.h"
 #include "fuzz/Fuzz.h"
 #include "geometry/Preview.h"
 #include "geometry/mNoLimits_TrackTools.h"
-#include "platform/svg/SvgPictureBox.h"
 #include "tools/mNLT_Overview.h"
 #include "track/mNoLimits_TrackIO_1_3.h"
 

@@ -5,6 +5,7 @@
 #include "base/Version.h"
 #include "cli/Dump.h"
 #include "cli/Steps.h"
+#include "drawing/SvgPictureBox.h"
 #include "element/mNoLimits_ElementIO_1_3.h"
 #include "geometry/Preview.h"
 #include "geometry/mNoLimits_TrackTools.h"
@@ -12,7 +13,6 @@
 #include "platform/FileOperations.h"
 #include "platform/NameLookup.h"
 #include "platform/UserLocale.h"
-#include "platform/svg/SvgPictureBox.h"
 #include "tools/mNLT_Overview.h"
 #include "track/mNoLimits_TrackIO_1_3.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "base/Types.h"
+#include "drawing/PictureBox.h"
 #include "geometry/mNoLimits_TrackTools.h"
-#include "platform/PictureBox.h"
 
 #include <cmath>
 #include <optional>

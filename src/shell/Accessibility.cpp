@@ -1,7 +1,7 @@
 #include "shell/Accessibility.h"
 
-#include "platform/qt/QtPictureBox.h"
 #include "shell/Controls.h"
+#include "shell/QtPictureBox.h"
 #include "shell/ucFrame.h"
 
 #include <QAccessibleWidget>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Desktop.h"
-#include "platform/qt/QtPictureBox.h"
+#include "shell/QtPictureBox.h"
 #include "shell/ToolPanel.h"
 
 #include <array>

@@ -2,12 +2,12 @@
 #include "base/FileName.h"
 #include "base/Text.h"
 #include "base/Version.h"
+#include "drawing/PaintedPicture.h"
 #include "element/mNoLimits_ElementIO_1_3.h"
 #include "geometry/Preview.h"
 #include "geometry/mNoLimits_TrackTools.h"
 #include "platform/FilePath.h"
 #include "platform/WholeFile.h"
-#include "platform/qt/PaintedPicture.h"
 #include "track/mNoLimits_TrackIO_1_3.h"
 
 #include <CLI/CLI.hpp>

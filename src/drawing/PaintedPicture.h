@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/PictureBox.h"
+#include "drawing/PictureBox.h"
 
 #include <cstddef>
 #include <vector>

@@ -1,4 +1,4 @@
-#include "platform/qt/PaintedPicture.h"
+#include "drawing/PaintedPicture.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/qt/PaintedPicture.h"
+#include "drawing/PaintedPicture.h"
 
 #include <QPixmap>
 #include <QWidget>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/TextOutput.h"
-#include "platform/PictureBox.h"
+#include "drawing/PictureBox.h"
 
 namespace railwright {
 

@@ -1,4 +1,4 @@
-#include "platform/svg/SvgPictureBox.h"
+#include "drawing/SvgPictureBox.h"
 
 #include <array>
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "platform/qt/QtPictureBox.h"
+#include "shell/QtPictureBox.h"
 
 #include "platform/Desktop.h"
 
