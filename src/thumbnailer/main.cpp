@@ -112,6 +112,8 @@ int main(int count, char** words) {
         return railwright::Run(count, words);
     } catch (const std::bad_alloc&) {
         std::cerr << "railwright-thumbnailer: there is not enough memory\n";
-        return railwright::Failed;
+    } catch (const std::exception& error) {
+        std::cerr << "railwright-thumbnailer: " << error.what() << '\n';
     }
+    return railwright::Failed;
 }
