@@ -18,6 +18,11 @@ using Names = std::vector<std::string>;
 /// What a file holds before and after a save.
 inline const Bytes Old(180, 'o'), New(250, 'n');
 
+inline std::string Utf8(const std::filesystem::path& path) {
+    const std::u8string text = path.u8string();
+    return {text.begin(), text.end()};
+}
+
 /// A folder of its own for one test, gone with everything in it at the test's end. Paths are as a user would
 /// type them, those Inside as the program uses them, with a backslash between the names.
 class TemporaryFolder {
@@ -25,7 +30,9 @@ public:
     TemporaryFolder() { std::filesystem::create_directories(folder); }
     ~TemporaryFolder() { std::filesystem::remove_all(folder); }
     const std::filesystem::path& Path() const { return folder; }
-    std::string File(const std::string& name) const { return (folder / name).string(); }
+    std::string File(const std::string& name) const {
+        return Utf8(folder / std::u8string(name.begin(), name.end()));
+    }
     FilePath Inside(std::string name) const {
         std::replace(name.begin(), name.end(), '\\', '/');
         return FilePath::FromUser(File(name));
@@ -34,7 +41,7 @@ public:
     std::vector<std::string> Names() const {
         std::set<std::string> names;
         for (const auto& entry : std::filesystem::directory_iterator(folder))
-            names.insert(entry.path().filename().string());
+            names.insert(Utf8(entry.path().filename()));
         return {names.begin(), names.end()};
     }
 
