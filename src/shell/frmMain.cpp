@@ -58,7 +58,7 @@ frmMain::frmMain() {
     connect(&afterDrop, &QTimer::timeout, this, [this] { OpenNoLimitsFile(dropped); });
 
     auto* const window = new QWidget(this);
-    window->setFixedSize(InPixels(Client).size());
+    window->setFixedSize(ClientSize());
     BuildMenu();
     BuildTitleStrip(*window);
     BuildToolList(*window);
@@ -71,6 +71,10 @@ frmMain::frmMain() {
 
 frmMain::~frmMain() {
     theWindow = nullptr;
+}
+
+QSize frmMain::ClientSize() {
+    return InPixels(Client).size();
 }
 
 frmMain& frmMain::Instance() {

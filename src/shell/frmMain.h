@@ -51,6 +51,9 @@ public:
     /// The one window of the process.
     static frmMain& Instance();
 
+    /// Size of what stands below the menu, in pixels of a screen of the usual resolution.
+    static QSize ClientSize();
+
     /// Starts the program: first panel, menus, simulator's folder, and the file of the command line.
     /// @param commandLine all that stands behind the program's name, one file name or nothing.
     void Form_Load(std::string commandLine);

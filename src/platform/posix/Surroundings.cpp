@@ -2,6 +2,7 @@
 #include "platform/CommandLine.h"
 #include "platform/FilePath.h"
 #include "platform/UserLocale.h"
+#include "platform/UserTextSize.h"
 
 #include <algorithm>
 #include <csignal>
@@ -36,6 +37,11 @@ NumberSeparators UserNumberSeparators() {
     freelocale(locale);
     // The C locale has a point and no separator of thousands.
     return user.Group.empty() && user.Decimal == "." ? NumberSeparators{} : user;
+}
+
+// Desktops set the resolution of texts, which the toolkit follows.
+double UserTextScale(int, int) {
+    return 1;
 }
 
 char PathSeparator() {
