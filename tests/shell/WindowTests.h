@@ -85,6 +85,10 @@ private slots:
     void PassesNamesThroughTheDialogs();
     void TellsOfNamesThatAreTooLong();
     void SaysWhereTheContentIsThatLostItsFile();
+#ifdef Q_OS_WIN
+    void OpensFromSharesAndDeepFolders();
+    void LeavesAFileAloneThatAnotherProgramHolds();
+#endif
     void OpensAFileThatIsDropped();
     void ClosesAsAnswered();
     void ChangesTheDocument();
