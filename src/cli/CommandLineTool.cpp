@@ -5,6 +5,7 @@
 #include "base/Version.h"
 #include "cli/Dump.h"
 #include "cli/Steps.h"
+#include "cli/Suggestion.h"
 #include "drawing/SvgPictureBox.h"
 #include "element/mNoLimits_ElementIO_1_3.h"
 #include "geometry/Preview.h"
@@ -293,8 +294,11 @@ struct CommandLine {
                              "print the version and exit");
         for (const Command& command : Commands)
             AddCommand(App, command, Given, Chosen);
-        App.failure_message([](const CLI::App*, const CLI::Error& error) {
-            return OnOneLine(error.what()) + "\nRun with --help for more information.\n";
+        App.failure_message([](const CLI::App* app, const CLI::Error& error) {
+            const std::vector<std::string> unknown = app->remaining();
+            const bool hasCommand = unknown.empty() || !app->get_subcommands().empty();
+            return OnOneLine(error.what()) + (hasCommand ? "" : DidYouMean(unknown.front(), Commands)) +
+                   "\nRun with --help for more information.\n";
         });
     }
     CommandLine(const CommandLine&) = delete;

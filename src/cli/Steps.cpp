@@ -1,6 +1,7 @@
 #include "cli/Steps.h"
 
 #include "base/Types.h"
+#include "cli/Suggestion.h"
 #include "element/ElementDocument.h"
 #include "platform/CodePage.h"
 #include "tools/mNLE_Reverse.h"
@@ -253,14 +254,15 @@ std::string ListOf(const char* documentKind, std::span<const StepKind> kinds) {
 
 Action ActionFor(std::span<const StepKind> kinds, const char* documentKind, std::string_view step) {
     const std::size_t equals = step.find('=');
+    const std::string_view name = step.substr(0, equals);
     for (const StepKind& kind : kinds) {
-        if (kind.Name != step.substr(0, equals))
+        if (kind.Name != name)
             continue;
         if (kind.HasValue() != (equals != std::string_view::npos))
             throw BadStep{kind.HasValue() ? "a value is needed" : "it takes no value"};
         return kind.Make(kind.HasValue() ? step.substr(equals + 1) : "");
     }
-    throw BadStep{std::string("there is no such step for ") + documentKind};
+    throw BadStep{std::string("there is no such step for ") + documentKind + DidYouMean(name, kinds)};
 }
 
 StepResult Apply(std::span<const StepKind> kinds, const char* documentKind,
