@@ -118,7 +118,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
         std::istringstream lines({std::find(input.rbegin(), input.rend(), 0).base(), input.end()});
         std::string step;
         for (int i = 0; i < 16 && std::getline(lines, step); ++i)
-            (isTrack ? ApplyTrackSteps : ApplyElementSteps)(std::span(&step, 1));
+            (isTrack ? ApplyTrackSteps : ApplyElementSteps)(std::span(&step, 1), {});
         drawings = Drawings(isTrack);
         Require(drawings.find("nan") == std::string::npos && drawings.find("inf") == std::string::npos,
                 "all that is drawn has a place");

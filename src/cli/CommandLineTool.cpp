@@ -4,6 +4,7 @@
 #include "base/Text.h"
 #include "base/Version.h"
 #include "cli/Dump.h"
+#include "cli/Progress.h"
 #include "cli/Steps.h"
 #include "cli/Suggestion.h"
 #include "drawing/SvgPictureBox.h"
@@ -48,7 +49,7 @@ struct Kind {
     void (*Draw)(PictureBox&, PictureBox&);
     void (*Dump)(TextOutput&);
     void (*PrintPolyline)(TextOutput&);
-    StepResult (*Apply)(std::span<const std::string>);
+    StepResult (*Apply)(std::span<const std::string>, const StepBegins&);
 };
 
 void PrintPoint(TextOutput& out, const Vector3& point) {
@@ -132,6 +133,8 @@ struct Arguments {
     std::vector<std::string> Steps;
     std::string Target;
     NumberSeparators Separators = UserNumberSeparators();
+    /// Where the progress is told; none if it is not.
+    std::ostream* Terminal = nullptr;
 };
 
 void PrintReport(const std::string& file, const Arguments& arguments, TextOutput& out) {
@@ -185,9 +188,16 @@ void WritePreview(const std::string& file, const Arguments& arguments, TextOutpu
 }
 
 void Apply(const std::string& file, const Arguments& arguments, TextOutput&) {
+    Progress progress(arguments.Terminal);
+    progress.Tell("reading");
     const Kind& kind = LoadAny(file);
-    if (const StepResult applied = kind.Apply(arguments.Steps); !applied.Done)
+    const auto begins = [&, &steps = arguments.Steps](std::size_t i) {
+        progress.Tell("step " + std::to_string(i + 1) + " of " + std::to_string(steps.size()) + ": " +
+                      std::string(NameOfStep(steps[i])));
+    };
+    if (const StepResult applied = kind.Apply(arguments.Steps, begins); !applied.Done)
         throw FileFailure{file, applied.Reason};
+    progress.Tell("writing");
     Require(kind.Save(FilePath::FromUser(arguments.Target)), arguments.Target);
 }
 
@@ -311,8 +321,10 @@ void DescribeCommandLine(const std::function<void(const CLI::App&)>& describe) {
     describe(CommandLine().App);
 }
 
-int RunCommandLineTool(std::vector<std::string> words, std::ostream& out, std::ostream& errors) {
+int RunCommandLineTool(std::vector<std::string> words, std::ostream& out, std::ostream& errors,
+                       std::ostream* terminal) {
     CommandLine line;
+    line.Given.Terminal = terminal;
     const Arguments& arguments = line.Given;
     try {
         std::reverse(words.begin(), words.end()); // as the parser wants them

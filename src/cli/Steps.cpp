@@ -254,7 +254,7 @@ std::string ListOf(const char* documentKind, std::span<const StepKind> kinds) {
 
 Action ActionFor(std::span<const StepKind> kinds, const char* documentKind, std::string_view step) {
     const std::size_t equals = step.find('=');
-    const std::string_view name = step.substr(0, equals);
+    const std::string_view name = NameOfStep(step);
     for (const StepKind& kind : kinds) {
         if (kind.Name != name)
             continue;
@@ -266,7 +266,7 @@ Action ActionFor(std::span<const StepKind> kinds, const char* documentKind, std:
 }
 
 StepResult Apply(std::span<const StepKind> kinds, const char* documentKind,
-                 std::span<const std::string> steps) {
+                 std::span<const std::string> steps, const StepBegins& begins) {
     std::string_view inHand;
     try {
         std::vector<Action> actions;
@@ -276,6 +276,8 @@ StepResult Apply(std::span<const StepKind> kinds, const char* documentKind,
         }
         for (std::size_t i = 0; i < actions.size(); ++i) {
             inHand = steps[i];
+            if (begins)
+                begins(i);
             actions[i]();
         }
         return {};
@@ -308,12 +310,16 @@ std::string StepsHelp() {
            "\nDIRECTION: " + WordsOf(MirrorModes) + "\nWHICH: " + WordsOf(TunnelModes);
 }
 
-StepResult ApplyTrackSteps(std::span<const std::string> steps) {
-    return Apply(TrackSteps, "a track", steps);
+std::string_view NameOfStep(std::string_view step) {
+    return step.substr(0, step.find('='));
 }
 
-StepResult ApplyElementSteps(std::span<const std::string> steps) {
-    return Apply(ElementSteps, "an element", steps);
+StepResult ApplyTrackSteps(std::span<const std::string> steps, const StepBegins& begins) {
+    return Apply(TrackSteps, "a track", steps, begins);
+}
+
+StepResult ApplyElementSteps(std::span<const std::string> steps, const StepBegins& begins) {
+    return Apply(ElementSteps, "an element", steps, begins);
 }
 
 } // namespace railwright

@@ -197,7 +197,7 @@ TEST_F(CommandLine, KeepsEverySampleSoundBehindEveryTool) {
             change(Track.BezierCurve.NodeCount, Track.BezierCurve.Nodes, counts[1]);
             change(Track.PreFabSupports.NodeCount, Track.PreFabSupports.Nodes, counts[2]);
             change(Track.TrackHeader.NumTrains, Track.TrackHeader.Trains, counts[3]);
-            EXPECT_EQ(ApplyTrackSteps(tools).Done, sample[0] == 's');
+            EXPECT_EQ(ApplyTrackSteps(tools, {}).Done, sample[0] == 's');
             ExpectSound(Saved());
         }
 }

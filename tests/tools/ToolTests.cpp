@@ -13,7 +13,7 @@ namespace railwright::testing {
 
 static void RunStep(const std::string& step) {
     const bool ofElement = step == "reverse" || step.starts_with("rotate-");
-    EXPECT_TRUE((ofElement ? ApplyElementSteps : ApplyTrackSteps)({&step, 1}).Done) << step;
+    EXPECT_TRUE((ofElement ? ApplyElementSteps : ApplyTrackSteps)({&step, 1}, {}).Done) << step;
 }
 
 using Tools = EmptyDocuments;
