@@ -1,22 +1,19 @@
 #include "cli/CommandLineTool.h"
 
-#include "base/FileName.h"
 #include "base/Text.h"
 #include "base/Version.h"
 #include "cli/Dump.h"
 #include "cli/Progress.h"
 #include "cli/Steps.h"
 #include "cli/Suggestion.h"
+#include "documents/DocumentKinds.h"
 #include "drawing/SvgPictureBox.h"
-#include "element/mNoLimits_ElementIO_1_3.h"
-#include "geometry/Preview.h"
 #include "geometry/mNoLimits_TrackTools.h"
 #include "install/mTool_EnvironmentCleaner.h"
 #include "platform/FileOperations.h"
 #include "platform/NameLookup.h"
 #include "platform/UserLocale.h"
 #include "tools/mNLT_Overview.h"
-#include "track/mNoLimits_TrackIO_1_3.h"
 
 #include <CLI/CLI.hpp>
 
@@ -41,12 +38,8 @@ struct FileFailure {
 /// Standard output takes no more; that ends the work on all files.
 struct OutputFailure {};
 
-/// What the program does with a document of one kind.
-struct Kind {
-    std::string_view Extension;
-    FileResult (*Load)(const FilePath&);
-    FileResult (*Save)(const FilePath&);
-    void (*Draw)(PictureBox&, PictureBox&);
+/// A kind of document, and what this program alone does with it.
+struct Kind : DocumentKind {
     void (*Dump)(TextOutput&);
     void (*PrintPolyline)(TextOutput&);
     StepResult (*Apply)(std::span<const std::string>, const StepBegins&);
@@ -75,13 +68,8 @@ void PrintElementPolyline(TextOutput& out) {
     });
 }
 
-constexpr std::array Kinds = {Kind{TrackExtension, LoadTrackFile, SaveTrackFile, DrawTrackWhileSampling,
-                                   DumpTrack, PrintTrackPolyline, ApplyTrackSteps},
-                              Kind{ElementExtension, LoadElementFile, SaveElementFile,
-                                   DrawElementWhileSampling, DumpElement, PrintElementPolyline,
-                                   ApplyElementSteps}};
-
-const Kind& TrackKind = Kinds[0];
+constexpr std::array Kinds = {Kind{TrackKind, DumpTrack, PrintTrackPolyline, ApplyTrackSteps},
+                              Kind{ElementKind, DumpElement, PrintElementPolyline, ApplyElementSteps}};
 
 std::string WithByte(const FileResult& result) {
     return result.Reason + " at byte " + std::to_string(result.Byte);
@@ -89,14 +77,13 @@ std::string WithByte(const FileResult& result) {
 
 /// @throws FileFailure if the file's name has neither extension.
 const Kind& KindOf(const std::string& file) {
-    for (const Kind& kind : Kinds)
-        if (HasExtension(file, kind.Extension))
-            return kind;
-    throw FileFailure{file, "the name ends in neither .nltrack nor .nlelem"};
+    if (const Kind* const kind = KindOf(Kinds, file))
+        return *kind;
+    throw FileFailure{file, OfNoKind};
 }
 
 /// @throws FileFailure if the file cannot be read.
-void Load(const Kind& kind, const std::string& file) {
+void Load(const DocumentKind& kind, const std::string& file) {
     if (const FileResult loaded = kind.Load(FilePath::FromUser(file)); !loaded)
         throw FileFailure{file, loaded.Byte > 0 ? WithByte(loaded) : loaded.Reason};
 }
@@ -151,14 +138,6 @@ void PrintPolyline(const std::string& file, const Arguments&, TextOutput& out) {
     LoadAny(file).PrintPolyline(out);
 }
 
-/// A picture that nobody looks at.
-class NoPicture final : public PictureBox {
-    void Cls() override {}
-    void Line(float, float, float, float, Rgb) override {}
-    void PSet(float, float, Rgb) override {}
-    void DrawWidth(int) override {}
-};
-
 /// Draws one of the two views straight into a file.
 void WriteDrawing(const FilePath& file, const std::function<void(PictureBox&)>& draw) {
     const auto content = [&draw](OpenFile& opened, std::error_code& error) {
@@ -183,8 +162,10 @@ void WritePreview(const std::string& file, const Arguments& arguments, TextOutpu
     const FilePath folder = FilePath::FromUser(arguments.Target);
     Require(CreateFolders(folder), arguments.Target);
     NoPicture none;
-    WriteDrawing(folder / FileName("plan.svg"), [&](PictureBox& plan) { kind.Draw(plan, none); });
-    WriteDrawing(folder / FileName("side.svg"), [&](PictureBox& side) { kind.Draw(none, side); });
+    WriteDrawing(folder / FileName("plan.svg"),
+                 [&](PictureBox& plan) { kind.DrawWhileSampling(plan, none); });
+    WriteDrawing(folder / FileName("side.svg"),
+                 [&](PictureBox& side) { kind.DrawWhileSampling(none, side); });
 }
 
 void Apply(const std::string& file, const Arguments& arguments, TextOutput&) {

@@ -168,8 +168,8 @@ void frmMain::ShowTab(std::int16_t iTab) {
 }
 
 void frmMain::UpdateMenus() {
-    const bool isTrack = iDocumentKind == DocumentKinds::Track;
-    const bool isElement = iDocumentKind == DocumentKinds::Element;
+    const bool isTrack = iDocumentKind == CurrentDocument::Track;
+    const bool isElement = iDocumentKind == CurrentDocument::Element;
     menuBar()->findChild<QMenu*>("mnuT")->setEnabled(isTrack);
     menuBar()->findChild<QMenu*>("mnuE")->setEnabled(isElement);
     menuBar()->findChild<QAction*>("mnuSaveAs")->setEnabled(isTrack || isElement);

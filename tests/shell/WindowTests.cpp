@@ -268,7 +268,7 @@ void WindowTests::FailsToOpen() {
             program.Click(button);
         QVERIFY(program.Report() == report && Track.BezierCurve.NodeCount == nodes && !bDocumentChanged);
         program.Choose("mnuSaveAs");
-        QVERIFY2(iDocumentKind == DocumentKinds::None && sDocumentFile == left, name.c_str());
+        QVERIFY2(iDocumentKind == CurrentDocument::None && sDocumentFile == left, name.c_str());
     }
 }
 
