@@ -223,30 +223,47 @@ struct Command {
     const char* Name;
     const char* Help;
     /// What it works on, and whether it takes more than one.
-    const char* On;
-    bool OnMany;
+    const char* On = "FILE";
+    bool OnMany = false;
     /// What its option -o names, and whether that is FILE or FOLDER; none if empty.
-    const char* Target;
-    const char* TargetKind;
-    bool HasSteps;
-    bool HasSeparators;
+    const char* Target = "";
+    const char* TargetKind = "";
+    bool HasSteps = false;
+    bool HasSeparators = false;
     /// It tells what is wrong with a file as its result, on standard output.
-    bool TellsFailures;
+    bool TellsFailures = false;
     /// Throws FileFailure.
     void (*Work)(const std::string& file, const Arguments& arguments, TextOutput& out);
 };
 
 constexpr Command Commands[] = {
-    {"report", "print the overview of each track", "FILE", true, "", "", false, true, false, PrintReport},
-    {"dump", "print the whole document as JSON", "FILE", false, "", "", false, false, false, PrintDump},
-    {"polyline", "print the sampled curve as CSV", "FILE", false, "", "", false, false, false, PrintPolyline},
-    {"preview", "draw plan.svg and side.svg", "FILE", false, "folder for the drawings", "FOLDER", false,
-     false, false, WritePreview},
-    {"apply", "run tools on a file and save the result", "FILE", false,
-     "file to save to, which may be the same", "FILE", true, false, false, Apply},
-    {"check", "tell for each file whether it can be read", "FILE", true, "", "", false, false, true, Check},
-    {"organize", "tidy the environments in the simulator's folder", "FOLDER", false, "", "", false, false,
-     false, Organize},
+    {.Name = "report",
+     .Help = "print the overview of each track",
+     .OnMany = true,
+     .HasSeparators = true,
+     .Work = PrintReport},
+    {.Name = "dump", .Help = "print the whole document as JSON", .Work = PrintDump},
+    {.Name = "polyline", .Help = "print the sampled curve as CSV", .Work = PrintPolyline},
+    {.Name = "preview",
+     .Help = "draw plan.svg and side.svg",
+     .Target = "folder for the drawings",
+     .TargetKind = "FOLDER",
+     .Work = WritePreview},
+    {.Name = "apply",
+     .Help = "run tools on a file and save the result",
+     .Target = "file to save to, which may be the same",
+     .TargetKind = "FILE",
+     .HasSteps = true,
+     .Work = Apply},
+    {.Name = "check",
+     .Help = "tell for each file whether it can be read",
+     .OnMany = true,
+     .TellsFailures = true,
+     .Work = Check},
+    {.Name = "organize",
+     .Help = "tidy the environments in the simulator's folder",
+     .On = "FOLDER",
+     .Work = Organize},
 };
 
 void AddCommand(CLI::App& app, const Command& command, Arguments& arguments, const Command*& chosen) {

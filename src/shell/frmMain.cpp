@@ -86,14 +86,15 @@ void frmMain::BuildTitleStrip(QWidget& window) {
         new PictureButton(*strip, "imgToolBar(1)", "Save As...", Artwork("save"), {420, 60, 240, 240});
     connect(open, &QPushButton::clicked, this, [] { mnuOpen_Click(); });
     connect(save, &QPushButton::clicked, this, [] { mnuSaveAs_Click(); });
-    lblTitle = AddLabel(*strip, "lblTitle", "Railwright", {3540, 90, 3975, 195}, ControlFont(8.25, true));
+    lblTitle =
+        AddLabel(*strip, "lblTitle", "Railwright", {3540, 90, 3975, 195}, ControlFont(8.25, {.Bold = true}));
     lblTitle->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 }
 
 void frmMain::BuildToolList(QWidget& window) {
     auto* const list = Placed(new ucFrame(&window), "ucFrame1", ToolList);
     list->setAccessibleName("Tools");
-    const QFont bold = ControlFont(8.25, true);
+    const QFont bold = ControlFont(8.25, {.Bold = true});
     for (const HeadingRow& row : HeadingRows)
         AddLabel(*list, row.Name, row.Caption, row.Where, bold);
     for (const ToolLabelRow& row : ToolLabelRows) {

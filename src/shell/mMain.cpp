@@ -49,16 +49,10 @@ constexpr std::array DocumentFlows = {
 
 /// Asks for a file that exists.
 /// @return its path, empty on Cancel.
-FilePath AskForFile(const std::string& title, std::string filter, const std::string& extension,
-                    const FilePath& folder) {
-    std::string file;
-    std::string fileTitle;
-    bool readOnly = false;
-    std::int32_t filterIndex = 1;
-    std::int32_t flags = 0;
-    ShowOpenFileDialog(file, fileTitle, true, readOnly, true, filter, filterIndex, folder.Native(), title,
-                       extension, frmMain::Instance().Handle(), flags);
-    return FilePath::FromUser(file);
+FilePath AskForFile(FileDialog dialog) {
+    dialog.iOwner = frmMain::Instance().Handle();
+    ShowOpenFileDialog(dialog);
+    return FilePath::FromUser(dialog.sFileName);
 }
 
 void ShowError(const std::string& text) {
@@ -82,8 +76,9 @@ std::optional<FilePath> SimulatorFolder() {
                        "Unknown NoLimits Path", MessageButtons::YesNo,
                        MessageIcon::Question) != MessageAnswer::Yes)
         return std::nullopt;
-    const FilePath chosen = AskForFile("Locate NoLimits Simulator...",
-                                       std::string("NoLimits Simulator|") + SimulatorProgram, "exe", {});
+    const FilePath chosen = AskForFile({.sFilter = std::string("NoLimits Simulator|") + SimulatorProgram,
+                                        .sDialogTitle = "Locate NoLimits Simulator...",
+                                        .sDefaultExt = "exe"});
     if (chosen.IsEmpty())
         return std::nullopt;
     ShowMessageBox(owner, "To prevent this message in the future, run Railwright from your NoLimits Folder.",
@@ -122,15 +117,14 @@ bool OpenDocument(const FilePath& file, const DocumentFlow& flow) {
 
 /// @return the name chosen to save under, empty on Cancel.
 FilePath AskForName(const DocumentFlow& flow) {
-    std::string file = sDocumentFile.Native();
-    std::string fileTitle;
-    std::string filter = flow.Filter();
-    std::int32_t filterIndex = 1;
-    std::int32_t flags = 0;
-    ShowSaveFileDialog(file, fileTitle, true, filter, filterIndex, sNoLimitsPath.Native(),
-                       flow.Text("Save NoLimits # File..."), std::string(flow.Extension.substr(1)),
-                       frmMain::Instance().Handle(), flags);
-    return FilePath::FromUser(file);
+    FileDialog dialog = {.sFileName = sDocumentFile.Native(),
+                         .sFilter = flow.Filter(),
+                         .sInitialDir = sNoLimitsPath.Native(),
+                         .sDialogTitle = flow.Text("Save NoLimits # File..."),
+                         .sDefaultExt = std::string(flow.Extension.substr(1)),
+                         .iOwner = frmMain::Instance().Handle()};
+    ShowSaveFileDialog(dialog);
+    return FilePath::FromUser(dialog.sFileName);
 }
 
 void ApplyTool(std::int16_t kind, const std::function<void()>& change, void (*refresh)()) {
@@ -155,10 +149,11 @@ bool LocateNoLimitsPath() {
 
 bool OpenNoLimitsFile(FilePath sFile) {
     if (sFile.IsEmpty())
-        sFile = AskForFile("Open NoLimits File...",
-                           "NoLimits Files (*.nltrack;*.nlelem)|*.nltrack;*.nlelem|" +
-                               DocumentFlows[0].Filter() + '|' + DocumentFlows[1].Filter(),
-                           "nltrack", sNoLimitsPath);
+        sFile = AskForFile({.sFilter = "NoLimits Files (*.nltrack;*.nlelem)|*.nltrack;*.nlelem|" +
+                                       DocumentFlows[0].Filter() + '|' + DocumentFlows[1].Filter(),
+                            .sInitialDir = sNoLimitsPath.Native(),
+                            .sDialogTitle = "Open NoLimits File...",
+                            .sDefaultExt = "nltrack"});
     if (sFile.IsEmpty())
         return false;
     bDocumentChanged = false;

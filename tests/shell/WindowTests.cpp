@@ -360,13 +360,19 @@ void WindowTests::TellsToWaitAndGetsOverLackOfMemory() {
 void WindowTests::PassesNamesThroughTheDialogs() {
     // A name that has no room is not offered; the dialog comes all the same.
     Program program;
-    std::string name(260, 'n'), title = "title", filter = "Any|*:All|*";
-    std::int32_t index = 2, flags = 8;
+    FileDialog dialog = {.sFileName = std::string(260, 'n'),
+                         .sFileTitle = "title",
+                         .sFilter = "Any|*:All|*",
+                         .iFilterIndex = 2,
+                         .sDialogTitle = "Pick",
+                         .sDefaultExt = "nlelem",
+                         .iFlags = 8};
     QString offered = "something";
     program.File("Pick", "", &offered);
-    QVERIFY(!ShowSaveFileDialog(name, title, true, filter, index, "", "Pick", "nlelem", NoWindow, flags));
-    QVERIFY(offered.isEmpty() && (name + title).empty() && index == 0 && flags == 0);
-    QCOMPARE(filter, std::string("Any\0*\0All\0*\0\0", 13));
+    QVERIFY(!ShowSaveFileDialog(dialog));
+    QVERIFY(offered.isEmpty() && (dialog.sFileName + dialog.sFileTitle).empty());
+    QVERIFY(dialog.iFilterIndex == 0 && dialog.iFlags == 0);
+    QCOMPARE(dialog.sFilter, std::string("Any\0*\0All\0*\0\0", 13));
 }
 
 void WindowTests::TellsOfNamesThatAreTooLong() {
