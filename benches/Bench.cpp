@@ -271,7 +271,7 @@ std::vector<Row> Rows() {
     const auto addTools = [&](const std::string& kind, auto apply, std::initializer_list<const char*> steps) {
         for (const std::string step : steps) {
             add(kind + step.substr(0, step.find('=')), "ByteSwapCopyTouched", [=] {
-                Must(apply({&step, 1}).Done, step.c_str());
+                Must(apply({&step, 1}, {}).Done, step.c_str());
             });
             rows.back().ChangesDocument = true;
         }
@@ -301,7 +301,7 @@ std::vector<Row> Rows() {
     rows.back().Before = InMemory<Load>; // it cannot be done twice
     add("Track/OpenToSaveDisk", "QDataStreamReaderDisk", [] {
         Load(), AnalyzeTrack(), DrawSvg(DrawTrackPreview), Report();
-        Must(ApplyTrackSteps(std::vector<std::string>{"mirror=east-west"}).Done, "mirror");
+        Must(ApplyTrackSteps(std::vector<std::string>{"mirror=east-west"}, {}).Done, "mirror");
         Save();
     });
     rows.back().ChangesDocument = true;

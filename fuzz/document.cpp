@@ -1,12 +1,9 @@
 #include "cli/Dump.h"
 #include "cli/Steps.h"
+#include "documents/DocumentKinds.h"
 #include "drawing/SvgPictureBox.h"
-#include "element/mNoLimits_ElementIO_1_3.h"
 #include "fuzz/Fuzz.h"
-#include "geometry/Preview.h"
-#include "geometry/mNoLimits_TrackTools.h"
 #include "tools/mNLT_Overview.h"
-#include "track/mNoLimits_TrackIO_1_3.h"
 
 #include <sstream>
 
@@ -34,34 +31,28 @@ void GivenBack(const volatile void* memory) {
         used -= static_cast<std::ptrdiff_t>(__sanitizer_get_allocated_size(memory));
 }
 
-/// What is done with the files of one kind of document.
-struct Kind {
-    FilePath File;
-    void (*Clear)();
-    FileResult (*Load)(const FilePath&);
-    FileResult (*Save)(const FilePath&);
-};
-const Kind track = {FilePath::FromUser("a.nltrack"), ClearTrackDocument, LoadTrackFile, SaveTrackFile};
-const Kind element = {FilePath::FromUser("a.nlelem"), ClearElementDocument, LoadElementFile, SaveElementFile};
+FilePath FileOf(const DocumentKind& kind) {
+    return FilePath::FromUser("a" + std::string(kind.Extension));
+}
 
 /// @return the file of the document in hand.
-Bytes Saved(const Kind& kind) {
+Bytes Saved(const DocumentKind& kind) {
     const MemoryFiles files;
-    Require(kind.Save(kind.File).Done, "what is in hand can be saved");
-    return *files.Find(kind.File);
+    Require(kind.Save(FileOf(kind)).Done, "what is in hand can be saved");
+    return *files.Find(FileOf(kind));
 }
 
 /// @return whether a file could be loaded. One that could not has left a reason and an empty document.
-bool Load(const Kind& kind, const Bytes& file) {
+bool Load(const DocumentKind& kind, const Bytes& file) {
     static const bool hooked = __sanitizer_install_malloc_and_free_hooks != nullptr &&
                                __sanitizer_install_malloc_and_free_hooks(Taken, GivenBack) > 0;
     kind.Clear();
-    static const Bytes empty[] = {Saved(track), Saved(element)};
+    static const Bytes empty[] = {Saved(TrackKind), Saved(ElementKind)};
     const MemoryFiles files;
-    WriteWholeFile(kind.File, file);
+    WriteWholeFile(FileOf(kind), file);
     used = peak = 0;
     isMeasured = hooked;
-    const FileResult loaded = kind.Load(kind.File);
+    const FileResult loaded = kind.Load(FileOf(kind));
     isMeasured = false;
     // The nodes of RASC take 16 bytes for 4 of the file, their supports, in a list that doubles, as much
     // again as the file.
@@ -72,7 +63,7 @@ bool Load(const Kind& kind, const Bytes& file) {
         std::fprintf(stderr, "heap for each byte of a large file: %.2f\n", largest = share);
     Require(loaded.Done == loaded.Reason.empty() && loaded.Byte >= 0 && loaded.Byte <= std::ssize(file),
             "a failure has a reason and a byte of the file");
-    Require(loaded.Done || Saved(kind) == empty[&kind == &element], "a failure leaves an empty document");
+    Require(loaded.Done || Saved(kind) == empty[&kind == &ElementKind], "a failure leaves an empty document");
     return loaded.Done;
 }
 
@@ -81,21 +72,22 @@ std::string Drawings(bool isTrack) {
     const MemoryFiles none;
     std::string drawings[2];
     TextOutput nowhere([](std::string_view) {});
-    const auto draw = [&](std::string& drawing, auto& drawTrack, auto& drawElement) {
+    const DocumentKind& kind = isTrack ? TrackKind : ElementKind;
+    const auto draw = [&](std::string& drawing, void (*drawBoth)(PictureBox&, PictureBox&)) {
         TextOutput out([&](std::string_view piece) { drawing += piece; });
         SvgPictureBox plan(out), side(out);
-        (isTrack ? drawTrack : drawElement)(plan, side);
+        drawBoth(plan, side);
         out.Flush();
     };
-    (isTrack ? AnalyzeTrack : AnalyzeElement)();
-    draw(drawings[0], DrawTrackPreview, DrawElementPreview);
-    draw(drawings[1], DrawTrackWhileSampling, DrawElementWhileSampling);
+    kind.Analyze();
+    draw(drawings[0], kind.Draw);
+    draw(drawings[1], kind.DrawWhileSampling);
     Require(drawings[0] == drawings[1], "the drawings are the same");
     if (isTrack) {
         std::string report;
         TextOutput out([&](std::string_view piece) { report += piece; });
-        PrintTrackOverview(out, track.File, {});
-        Require(report == BuildTrackOverview(track.File, {}), "the reports are the same");
+        PrintTrackOverview(out, FileOf(TrackKind), {});
+        Require(report == BuildTrackOverview(FileOf(TrackKind), {}), "the reports are the same");
     }
     (isTrack ? DumpTrack : DumpElement)(nowhere);
     return drawings[0];
@@ -109,7 +101,7 @@ std::string Drawings(bool isTrack) {
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     constexpr std::string_view target = RAILWRIGHT_TARGET;
     const bool isTrack = target == "track" || (target == "chain" && size > 0 && (*data | 0x20) != 'e');
-    const Kind& kind = isTrack ? track : element;
+    const DocumentKind& kind = isTrack ? TrackKind : ElementKind;
     const Bytes input(data, data + size);
     if (!Load(kind, input))
         return 0;
@@ -118,7 +110,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
         std::istringstream lines({std::find(input.rbegin(), input.rend(), 0).base(), input.end()});
         std::string step;
         for (int i = 0; i < 16 && std::getline(lines, step); ++i)
-            (isTrack ? ApplyTrackSteps : ApplyElementSteps)(std::span(&step, 1));
+            (isTrack ? ApplyTrackSteps : ApplyElementSteps)(std::span(&step, 1), {});
         drawings = Drawings(isTrack);
         Require(drawings.find("nan") == std::string::npos && drawings.find("inf") == std::string::npos,
                 "all that is drawn has a place");

@@ -1,20 +1,19 @@
 #include "cli/CommandLineTool.h"
 
-#include "base/FileName.h"
 #include "base/Text.h"
 #include "base/Version.h"
 #include "cli/Dump.h"
+#include "cli/Progress.h"
 #include "cli/Steps.h"
+#include "cli/Suggestion.h"
+#include "documents/DocumentKinds.h"
 #include "drawing/SvgPictureBox.h"
-#include "element/mNoLimits_ElementIO_1_3.h"
-#include "geometry/Preview.h"
 #include "geometry/mNoLimits_TrackTools.h"
 #include "install/mTool_EnvironmentCleaner.h"
 #include "platform/FileOperations.h"
 #include "platform/NameLookup.h"
 #include "platform/UserLocale.h"
 #include "tools/mNLT_Overview.h"
-#include "track/mNoLimits_TrackIO_1_3.h"
 
 #include <CLI/CLI.hpp>
 
@@ -39,15 +38,11 @@ struct FileFailure {
 /// Standard output takes no more; that ends the work on all files.
 struct OutputFailure {};
 
-/// What the program does with a document of one kind.
-struct Kind {
-    std::string_view Extension;
-    FileResult (*Load)(const FilePath&);
-    FileResult (*Save)(const FilePath&);
-    void (*Draw)(PictureBox&, PictureBox&);
+/// A kind of document, and what this program alone does with it.
+struct Kind : DocumentKind {
     void (*Dump)(TextOutput&);
     void (*PrintPolyline)(TextOutput&);
-    StepResult (*Apply)(std::span<const std::string>);
+    StepResult (*Apply)(std::span<const std::string>, const StepBegins&);
 };
 
 void PrintPoint(TextOutput& out, const Vector3& point) {
@@ -73,13 +68,8 @@ void PrintElementPolyline(TextOutput& out) {
     });
 }
 
-constexpr std::array Kinds = {Kind{TrackExtension, LoadTrackFile, SaveTrackFile, DrawTrackWhileSampling,
-                                   DumpTrack, PrintTrackPolyline, ApplyTrackSteps},
-                              Kind{ElementExtension, LoadElementFile, SaveElementFile,
-                                   DrawElementWhileSampling, DumpElement, PrintElementPolyline,
-                                   ApplyElementSteps}};
-
-const Kind& TrackKind = Kinds[0];
+constexpr std::array Kinds = {Kind{TrackKind, DumpTrack, PrintTrackPolyline, ApplyTrackSteps},
+                              Kind{ElementKind, DumpElement, PrintElementPolyline, ApplyElementSteps}};
 
 std::string WithByte(const FileResult& result) {
     return result.Reason + " at byte " + std::to_string(result.Byte);
@@ -87,14 +77,13 @@ std::string WithByte(const FileResult& result) {
 
 /// @throws FileFailure if the file's name has neither extension.
 const Kind& KindOf(const std::string& file) {
-    for (const Kind& kind : Kinds)
-        if (HasExtension(file, kind.Extension))
-            return kind;
-    throw FileFailure{file, "the name ends in neither .nltrack nor .nlelem"};
+    if (const Kind* const kind = KindOf(Kinds, file))
+        return *kind;
+    throw FileFailure{file, OfNoKind};
 }
 
 /// @throws FileFailure if the file cannot be read.
-void Load(const Kind& kind, const std::string& file) {
+void Load(const DocumentKind& kind, const std::string& file) {
     if (const FileResult loaded = kind.Load(FilePath::FromUser(file)); !loaded)
         throw FileFailure{file, loaded.Byte > 0 ? WithByte(loaded) : loaded.Reason};
 }
@@ -131,6 +120,8 @@ struct Arguments {
     std::vector<std::string> Steps;
     std::string Target;
     NumberSeparators Separators = UserNumberSeparators();
+    /// Where the progress is told; none if it is not.
+    std::ostream* Terminal = nullptr;
 };
 
 void PrintReport(const std::string& file, const Arguments& arguments, TextOutput& out) {
@@ -146,14 +137,6 @@ void PrintDump(const std::string& file, const Arguments&, TextOutput& out) {
 void PrintPolyline(const std::string& file, const Arguments&, TextOutput& out) {
     LoadAny(file).PrintPolyline(out);
 }
-
-/// A picture that nobody looks at.
-class NoPicture final : public PictureBox {
-    void Cls() override {}
-    void Line(float, float, float, float, Rgb) override {}
-    void PSet(float, float, Rgb) override {}
-    void DrawWidth(int) override {}
-};
 
 /// Draws one of the two views straight into a file.
 void WriteDrawing(const FilePath& file, const std::function<void(PictureBox&)>& draw) {
@@ -179,14 +162,23 @@ void WritePreview(const std::string& file, const Arguments& arguments, TextOutpu
     const FilePath folder = FilePath::FromUser(arguments.Target);
     Require(CreateFolders(folder), arguments.Target);
     NoPicture none;
-    WriteDrawing(folder / FileName("plan.svg"), [&](PictureBox& plan) { kind.Draw(plan, none); });
-    WriteDrawing(folder / FileName("side.svg"), [&](PictureBox& side) { kind.Draw(none, side); });
+    WriteDrawing(folder / FileName("plan.svg"),
+                 [&](PictureBox& plan) { kind.DrawWhileSampling(plan, none); });
+    WriteDrawing(folder / FileName("side.svg"),
+                 [&](PictureBox& side) { kind.DrawWhileSampling(none, side); });
 }
 
 void Apply(const std::string& file, const Arguments& arguments, TextOutput&) {
+    Progress progress(arguments.Terminal);
+    progress.Tell("reading");
     const Kind& kind = LoadAny(file);
-    if (const StepResult applied = kind.Apply(arguments.Steps); !applied.Done)
+    const auto begins = [&, &steps = arguments.Steps](std::size_t i) {
+        progress.Tell("step " + std::to_string(i + 1) + " of " + std::to_string(steps.size()) + ": " +
+                      std::string(NameOfStep(steps[i])));
+    };
+    if (const StepResult applied = kind.Apply(arguments.Steps, begins); !applied.Done)
         throw FileFailure{file, applied.Reason};
+    progress.Tell("writing");
     Require(kind.Save(FilePath::FromUser(arguments.Target)), arguments.Target);
 }
 
@@ -231,30 +223,47 @@ struct Command {
     const char* Name;
     const char* Help;
     /// What it works on, and whether it takes more than one.
-    const char* On;
-    bool OnMany;
+    const char* On = "FILE";
+    bool OnMany = false;
     /// What its option -o names, and whether that is FILE or FOLDER; none if empty.
-    const char* Target;
-    const char* TargetKind;
-    bool HasSteps;
-    bool HasSeparators;
+    const char* Target = "";
+    const char* TargetKind = "";
+    bool HasSteps = false;
+    bool HasSeparators = false;
     /// It tells what is wrong with a file as its result, on standard output.
-    bool TellsFailures;
+    bool TellsFailures = false;
     /// Throws FileFailure.
     void (*Work)(const std::string& file, const Arguments& arguments, TextOutput& out);
 };
 
 constexpr Command Commands[] = {
-    {"report", "print the overview of each track", "FILE", true, "", "", false, true, false, PrintReport},
-    {"dump", "print the whole document as JSON", "FILE", false, "", "", false, false, false, PrintDump},
-    {"polyline", "print the sampled curve as CSV", "FILE", false, "", "", false, false, false, PrintPolyline},
-    {"preview", "draw plan.svg and side.svg", "FILE", false, "folder for the drawings", "FOLDER", false,
-     false, false, WritePreview},
-    {"apply", "run tools on a file and save the result", "FILE", false,
-     "file to save to, which may be the same", "FILE", true, false, false, Apply},
-    {"check", "tell for each file whether it can be read", "FILE", true, "", "", false, false, true, Check},
-    {"organize", "tidy the environments in the simulator's folder", "FOLDER", false, "", "", false, false,
-     false, Organize},
+    {.Name = "report",
+     .Help = "print the overview of each track",
+     .OnMany = true,
+     .HasSeparators = true,
+     .Work = PrintReport},
+    {.Name = "dump", .Help = "print the whole document as JSON", .Work = PrintDump},
+    {.Name = "polyline", .Help = "print the sampled curve as CSV", .Work = PrintPolyline},
+    {.Name = "preview",
+     .Help = "draw plan.svg and side.svg",
+     .Target = "folder for the drawings",
+     .TargetKind = "FOLDER",
+     .Work = WritePreview},
+    {.Name = "apply",
+     .Help = "run tools on a file and save the result",
+     .Target = "file to save to, which may be the same",
+     .TargetKind = "FILE",
+     .HasSteps = true,
+     .Work = Apply},
+    {.Name = "check",
+     .Help = "tell for each file whether it can be read",
+     .OnMany = true,
+     .TellsFailures = true,
+     .Work = Check},
+    {.Name = "organize",
+     .Help = "tidy the environments in the simulator's folder",
+     .On = "FOLDER",
+     .Work = Organize},
 };
 
 void AddCommand(CLI::App& app, const Command& command, Arguments& arguments, const Command*& chosen) {
@@ -293,8 +302,11 @@ struct CommandLine {
                              "print the version and exit");
         for (const Command& command : Commands)
             AddCommand(App, command, Given, Chosen);
-        App.failure_message([](const CLI::App*, const CLI::Error& error) {
-            return OnOneLine(error.what()) + "\nRun with --help for more information.\n";
+        App.failure_message([](const CLI::App* app, const CLI::Error& error) {
+            const std::vector<std::string> unknown = app->remaining();
+            const bool hasCommand = unknown.empty() || !app->get_subcommands().empty();
+            return OnOneLine(error.what()) + (hasCommand ? "" : DidYouMean(unknown.front(), Commands)) +
+                   "\nRun with --help for more information.\n";
         });
     }
     CommandLine(const CommandLine&) = delete;
@@ -307,8 +319,10 @@ void DescribeCommandLine(const std::function<void(const CLI::App&)>& describe) {
     describe(CommandLine().App);
 }
 
-int RunCommandLineTool(std::vector<std::string> words, std::ostream& out, std::ostream& errors) {
+int RunCommandLineTool(std::vector<std::string> words, std::ostream& out, std::ostream& errors,
+                       std::ostream* terminal) {
     CommandLine line;
+    line.Given.Terminal = terminal;
     const Arguments& arguments = line.Given;
     try {
         std::reverse(words.begin(), words.end()); // as the parser wants them

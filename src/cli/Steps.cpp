@@ -1,6 +1,7 @@
 #include "cli/Steps.h"
 
 #include "base/Types.h"
+#include "cli/Suggestion.h"
 #include "element/ElementDocument.h"
 #include "platform/CodePage.h"
 #include "tools/mNLE_Reverse.h"
@@ -253,18 +254,19 @@ std::string ListOf(const char* documentKind, std::span<const StepKind> kinds) {
 
 Action ActionFor(std::span<const StepKind> kinds, const char* documentKind, std::string_view step) {
     const std::size_t equals = step.find('=');
+    const std::string_view name = NameOfStep(step);
     for (const StepKind& kind : kinds) {
-        if (kind.Name != step.substr(0, equals))
+        if (kind.Name != name)
             continue;
         if (kind.HasValue() != (equals != std::string_view::npos))
             throw BadStep{kind.HasValue() ? "a value is needed" : "it takes no value"};
         return kind.Make(kind.HasValue() ? step.substr(equals + 1) : "");
     }
-    throw BadStep{std::string("there is no such step for ") + documentKind};
+    throw BadStep{std::string("there is no such step for ") + documentKind + DidYouMean(name, kinds)};
 }
 
 StepResult Apply(std::span<const StepKind> kinds, const char* documentKind,
-                 std::span<const std::string> steps) {
+                 std::span<const std::string> steps, const StepBegins& begins) {
     std::string_view inHand;
     try {
         std::vector<Action> actions;
@@ -274,6 +276,8 @@ StepResult Apply(std::span<const StepKind> kinds, const char* documentKind,
         }
         for (std::size_t i = 0; i < actions.size(); ++i) {
             inHand = steps[i];
+            if (begins)
+                begins(i);
             actions[i]();
         }
         return {};
@@ -306,12 +310,16 @@ std::string StepsHelp() {
            "\nDIRECTION: " + WordsOf(MirrorModes) + "\nWHICH: " + WordsOf(TunnelModes);
 }
 
-StepResult ApplyTrackSteps(std::span<const std::string> steps) {
-    return Apply(TrackSteps, "a track", steps);
+std::string_view NameOfStep(std::string_view step) {
+    return step.substr(0, step.find('='));
 }
 
-StepResult ApplyElementSteps(std::span<const std::string> steps) {
-    return Apply(ElementSteps, "an element", steps);
+StepResult ApplyTrackSteps(std::span<const std::string> steps, const StepBegins& begins) {
+    return Apply(TrackSteps, "a track", steps, begins);
+}
+
+StepResult ApplyElementSteps(std::span<const std::string> steps, const StepBegins& begins) {
+    return Apply(ElementSteps, "an element", steps, begins);
 }
 
 } // namespace railwright

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -27,12 +28,18 @@ struct StepResult {
     std::string Reason;
 };
 
+/// Called with the index of each step that begins; it may be empty.
+using StepBegins = std::function<void(std::size_t)>;
+
 /// Runs tools on Track, each given as NAME or NAME=VALUE, in order. All are looked at before the first is
 /// run.
-StepResult ApplyTrackSteps(std::span<const std::string> steps);
+StepResult ApplyTrackSteps(std::span<const std::string> steps, const StepBegins& begins);
 
 /// The same on Element.
-StepResult ApplyElementSteps(std::span<const std::string> steps);
+StepResult ApplyElementSteps(std::span<const std::string> steps, const StepBegins& begins);
+
+/// @return NAME of NAME or NAME=VALUE.
+std::string_view NameOfStep(std::string_view step);
 
 /// @return all steps with the forms of their values, in lines.
 std::string StepsHelp();

@@ -5,5 +5,6 @@
 
 int main(int argc, char** argv) {
     std::ios::sync_with_stdio(false);
-    return railwright::RunCommandLineTool(railwright::StartCommandLine(argc, argv), std::cout, std::cerr);
+    return railwright::RunCommandLineTool(railwright::StartCommandLine(argc, argv), std::cout, std::cerr,
+                                          railwright::ErrorsGoToTerminal() ? &std::cerr : nullptr);
 }

@@ -29,4 +29,13 @@ public:
     virtual void DrawWidth(int pixels) = 0;
 };
 
+/// A picture that nobody looks at.
+class NoPicture final : public PictureBox {
+public:
+    void Cls() override {}
+    void Line(float, float, float, float, Rgb) override {}
+    void PSet(float, float, Rgb) override {}
+    void DrawWidth(int) override {}
+};
+
 } // namespace railwright

@@ -68,16 +68,16 @@ std::int64_t SizeOfELEM() {
     return FileSize::Tag + counter.Bytes();
 }
 
-constexpr DocumentKind ElementKind = {ElementExtension, "ELEM", ClearElementDocument, ReadELEM};
+constexpr DocumentFormat ElementFormat = {ElementExtension, "ELEM", ClearElementDocument, ReadELEM};
 
 } // namespace
 
 FileResult LoadElementFile(const FilePath& sFile) {
-    return LoadDocumentFile(sFile, ElementKind);
+    return LoadDocumentFile(sFile, ElementFormat);
 }
 
 FileResult SaveElementFile(const FilePath& sFile) {
-    return SaveDocumentFile(sFile, ElementKind, SizeOfELEM(), WriteELEM);
+    return SaveDocumentFile(sFile, ElementFormat, SizeOfELEM(), WriteELEM);
 }
 
 } // namespace railwright

@@ -11,8 +11,8 @@
 
 namespace railwright {
 
-/// A kind of document file, and what its module does with one.
-struct DocumentKind {
+/// The form of the files of one kind of document, and what its module does with one.
+struct DocumentFormat {
     /// With its dot and in lower case.
     std::string_view Extension;
     /// The tag that the file begins with, in upper case.
@@ -25,15 +25,15 @@ struct DocumentKind {
 
 /// Loads a document. A name that is empty, has another extension or is no file's is refused before the
 /// document is touched; a file that cannot be read or is broken leaves it empty.
-FileResult LoadDocumentFile(const FilePath& path, const DocumentKind& kind);
+FileResult LoadDocumentFile(const FilePath& path, const DocumentFormat& format);
 
 /// The longest file that the format can hold, in bytes.
 inline constexpr std::int64_t LongestFile = std::numeric_limits<FilePos>::max();
 
-/// Stores a document under a name, to which the kind's extension is added if it has not got it already.
+/// Stores a document under a name, to which the format's extension is added if it has not got it already.
 /// @param length of the file in bytes, as counted; beyond LongestFile it is refused.
 /// @param write stores as many bytes; it does not throw.
-FileResult SaveDocumentFile(const FilePath& path, const DocumentKind& kind, std::int64_t length,
+FileResult SaveDocumentFile(const FilePath& path, const DocumentFormat& format, std::int64_t length,
                             const std::function<void(ChunkWriter&)>& write);
 
 } // namespace railwright

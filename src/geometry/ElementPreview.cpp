@@ -34,11 +34,11 @@ int LargestExtentOfCurve(ForEachPoint&& forEachPoint) {
         previous = point;
     });
     const Vector3 extent = bounds.Extent();
-    int largest = -999;
+    int largest = 1;
     for (const float one : {extent.X, extent.Y, extent.Z})
         if (one > static_cast<float>(largest))
             largest = static_cast<int>(std::nearbyint(std::min(one, static_cast<float>(LargestExtent))));
-    return std::max(largest, 1);
+    return largest;
 }
 
 /// @return pixels for each metre, rounded to halves unless that gives 0.

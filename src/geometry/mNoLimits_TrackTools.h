@@ -44,10 +44,14 @@ float ForEachTrackPoint(const std::function<void(const Vector3& point, std::int3
 /// Calls `visit` with each point that AnalyzeElement would put into ElementPolyline, in the same way.
 void ForEachElementPoint(const std::function<void(const Vector3& point)>& visit);
 
-/// The box around some points. A bound that no point has moved stays at 999 or -999 metres.
+/// Metres. Where the search for a least value begins, and below zero that for a greatest one; a value that
+/// lies beyond is not found.
+inline constexpr float SearchStart = 999;
+
+/// The box around some points. A bound that no point has moved stays where its search begins.
 struct Bounds {
-    Vector3 Least = {999, 999, 999};
-    Vector3 Greatest = {-999, -999, -999};
+    Vector3 Least = {SearchStart, SearchStart, SearchStart};
+    Vector3 Greatest = {-SearchStart, -SearchStart, -SearchStart};
 
     void Include(const Vector3& point);
     /// Greatest minus least, each rounded to a 32-bit float; 0 where that is not finite.

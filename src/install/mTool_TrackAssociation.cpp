@@ -60,23 +60,22 @@ void PrepareFileAssociation(const std::string& sNoLimitsPath) {
         sAssocFolder += '\\';
 }
 
-void SetTrackAssociation(std::int16_t iDoubleClick, bool bRide, bool bEdit, bool bTerraform, bool bTool,
-                         std::int16_t iIcon, const std::string& sIconFile) {
+void SetTrackAssociation(const AssociationChoices& choices) {
     if (sAssocFolder.empty())
         return;
     SetKey(".nltrack", FileType);
-    const std::array offered = {bRide, bEdit, bTerraform, bTool};
+    const std::array offered = {choices.bRide, choices.bEdit, choices.bTerraform, choices.bTool};
     for (std::size_t i = 0; i < Verbs.size(); ++i)
         SetVerb(Verbs[i], offered[i]);
 
-    if (const auto verb = static_cast<std::size_t>(iDoubleClick); verb < DoubleClickVerbs)
+    if (const auto verb = static_cast<std::size_t>(choices.iDoubleClick); verb < DoubleClickVerbs)
         SetKey(std::string(FileType) + "\\Shell", Verbs[verb].Key);
 
     const std::string iconKey = std::string(FileType) + "\\DefaultIcon";
-    if (const auto icon = static_cast<std::size_t>(iIcon); icon < Icons.size())
+    if (const auto icon = static_cast<std::size_t>(choices.iIcon); icon < Icons.size())
         SetKey(iconKey, sAssocFolder + Icons[icon]);
     else if (icon == Icons.size())
-        SetKey(iconKey, sIconFile + ",0");
+        SetKey(iconKey, choices.sIconFile + ",0");
 }
 
 } // namespace railwright

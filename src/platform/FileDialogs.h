@@ -21,21 +21,21 @@ struct OpenFileName {
     WindowHandle hwndOwner = NoWindow;
     /// Labels and patterns by turns, each ended by a NUL, with one more NUL at the end. A pattern is a list
     /// of masks with ";" between them.
-    std::string lpstrFilter;
+    std::string lpstrFilter = {};
     /// The filter in use, from 1.
     std::int32_t nFilterIndex = 0;
     /// A file name, ended by a NUL and filled with NULs up to nMaxFile characters of UTF-8.
-    std::string lpstrFile;
+    std::string lpstrFile = {};
     std::size_t nMaxFile = 0;
     /// The same for the name without its folder.
-    std::string lpstrFileTitle;
+    std::string lpstrFileTitle = {};
     std::size_t nMaxFileTitle = 0;
     /// Empty leaves the folder to the dialog. A folder in lpstrFile goes before it.
-    std::string lpstrInitialDir;
-    std::string lpstrTitle;
+    std::string lpstrInitialDir = {};
+    std::string lpstrTitle = {};
     std::int32_t Flags = 0;
     /// Added to a name without extension, and without a dot itself.
-    std::string lpstrDefExt;
+    std::string lpstrDefExt = {};
 };
 
 /// Lets the user pick a file to open, modally.

@@ -41,10 +41,10 @@ QRect InPixels(const Place& place) {
     return {InPixels(place.Left), InPixels(place.Top), InPixels(place.Width), InPixels(place.Height)};
 }
 
-QFont ControlFont(double points, bool bold, bool italic) {
+QFont ControlFont(double points, FontStyle style) {
     QFont font = FontOf({"Arial", "Liberation Sans", "Arimo"}, points);
-    font.setBold(bold);
-    font.setItalic(italic);
+    font.setBold(style.Bold);
+    font.setItalic(style.Italic);
     return font;
 }
 

@@ -29,8 +29,13 @@ constexpr int InPixels(int twips) {
     return twips / 15;
 }
 
+struct FontStyle {
+    bool Bold = false;
+    bool Italic = false;
+};
+
 /// The typeface of all controls, Arial or one that takes the same room.
-QFont ControlFont(double points = 8.25, bool bold = false, bool italic = false);
+QFont ControlFont(double points = 8.25, FontStyle style = {});
 /// The typeface of the report, Courier New or one that takes the same room.
 QFont ReportFont();
 

@@ -90,14 +90,15 @@ void frmMain::BuildTitleStrip(QWidget& window) {
         new PictureButton(*strip, "imgToolBar(1)", "Save As...", Artwork("save"), {420, 60, 240, 240});
     connect(open, &QPushButton::clicked, this, [] { mnuOpen_Click(); });
     connect(save, &QPushButton::clicked, this, [] { mnuSaveAs_Click(); });
-    lblTitle = AddLabel(*strip, "lblTitle", "Railwright", {3540, 90, 3975, 195}, ControlFont(8.25, true));
+    lblTitle =
+        AddLabel(*strip, "lblTitle", "Railwright", {3540, 90, 3975, 195}, ControlFont(8.25, {.Bold = true}));
     lblTitle->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 }
 
 void frmMain::BuildToolList(QWidget& window) {
     auto* const list = Placed(new ucFrame(&window), "ucFrame1", ToolList);
     list->setAccessibleName("Tools");
-    const QFont bold = ControlFont(8.25, true);
+    const QFont bold = ControlFont(8.25, {.Bold = true});
     for (const HeadingRow& row : HeadingRows)
         AddLabel(*list, row.Name, row.Caption, row.Where, bold);
     for (const ToolLabelRow& row : ToolLabelRows) {
@@ -172,8 +173,8 @@ void frmMain::ShowTab(std::int16_t iTab) {
 }
 
 void frmMain::UpdateMenus() {
-    const bool isTrack = iDocumentKind == DocumentKinds::Track;
-    const bool isElement = iDocumentKind == DocumentKinds::Element;
+    const bool isTrack = iDocumentKind == CurrentDocument::Track;
+    const bool isElement = iDocumentKind == CurrentDocument::Element;
     menuBar()->findChild<QMenu*>("mnuT")->setEnabled(isTrack);
     menuBar()->findChild<QMenu*>("mnuE")->setEnabled(isElement);
     menuBar()->findChild<QAction*>("mnuSaveAs")->setEnabled(isTrack || isElement);

@@ -30,64 +30,45 @@ std::string UpToNul(const std::string& buffer) {
     return buffer.substr(0, buffer.find('\0'));
 }
 
-/// What the two dialogs have in common.
-struct Request {
-    std::string& FileName;
-    std::string& FileTitle;
-    std::string& Filter;
-    std::int32_t& FilterIndex;
-    std::int32_t& Flags;
-    /// The filter index after Cancel.
-    std::int32_t NoFilter;
-};
-
-bool Ask(const Request& request, OpenFileName record, std::int32_t (*show)(OpenFileName&)) {
-    record.Flags |= request.Flags & ~(OFN_ENABLEHOOK | OFN_ENABLETEMPLATE);
-    request.Filter = PlatformFilter(request.Filter);
-    record.lpstrFilter = request.Filter;
-    record.nFilterIndex = request.FilterIndex;
-    record.lpstrFile = Buffer(request.FileName);
-    record.lpstrFileTitle = Buffer(request.FileTitle);
-    record.nMaxFile = record.nMaxFileTitle = FileNameBuffer;
+/// @param flags what the dialog's Booleans ask for.
+/// @param noFilter the filter index after Cancel.
+bool Ask(FileDialog& dialog, std::int32_t flags, std::int32_t noFilter, std::int32_t (*show)(OpenFileName&)) {
+    dialog.sFilter = PlatformFilter(dialog.sFilter);
+    OpenFileName record = {.hwndOwner = dialog.iOwner,
+                           .lpstrFilter = dialog.sFilter,
+                           .nFilterIndex = dialog.iFilterIndex,
+                           .lpstrFile = Buffer(dialog.sFileName),
+                           .nMaxFile = FileNameBuffer,
+                           .lpstrFileTitle = Buffer(dialog.sFileTitle),
+                           .nMaxFileTitle = FileNameBuffer,
+                           .lpstrInitialDir = dialog.sInitialDir,
+                           .lpstrTitle = dialog.sDialogTitle,
+                           .Flags = flags | (dialog.iFlags & ~(OFN_ENABLEHOOK | OFN_ENABLETEMPLATE)),
+                           .lpstrDefExt = dialog.sDefaultExt};
 
     const bool chosen = show(record) == 1;
-    request.FileName = chosen ? UpToNul(record.lpstrFile) : "";
-    request.FileTitle = chosen ? UpToNul(record.lpstrFileTitle) : "";
-    request.Flags = chosen ? record.Flags : 0;
-    request.FilterIndex = chosen ? record.nFilterIndex : request.NoFilter;
+    dialog.sFileName = chosen ? UpToNul(record.lpstrFile) : "";
+    dialog.sFileTitle = chosen ? UpToNul(record.lpstrFileTitle) : "";
+    dialog.iFlags = chosen ? record.Flags : 0;
+    dialog.iFilterIndex = chosen ? record.nFilterIndex : noFilter;
     return chosen;
 }
 
 } // namespace
 
-bool ShowOpenFileDialog(std::string& sFileName, std::string& sFileTitle, bool bFileMustExist, bool& bReadOnly,
-                        bool bHideReadOnly, std::string& sFilter, std::int32_t& iFilterIndex,
-                        const std::string& sInitialDir, const std::string& sDialogTitle,
-                        const std::string& sDefaultExt, WindowHandle iOwner, std::int32_t& iFlags) {
-    OpenFileName record;
-    record.hwndOwner = iOwner;
-    record.lpstrInitialDir = sInitialDir;
-    record.lpstrTitle = sDialogTitle;
-    record.lpstrDefExt = sDefaultExt;
-    record.Flags = (bFileMustExist ? OFN_FILEMUSTEXIST : 0) | (bReadOnly ? OFN_READONLY : 0) |
-                   (bHideReadOnly ? OFN_HIDEREADONLY : 0);
-    if (!Ask({sFileName, sFileTitle, sFilter, iFilterIndex, iFlags, -1}, record, GetOpenFileName))
+bool ShowOpenFileDialog(FileDialog& dialog) {
+    const std::int32_t flags = (dialog.bFileMustExist ? OFN_FILEMUSTEXIST : 0) |
+                               (dialog.bReadOnly ? OFN_READONLY : 0) |
+                               (dialog.bHideReadOnly ? OFN_HIDEREADONLY : 0);
+    if (!Ask(dialog, flags, -1, GetOpenFileName))
         return false;
-    bReadOnly = bReadOnly || (iFlags & OFN_READONLY) != 0;
+    dialog.bReadOnly = dialog.bReadOnly || (dialog.iFlags & OFN_READONLY) != 0;
     return true;
 }
 
-bool ShowSaveFileDialog(std::string& sFileName, std::string& sFileTitle, bool bOverwritePrompt,
-                        std::string& sFilter, std::int32_t& iFilterIndex, const std::string& sInitialDir,
-                        const std::string& sDialogTitle, const std::string& sDefaultExt, WindowHandle iOwner,
-                        std::int32_t& iFlags) {
-    OpenFileName record;
-    record.hwndOwner = iOwner;
-    record.lpstrInitialDir = sInitialDir;
-    record.lpstrTitle = sDialogTitle;
-    record.lpstrDefExt = sDefaultExt;
-    record.Flags = OFN_HIDEREADONLY | (bOverwritePrompt ? OFN_OVERWRITEPROMPT : 0);
-    return Ask({sFileName, sFileTitle, sFilter, iFilterIndex, iFlags, 0}, record, GetSaveFileName);
+bool ShowSaveFileDialog(FileDialog& dialog) {
+    return Ask(dialog, OFN_HIDEREADONLY | (dialog.bOverwritePrompt ? OFN_OVERWRITEPROMPT : 0), 0,
+               GetSaveFileName);
 }
 
 } // namespace railwright

@@ -1,9 +1,6 @@
 #include "shell/mMain.h"
 
-#include "base/FileName.h"
-#include "element/mNoLimits_ElementIO_1_3.h"
-#include "geometry/Preview.h"
-#include "geometry/mNoLimits_TrackTools.h"
+#include "documents/DocumentKinds.h"
 #include "install/mWinRegistry.h"
 #include "platform/CodePage.h"
 #include "platform/Desktop.h"
@@ -16,9 +13,7 @@
 #include "shell/panels/mNLT_Overview.h"
 #include "shell/panels/mNLT_ShuttleMake.h"
 #include "tools/mNLT_Overview.h"
-#include "track/mNoLimits_TrackIO_1_3.h"
 
-#include <algorithm>
 #include <array>
 #include <new>
 #include <optional>
@@ -26,7 +21,7 @@
 namespace railwright {
 
 FilePath sNoLimitsPath;
-std::int16_t iDocumentKind = DocumentKinds::None;
+std::int16_t iDocumentKind = CurrentDocument::None;
 FilePath sDocumentFile;
 bool bDocumentChanged = false;
 
@@ -34,48 +29,30 @@ namespace {
 
 constexpr const char* SimulatorProgram = "NoLimitsSimulator.exe";
 
-/// A kind of document, and how the window deals with its files.
-struct DocumentFlow {
-    std::int16_t Kind;
-    std::string_view Extension;
-    FileResult (*Load)(const FilePath&);
-    FileResult (*Save)(const FilePath&);
+/// A kind of document, and how the window deals with it.
+struct DocumentFlow : DocumentKind {
+    std::int16_t Number;
     void (*Refresh)();
-    const char* SaveTitle;
-    const char* SaveFilter;
-    const char* LoadError;
-    const char* SaveError;
+
+    /// A pattern with the kind's name in the place of its "#".
+    std::string Text(std::string pattern) const { return pattern.replace(pattern.find('#'), 1, Name); }
+    /// The label and mask of its files, for a dialog.
+    std::string Filter() const {
+        const std::string mask = "*" + std::string(Extension);
+        return Text("NoLimits #s (") + mask + ")|" + mask;
+    }
 };
 
-const std::array DocumentFlows = {
-    DocumentFlow{DocumentKinds::Track, TrackExtension, LoadTrackFile, SaveTrackFile, RefreshTrackTools,
-                 "Save NoLimits Track File...", "NoLimits Tracks (*.nltrack)|*.nltrack",
-                 "Error Loading Track File!", "Error Saving Track File!"},
-    DocumentFlow{DocumentKinds::Element, ElementExtension, LoadElementFile, SaveElementFile,
-                 RefreshElementTools, "Save NoLimits Element File...",
-                 "NoLimits Elements (*.nlelem)|*.nlelem", "Error Loading Element File!",
-                 "Error Saving Element File!"},
-};
-
-const DocumentFlow* FlowOf(const FilePath& file) {
-    const auto found =
-        std::find_if(DocumentFlows.begin(), DocumentFlows.end(),
-                     [&](const DocumentFlow& flow) { return HasExtension(file.Native(), flow.Extension); });
-    return found == DocumentFlows.end() ? nullptr : &*found;
-}
+constexpr std::array DocumentFlows = {
+    DocumentFlow{TrackKind, CurrentDocument::Track, RefreshTrackTools},
+    DocumentFlow{ElementKind, CurrentDocument::Element, RefreshElementTools}};
 
 /// Asks for a file that exists.
 /// @return its path, empty on Cancel.
-FilePath AskForFile(const std::string& title, std::string filter, const std::string& extension,
-                    const FilePath& folder) {
-    std::string file;
-    std::string fileTitle;
-    bool readOnly = false;
-    std::int32_t filterIndex = 1;
-    std::int32_t flags = 0;
-    ShowOpenFileDialog(file, fileTitle, true, readOnly, true, filter, filterIndex, folder.Native(), title,
-                       extension, frmMain::Instance().Handle(), flags);
-    return FilePath::FromUser(file);
+FilePath AskForFile(FileDialog dialog) {
+    dialog.iOwner = frmMain::Instance().Handle();
+    ShowOpenFileDialog(dialog);
+    return FilePath::FromUser(dialog.sFileName);
 }
 
 void ShowError(const std::string& text) {
@@ -99,8 +76,9 @@ std::optional<FilePath> SimulatorFolder() {
                        "Unknown NoLimits Path", MessageButtons::YesNo,
                        MessageIcon::Question) != MessageAnswer::Yes)
         return std::nullopt;
-    const FilePath chosen = AskForFile("Locate NoLimits Simulator...",
-                                       std::string("NoLimits Simulator|") + SimulatorProgram, "exe", {});
+    const FilePath chosen = AskForFile({.sFilter = std::string("NoLimits Simulator|") + SimulatorProgram,
+                                        .sDialogTitle = "Locate NoLimits Simulator...",
+                                        .sDefaultExt = "exe"});
     if (chosen.IsEmpty())
         return std::nullopt;
     ShowMessageBox(owner, "To prevent this message in the future, run Railwright from your NoLimits Folder.",
@@ -129,24 +107,24 @@ bool OpenDocument(const FilePath& file, const DocumentFlow& flow) {
         loaded = flow.Load(file).Done;
     }
     if (!loaded) {
-        ShowError(flow.LoadError);
+        ShowError(flow.Text("Error Loading # File!"));
         return false;
     }
     sDocumentFile = file;
-    iDocumentKind = flow.Kind;
+    iDocumentKind = flow.Number;
     return RunWaiting(flow.Refresh);
 }
 
 /// @return the name chosen to save under, empty on Cancel.
 FilePath AskForName(const DocumentFlow& flow) {
-    std::string file = sDocumentFile.Native();
-    std::string fileTitle;
-    std::string filter = flow.SaveFilter;
-    std::int32_t filterIndex = 1;
-    std::int32_t flags = 0;
-    ShowSaveFileDialog(file, fileTitle, true, filter, filterIndex, sNoLimitsPath.Native(), flow.SaveTitle,
-                       std::string(flow.Extension.substr(1)), frmMain::Instance().Handle(), flags);
-    return FilePath::FromUser(file);
+    FileDialog dialog = {.sFileName = sDocumentFile.Native(),
+                         .sFilter = flow.Filter(),
+                         .sInitialDir = sNoLimitsPath.Native(),
+                         .sDialogTitle = flow.Text("Save NoLimits # File..."),
+                         .sDefaultExt = std::string(flow.Extension.substr(1)),
+                         .iOwner = frmMain::Instance().Handle()};
+    ShowSaveFileDialog(dialog);
+    return FilePath::FromUser(dialog.sFileName);
 }
 
 void ApplyTool(std::int16_t kind, const std::function<void()>& change, void (*refresh)()) {
@@ -171,20 +149,21 @@ bool LocateNoLimitsPath() {
 
 bool OpenNoLimitsFile(FilePath sFile) {
     if (sFile.IsEmpty())
-        sFile = AskForFile("Open NoLimits File...",
-                           "NoLimits Files (*.nltrack;*.nlelem)|*.nltrack;*.nlelem|"
-                           "NoLimits Tracks (*.nltrack)|*.nltrack|NoLimits Elements (*.nlelem)|*.nlelem",
-                           "nltrack", sNoLimitsPath);
+        sFile = AskForFile({.sFilter = "NoLimits Files (*.nltrack;*.nlelem)|*.nltrack;*.nlelem|" +
+                                       DocumentFlows[0].Filter() + '|' + DocumentFlows[1].Filter(),
+                            .sInitialDir = sNoLimitsPath.Native(),
+                            .sDialogTitle = "Open NoLimits File...",
+                            .sDefaultExt = "nltrack"});
     if (sFile.IsEmpty())
         return false;
     bDocumentChanged = false;
-    const DocumentFlow* const flow = FlowOf(sFile);
+    const DocumentFlow* const flow = KindOf(DocumentFlows, sFile.Native());
     if (flow == nullptr) {
         ShowError("Unknown File Type!");
         sDocumentFile = {};
     }
     if (flow == nullptr || !OpenDocument(sFile, *flow)) {
-        iDocumentKind = DocumentKinds::None;
+        iDocumentKind = CurrentDocument::None;
         return false;
     }
     frmMain& window = frmMain::Instance();
@@ -196,7 +175,8 @@ bool OpenNoLimitsFile(FilePath sFile) {
 
 bool SaveNoLimitsFile() {
     // What a failed open has left is not written over anything.
-    const DocumentFlow* const flow = iDocumentKind == DocumentKinds::None ? nullptr : FlowOf(sDocumentFile);
+    const DocumentFlow* const flow =
+        iDocumentKind == CurrentDocument::None ? nullptr : KindOf(DocumentFlows, sDocumentFile.Native());
     if (flow != nullptr) {
         const FilePath chosen = AskForName(*flow);
         if (chosen.IsEmpty())
@@ -207,7 +187,7 @@ bool SaveNoLimitsFile() {
             saved = flow->Save(chosen);
         }
         if (!saved) {
-            std::string message = flow->SaveError;
+            std::string message = flow->Text("Error Saving # File!");
             if (!saved.KeptIn.IsEmpty())
                 message += "\r\nWhat was to be saved is in " + saved.KeptIn.Shown();
             if (!saved.OldKeptIn.IsEmpty())
@@ -239,11 +219,11 @@ void RefreshElementTools() {
 }
 
 void ApplyTrackTool(const std::function<void()>& change) {
-    ApplyTool(DocumentKinds::Track, change, RefreshTrackTools);
+    ApplyTool(CurrentDocument::Track, change, RefreshTrackTools);
 }
 
 void ApplyElementTool(const std::function<void()>& change) {
-    ApplyTool(DocumentKinds::Element, change, RefreshElementTools);
+    ApplyTool(CurrentDocument::Element, change, RefreshElementTools);
 }
 
 } // namespace railwright

@@ -9,15 +9,15 @@
 namespace railwright {
 
 /// Values of iDocumentKind.
-namespace DocumentKinds {
+namespace CurrentDocument {
 inline constexpr std::int16_t None = 0;
 inline constexpr std::int16_t Track = 1;
 inline constexpr std::int16_t Element = 2;
-} // namespace DocumentKinds
+} // namespace CurrentDocument
 
 /// The simulator's folder, with a separator at its end; empty if it was not found.
 extern FilePath sNoLimitsPath;
-/// Which of the two documents is the one in hand, one of DocumentKinds.
+/// Which of the two documents is the one in hand, one of CurrentDocument.
 extern std::int16_t iDocumentKind;
 /// Path of the document's file, as the user or the command line gave it.
 extern FilePath sDocumentFile;

@@ -1,18 +1,13 @@
 // Draws the plan of a document as a small picture, for file managers.
-#include "base/FileName.h"
 #include "base/Text.h"
 #include "base/Version.h"
+#include "documents/DocumentKinds.h"
 #include "drawing/PaintedPicture.h"
-#include "element/mNoLimits_ElementIO_1_3.h"
-#include "geometry/Preview.h"
-#include "geometry/mNoLimits_TrackTools.h"
 #include "platform/FilePath.h"
 #include "platform/WholeFile.h"
-#include "track/mNoLimits_TrackIO_1_3.h"
 
 #include <CLI/CLI.hpp>
 
-#include <algorithm>
 #include <iostream>
 #include <new>
 
@@ -27,33 +22,12 @@ constexpr int Usage = 2;
 /// Bytes. A file manager waits for the picture, and a longer file would take seconds or much memory.
 constexpr std::int64_t LongestDrawn = 16 << 20;
 
-/// A picture that nobody looks at.
-class NoPicture final : public PictureBox {
-public:
-    void Cls() override {}
-    void Line(float, float, float, float, Rgb) override {}
-    void PSet(float, float, Rgb) override {}
-    void DrawWidth(int) override {}
-};
-
-struct Kind {
-    std::string_view Extension;
-    FileResult (*Load)(const FilePath&);
-    void (*Analyze)();
-    void (*Draw)(PictureBox&, PictureBox&);
-};
-
-constexpr std::array Kinds = {Kind{TrackExtension, LoadTrackFile, AnalyzeTrack, DrawTrackPreview},
-                              Kind{ElementExtension, LoadElementFile, AnalyzeElement, DrawElementPreview}};
-
 /// @param size width and height in pixels.
 /// @return what is wrong with the file, if anything.
 FileResult DrawPlan(const FilePath& file, int size, QImage& drawn) {
-    const auto* const kind = std::find_if(Kinds.begin(), Kinds.end(), [&](const Kind& one) {
-        return HasExtension(file.Native(), one.Extension);
-    });
-    if (kind == Kinds.end())
-        return FileResult::Failure("the name ends in neither .nltrack nor .nlelem");
+    const DocumentKind* const kind = KindOf(DocumentKinds, file.Native());
+    if (kind == nullptr)
+        return FileResult::Failure(OfNoKind);
     if (FileLength(file) > LongestDrawn)
         return FileResult::Failure("the file is too long to be drawn while somebody waits");
     if (FileResult loaded = kind->Load(file); !loaded)

@@ -227,8 +227,8 @@ void ReportTerrain(Report& report) {
     const TerrainRecord& terrain = Track.Terrain;
     report.Line("Has Terrain...........: ", YesNoText(terrain.HasTerrain));
     if (terrain.HasTerrain) {
-        float lowest = 999;
-        float highest = -999;
+        float lowest = SearchStart;
+        float highest = -SearchStart;
         for (const float height : terrain.Heights) {
             lowest = height < lowest ? height : lowest;
             highest = height > highest ? height : highest;

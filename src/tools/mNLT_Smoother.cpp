@@ -15,6 +15,8 @@ namespace {
 
 constexpr double StraightCosine = 0.998; // about 3.62 degrees
 constexpr int SofteningSweeps = 20;
+constexpr float WorldReach = 220; // metres to each side of the origin
+constexpr float WorldHeight = 150;
 constexpr float LeastShare = 0.05F;
 constexpr float GreatestShare = 0.95F;
 
@@ -52,9 +54,10 @@ struct ControlPoints {
     Vector3 Out;
 };
 
-/// The part of the world that control points may move in, in metres. The bounds themselves are outside.
+/// Whether a point is in the part of the world that control points may move in. The bounds are outside.
 bool IsInWorld(const Vector3& point) {
-    return point.X > -220 && point.X < 220 && point.Z > -220 && point.Z < 220 && point.Y > 0 && point.Y < 150;
+    return std::abs(point.X) < WorldReach && std::abs(point.Z) < WorldReach && point.Y > 0 &&
+           point.Y < WorldHeight;
 }
 
 class Smoother {

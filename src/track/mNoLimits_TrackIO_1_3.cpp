@@ -56,7 +56,7 @@ void ReadChunks(ChunkReader& reader) {
     }
 }
 
-constexpr DocumentKind TrackKind = {TrackExtension, "NLIM", ClearTrackDocument, ReadChunks};
+constexpr DocumentFormat TrackFormat = {TrackExtension, "NLIM", ClearTrackDocument, ReadChunks};
 
 /// Visits the chunks that the file of Track holds.
 template <class Visit>
@@ -73,7 +73,7 @@ void ForEachStoredChunk(Visit&& visit) {
 } // namespace
 
 FileResult LoadTrackFile(const FilePath& sFile) {
-    return LoadDocumentFile(sFile, TrackKind);
+    return LoadDocumentFile(sFile, TrackFormat);
 }
 
 std::int64_t ComputeChunkSizes() {
@@ -105,7 +105,7 @@ std::int64_t ComputeChunkSizes() {
 }
 
 FileResult SaveTrackFile(const FilePath& sFile) {
-    return SaveDocumentFile(sFile, TrackKind, ComputeChunkSizes(), [](ChunkWriter& writer) {
+    return SaveDocumentFile(sFile, TrackFormat, ComputeChunkSizes(), [](ChunkWriter& writer) {
         ForEachStoredChunk([&](int, const char* tag, const auto& record) {
             writer.Tag(tag);
             writer.Group([&](auto& values) { values.Long(record.ChunkSize); });

@@ -105,6 +105,32 @@ TEST_F(CommandLine, TellsWhatIsNoCommandAndInOneLineWhatIsWrongWithAFile) {
     EXPECT_EQ(checked.Status, 1);
 }
 
+TEST_F(CommandLine, SuggestsTheNameThatIsNearestToWhatWasTyped) {
+    const std::pair<std::string, std::string> near[] = {
+        {"rport", "report"}, {"repoort", "report"}, {"repart", "report"},      {"reprot", "report"},
+        {"dmup", "dump"},    {"aply x", "apply"},   {"Organise o", "organize"}};
+    for (const auto& [words, meant] : near) {
+        const Outcome outcome = Call(Split(words, ' '));
+        EXPECT_NE(outcome.Errors.find(", did you mean '" + meant + "'?\n"), std::string::npos) << words;
+        EXPECT_EQ(outcome.Status, 2);
+    }
+    for (const std::string& words : {std::string("fly"), std::string("dmpu"), std::string("--grou"),
+                                     std::string(), std::string(100'000, 'x')})
+        EXPECT_EQ(Call({words}).Errors.find("did you mean"), std::string::npos) << words.substr(0, 9);
+    const std::tuple<std::string, std::string, std::string> steps[] = {
+        {track, "mvoe=1,2,3", "a track, did you mean 'move'?"},
+        {track, "rotat", "a track, did you mean 'rotate'?"},
+        {track, "backward=1", "a track, did you mean 'backwards'?"},
+        {track, "fly", "a track"},
+        {track, "revrse", "a track"}, // that is one for an element
+        {element, "revrse", "an element, did you mean 'reverse'?"},
+        {element, "rotatey=9", "an element, did you mean 'rotate-y'?"}};
+    for (const auto& [file, step, expected] : steps)
+        EXPECT_EQ(Call({"apply", file, step, "-o", output}).Errors,
+                  "railwright-cli: " + file + ": step '" + step + "': there is no such step for " + expected +
+                      "\n");
+}
+
 #ifndef _WIN32
 TEST_F(CommandLine, TakesNamesAsTheyAreAndShowsThemInOneLine) {
     const std::string odd = folder.File("a\\b\n\x1B.nltrack"),
@@ -171,7 +197,7 @@ TEST_F(CommandLine, KeepsEverySampleSoundBehindEveryTool) {
             change(Track.BezierCurve.NodeCount, Track.BezierCurve.Nodes, counts[1]);
             change(Track.PreFabSupports.NodeCount, Track.PreFabSupports.Nodes, counts[2]);
             change(Track.TrackHeader.NumTrains, Track.TrackHeader.Trains, counts[3]);
-            EXPECT_EQ(ApplyTrackSteps(tools).Done, sample[0] == 's');
+            EXPECT_EQ(ApplyTrackSteps(tools, {}).Done, sample[0] == 's');
             ExpectSound(Saved());
         }
 }

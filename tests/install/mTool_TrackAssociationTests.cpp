@@ -47,7 +47,7 @@ protected:
         return found;
     }
     static void SetAll(std::int16_t doubleClick = 0, std::int16_t icon = 0, const char* iconFile = "") {
-        SetTrackAssociation(doubleClick, true, true, true, true, icon, iconFile);
+        SetTrackAssociation({.iDoubleClick = doubleClick, .iIcon = icon, .sIconFile = iconFile});
     }
 };
 
@@ -81,16 +81,16 @@ TEST_F(TrackAssociation, FollowsEachOption) {
 TEST_F(TrackAssociation, RemovesTheVerbsThatAreCleared) {
     SetAll();
     for (int press = 0; press < 2; ++press) { // the second time there is nothing to remove
-        SetTrackAssociation(1, false, true, false, true, 0, "");
+        SetTrackAssociation({.iDoubleClick = 1, .bRide = false, .bTerraform = false});
         EXPECT_EQ(Registered(), With("Edit", RideIcon, {"\\Ride", "\\Tera"}));
     }
-    SetTrackAssociation(2, true, false, true, false, 0, "");
+    SetTrackAssociation({.iDoubleClick = 2, .bEdit = false, .bTool = false});
     EXPECT_EQ(Registered(), With("Tera", RideIcon, {"\\Edit", "\\Tool"}));
 
     // One that was set by hand, with another caption and only half of it.
     RegistryInput byHand = "Look inside";
     WriteRegistryValue(HKEY_CLASSES_ROOT, Class + "\\SHELL\\edit", REG_SZ, "", byHand);
-    SetTrackAssociation(2, true, false, true, true, 0, "");
+    SetTrackAssociation({.iDoubleClick = 2, .bEdit = false});
     EXPECT_EQ(Registered(), With("Tera", RideIcon, {"\\Edit"}));
     WriteRegistryValue(HKEY_CLASSES_ROOT, Class + "\\Shell\\Edit", REG_SZ, "", byHand);
     SetAll();

@@ -14,7 +14,11 @@ int main(int argc, char** argv) {
     }
     const auto offers = [&](std::size_t verb) { return arguments[2][verb] == '1'; };
     railwright::PrepareFileAssociation(arguments[0]);
-    railwright::SetTrackAssociation(static_cast<std::int16_t>(std::stoi(arguments[1])), offers(0), offers(1),
-                                    offers(2), offers(3), static_cast<std::int16_t>(std::stoi(arguments[3])),
-                                    arguments[4]);
+    railwright::SetTrackAssociation({.iDoubleClick = static_cast<std::int16_t>(std::stoi(arguments[1])),
+                                     .bRide = offers(0),
+                                     .bEdit = offers(1),
+                                     .bTerraform = offers(2),
+                                     .bTool = offers(3),
+                                     .iIcon = static_cast<std::int16_t>(std::stoi(arguments[3])),
+                                     .sIconFile = arguments[4]});
 }

@@ -109,7 +109,7 @@ void StoreAssociatedIcons(const std::string& folder) {
     RegOverridePredefKey(HKEY_CLASSES_ROOT, place);
     PrepareFileAssociation(folder);
     for (std::int16_t choice = 2; choice <= 6; ++choice) {
-        SetTrackAssociation(0, true, true, true, true, choice, "");
+        SetTrackAssociation({.iIcon = choice});
         std::array<wchar_t, 1024> entry{};
         DWORD size = sizeof entry;
         RegGetValueW(HKEY_CLASSES_ROOT, L"NoLimits.Trackfile\\DefaultIcon", nullptr, RRF_RT_REG_SZ, nullptr,

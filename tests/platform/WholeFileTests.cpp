@@ -7,43 +7,66 @@
 
 namespace railwright::testing {
 
+/// What a save finds, and how many calls it takes.
+struct Situation {
+    bool HasOld;
+    bool IsInPlace; // the folder takes no new file
+    int Calls;
+};
+/// What a call gives that fails.
+struct Fault {
+    std::errc Cause;
+    bool WritesNothing = false;
+};
+
+static void ExpectNothingLost(const Situation& now, int failAt, bool stays, const Fault& fault) {
+    const TemporaryFolder folder, aside;
+    if (now.HasOld)
+        WriteBytes(folder.File("a"), Old);
+    FailingFiles files;
+    files.FailAt = failAt;
+    files.Stays = stays; // then what was overwritten cannot be put back
+    files.Cause = fault.Cause;
+    files.WritesNothing = fault.WritesNothing;
+    files.OpenNewError = now.IsInPlace ? std::errc::permission_denied : std::errc{};
+    files.Aside = {aside.Inside(""), aside.Inside("")};
+    const FileResult saved = WriteWholeFile(folder.Inside("a"), New);
+    // A folder that takes no new file has the old one overwritten, and if one takes no copy another does.
+    const bool takesNoNew = failAt == 3 && fault.Cause == std::errc::permission_denied && now.HasOld;
+    const bool takesNoCopy = failAt >= 4 && failAt <= 11;
+    const bool answered = !stays && (now.IsInPlace ? takesNoCopy : takesNoNew);
+    EXPECT_EQ(saved.Done, failAt > now.Calls || answered);
+    EXPECT_EQ(saved.Reason.empty(), saved.Done);
+    const bool lost = !saved.OldKeptIn.IsEmpty();
+    EXPECT_EQ(lost, now.IsInPlace && stays && failAt > 11 && !saved);
+    EXPECT_EQ(lost, saved.Reason.find("cannot be put back; it is in") != std::string::npos);
+    const Bytes before = now.HasOld ? Old : Bytes{};
+    EXPECT_EQ(ReadBytes(lost ? saved.OldKeptIn.Native() : folder.File("a")), saved ? New : before);
+    EXPECT_EQ(folder.Names().size(), saved || now.HasOld ? 1U : 0U);
+    EXPECT_TRUE(stays || failAt == 18 || aside.Names().empty());
+    const bool replaced = saved && !now.IsInPlace && !answered; // then the new name goes to the disk
+    EXPECT_TRUE(!replaced || files.Log == (Names{"exchange", folder.Inside("a").Folder().Native()}));
+}
+
 TEST(WholeFile, SaveThatFailsLeavesWhatWasThere) {
     // Look, follow links, open, three writes of 100, 100 and 50 bytes, cut off, flush, exchange. In place
     // open is another; then the old content is copied (open, go back, read, two writes, read, cut off,
     // flush), and before the writes the file goes back to its first byte.
-    for (const auto& [calls, old, inPlace] :
-         {std::tuple(9, true, false), {9, false, false}, {17, true, true}})
-        for (int i = 8; i < 8 * calls + 16; ++i) {
-            SCOPED_TRACE(i);
-            const TemporaryFolder folder, aside;
-            if (old)
-                WriteBytes(folder.File("a"), Old);
-            FailingFiles files;
-            files.FailAt = i / 8;
-            files.WritesNothing = i % 4 == 3;
-            files.Cause = Causes[i % 4 % 3];
-            files.Stays = i % 8 > 3; // then what was overwritten cannot be put back
-            files.OpenNewError = inPlace ? std::errc::permission_denied : std::errc{};
-            files.Aside = {aside.Inside(""), aside.Inside("")};
-            const FileResult saved = WriteWholeFile(folder.Inside("a"), New);
-            // A folder that takes no new file has the old one overwritten, and if one takes no copy another
-            // does.
-            const bool answered =
-                !files.Stays && (inPlace ? files.FailAt >= 4 && files.FailAt <= 11
-                                         : files.FailAt == 3 && files.Cause == Causes[2] && old);
-            EXPECT_EQ(saved.Done, files.FailAt > calls || answered);
-            EXPECT_EQ(saved.Reason.empty(), saved.Done);
-            const bool lost = !saved.OldKeptIn.IsEmpty();
-            EXPECT_EQ(lost, inPlace && files.Stays && files.FailAt > 11 && !saved);
-            EXPECT_EQ(lost, saved.Reason.find("cannot be put back; it is in") != std::string::npos);
-            EXPECT_EQ(ReadBytes(lost ? saved.OldKeptIn.Native() : folder.File("a")), saved ? New
-                                                                                     : old ? Old
-                                                                                           : Bytes{});
-            EXPECT_EQ(folder.Names().size(), saved || old ? 1U : 0U);
-            EXPECT_TRUE(files.Stays || files.FailAt == 18 || aside.Names().empty());
-            const bool replaced = saved && !inPlace && !answered; // then the new name goes to the disk
-            EXPECT_TRUE(!replaced || files.Log == (Names{"exchange", folder.Inside("a").Folder().Native()}));
-        }
+    const Situation situations[] = {{.HasOld = true, .IsInPlace = false, .Calls = 9},
+                                    {.HasOld = false, .IsInPlace = false, .Calls = 9},
+                                    {.HasOld = true, .IsInPlace = true, .Calls = 17}};
+    const Fault faults[] = {{std::errc::no_space_on_device},
+                            {std::errc::io_error},
+                            {std::errc::permission_denied},
+                            {.Cause = std::errc::no_space_on_device, .WritesNothing = true}};
+    for (const Situation& situation : situations)
+        for (int failAt = 1; failAt <= situation.Calls + 1; ++failAt)
+            for (const bool stays : {false, true})
+                for (const Fault& fault : faults) {
+                    SCOPED_TRACE(std::to_string(situation.Calls) + " calls, " + std::to_string(failAt) +
+                                 " fails, fault " + std::to_string(&fault - faults));
+                    ExpectNothingLost(situation, failAt, stays, fault);
+                }
 }
 
 TEST(WholeFile, OnlyAClosedFolderIsAnsweredByWritingInPlace) {

@@ -40,7 +40,7 @@ Program::Program(const std::string& commandLine, bool simulator,
                  const std::function<void(Program&)>& foretell) {
     sNoLimitsPath = {};
     sDocumentFile = {};
-    iDocumentKind = DocumentKinds::None;
+    iDocumentKind = CurrentDocument::None;
     bDocumentChanged = false;
     ClearTrackDocument();
     ClearElementDocument();

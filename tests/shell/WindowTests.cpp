@@ -268,7 +268,7 @@ void WindowTests::FailsToOpen() {
             program.Click(button);
         QVERIFY(program.Report() == report && Track.BezierCurve.NodeCount == nodes && !bDocumentChanged);
         program.Choose("mnuSaveAs");
-        QVERIFY2(iDocumentKind == DocumentKinds::None && sDocumentFile == left, name.c_str());
+        QVERIFY2(iDocumentKind == CurrentDocument::None && sDocumentFile == left, name.c_str());
     }
 }
 
@@ -335,7 +335,8 @@ void WindowTests::KeepsTheOldFileOfASaveThatFails() {
             program.Box("Error|Error Saving Element File!|Warning|OK", "OK");
         FailingFiles files;
         files.FailAt = failing;
-        files.Cause = Causes[failing % 2]; // the third has the old file overwritten
+        // The full disk and the broken one by turns; without a right the old file would be overwritten.
+        files.Cause = failing % 2 == 0 ? std::errc::no_space_on_device : std::errc::io_error;
         program.Choose("mnuSaveAs");
         QVERIFY(bDocumentChanged == fails && program.Title().endsWith('*') == fails);
         QVERIFY((ReadBytes(file) == old) == fails && program.Names() == std::vector<std::string>{"a.nlelem"});
@@ -360,13 +361,19 @@ void WindowTests::TellsToWaitAndGetsOverLackOfMemory() {
 void WindowTests::PassesNamesThroughTheDialogs() {
     // A name that has no room is not offered; the dialog comes all the same.
     Program program;
-    std::string name(260, 'n'), title = "title", filter = "Any|*:All|*";
-    std::int32_t index = 2, flags = 8;
+    FileDialog dialog = {.sFileName = std::string(260, 'n'),
+                         .sFileTitle = "title",
+                         .sFilter = "Any|*:All|*",
+                         .iFilterIndex = 2,
+                         .sDialogTitle = "Pick",
+                         .sDefaultExt = "nlelem",
+                         .iFlags = 8};
     QString offered = "something";
     program.File("Pick", "", &offered);
-    QVERIFY(!ShowSaveFileDialog(name, title, true, filter, index, "", "Pick", "nlelem", NoWindow, flags));
-    QVERIFY(offered.isEmpty() && (name + title).empty() && index == 0 && flags == 0);
-    QCOMPARE(filter, std::string("Any\0*\0All\0*\0\0", 13));
+    QVERIFY(!ShowSaveFileDialog(dialog));
+    QVERIFY(offered.isEmpty() && (dialog.sFileName + dialog.sFileTitle).empty());
+    QVERIFY(dialog.iFilterIndex == 0 && dialog.iFlags == 0);
+    QCOMPARE(dialog.sFilter, std::string("Any\0*\0All\0*\0\0", 13));
 }
 
 void WindowTests::TellsOfNamesThatAreTooLong() {

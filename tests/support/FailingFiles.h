@@ -7,10 +7,6 @@
 
 namespace railwright::testing {
 
-/// What the failures of a file system come down to: a full disk, a broken one, a right that is missing.
-constexpr std::errc Causes[] = {std::errc::no_space_on_device, std::errc::io_error,
-                                std::errc::permission_denied};
-
 /// Thrown where the process is to end suddenly.
 struct SuddenEnd {};
 
@@ -22,12 +18,12 @@ class FailingFiles final : public FileOperations {
     using Opened = std::unique_ptr<OpenFile>;
 
 public:
-    int FailAt = 0;              // the number of the call that fails, counted from 1; 0 for none
-    int Calls = 0;               // made so far
-    std::size_t Listed = 0;      // names of files given so far
-    bool Stays = false;          // every call behind that one fails as well
-    std::errc Cause = Causes[0]; // what the failure gives
-    bool EndsSuddenly = false;   // instead of a failure the process ends at that call
+    int FailAt = 0;         // the number of the call that fails, counted from 1; 0 for none
+    int Calls = 0;          // made so far
+    std::size_t Listed = 0; // names of files given so far
+    bool Stays = false;     // every call behind that one fails as well
+    std::errc Cause = std::errc::no_space_on_device; // what the failure gives
+    bool EndsSuddenly = false;                       // instead of a failure the process ends at that call
     bool LosesTheOldFile =
         false; // an exchange breaks off in the middle: the old file is gone, the new one has no name
     bool WritesNothing = false;  // a write that fails gives no error, it only writes nothing

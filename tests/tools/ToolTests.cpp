@@ -13,11 +13,10 @@ namespace railwright::testing {
 
 static void RunStep(const std::string& step) {
     const bool ofElement = step == "reverse" || step.starts_with("rotate-");
-    EXPECT_TRUE((ofElement ? ApplyElementSteps : ApplyTrackSteps)({&step, 1}).Done) << step;
+    EXPECT_TRUE((ofElement ? ApplyElementSteps : ApplyTrackSteps)({&step, 1}, {}).Done) << step;
 }
 
 using Tools = EmptyDocuments;
-using Report = EmptyDocuments;
 
 TEST_F(Tools, ChangeEveryPointOfTheCurveAndAtWillTheNodesOfTheSupports) {
     const Vector3 point = {1, 2, 3};
@@ -181,92 +180,188 @@ TEST_F(Tools, LayATrackBackOverItselfAndRunItBackwards) {
     }
 }
 
-/// @return the report, with LF for its ends of lines.
-static std::string Overview(const FilePath& file = FilePath::FromUser("gone.nltrack"),
-                            const NumberSeparators& separators = {}) {
-    AnalyzeTrack();
-    std::string report = BuildTrackOverview(file, separators);
-    for (std::size_t end = 0; (end = report.find("\r\n", end)) != std::string::npos;)
-        report.replace(end, 2, "\n");
-    return report;
-}
+/// The report on Track.
+class Report : public EmptyDocuments {
+protected:
+    FilePath file = FilePath::FromUser("gone.nltrack");
+    NumberSeparators separators;
 
-static void ExpectLines(const std::string& lines) {
-    EXPECT_NE(Overview().find(lines), std::string::npos) << lines << "is not in\n" << Overview();
-}
+    /// Its sections, which have an empty line between them, with LF for the ends of lines.
+    std::vector<std::string> Sections() const {
+        AnalyzeTrack();
+        std::string report = BuildTrackOverview(file, separators);
+        for (std::size_t end = 0; (end = report.find("\r\n", end)) != std::string::npos;)
+            report.replace(end, 2, "\n");
+        std::vector<std::string> sections;
+        for (std::size_t end = 0; (end = report.find("\n\n")) != std::string::npos; report.erase(0, end + 2))
+            sections.push_back(report.substr(0, end));
+        sections.push_back(report);
+        return sections;
+    }
+    /// The section that begins with these words.
+    std::string Section(const std::string& words) const {
+        for (const std::string& section : Sections())
+            if (section.starts_with(words))
+                return section;
+        return "there is none";
+    }
+};
 
 /// Fills a list with one record for each of `types`.
 template <class Record>
 static void Fill(List<Record>& list, std::int32_t Record::*type, const std::vector<std::int32_t>& types) {
+    list = {};
     for (const std::int32_t one : types)
         list.emplace_back().*type = one;
 }
 
-TEST_F(Report, TellsEverythingLineByLine) {
-    SetStraightCurve({{-1000, 10.004F, 0}, {2000, 10.004F, 0}, {2000, 70, -80}}, false);
-    Track.FileHeader.Version = {1, 3, 0, 7}, Track.Environment.PreferredEnvironment = "Alps";
+static void PutIntoTunnels(std::initializer_list<std::size_t> segments) {
+    for (const std::size_t segment : segments)
+        Track.SegmentList.Segments[segment].Tunnel = true;
+}
+
+TEST_F(Report, HasAllSectionsInTheirOrder) {
+    const char* const words[] = {"File Name...: gone\nFile Size...: 0 bytes.\nFile Version: 0.0.0.0",
+                                 "Track Type..........: Steel Looping\nTrack Length",
+                                 "Total Segments...: 0\n   Normal...: 0\n",
+                                 "Total Free Nodes.......: 0\nTotal Fundamental Nodes: 0",
+                                 "Total Support Beams: 0\n   Small",
+                                 "Total Wood Catwalks: 0",
+                                 "Total Pre-Fabricated Supports: 0\n   Track Nodes",
+                                 "Total Trees: 0\n   Type A",
+                                 "Total Objects: 0",
+                                 "Has Terrain...........: No",
+                                 "Prefered Environment: -none-",
+                                 "Author's Comments: 1 character(s) long.\nx\n"};
+    Track.TrackInfo.AuthorComments = "x";
+    const std::vector<std::string> sections = Sections();
+    ASSERT_EQ(sections.size(), std::size(words));
+    for (std::size_t i = 0; i < sections.size(); ++i)
+        EXPECT_TRUE(sections[i].starts_with(words[i])) << sections[i];
+}
+
+TEST_F(Report, TellsOfTheFile) {
+    const TemporaryFolder folder;
+    file = folder.Inside("My.NLTRACK run.nltrack");
+    WriteBytes(file.Native(), Bytes(12345));
+    separators = {".", ","};
+    Track.FileHeader.Version = {1, 3, 0, 7};
+    EXPECT_EQ(Section("File"), "File Name...: My run\nFile Size...: 12.345 bytes.\nFile Version: 1.3.7.0");
+}
+
+TEST_F(Report, TellsOfTheTrack) {
+    separators = {".", ","};
+    SetStraightCurve({{-1000, 10.004F, 0}, {2000, 10.004F, 0}, {2000, 70, -80}}, false); // 3000 m and 100 m
     Track.TrackHeader.TrackType = 9, Track.TrackHeader.NumTrains = 1234, Track.TrackHeader.CarsPerTrain = 5;
-    Track.TrackInfo.AuthorComments = "Built in M\xFCnchen,\r\nfor fun.";
-    auto& segments = Track.SegmentList.Segments = {};
+    EXPECT_EQ(Section("Track Type"), "Track Type..........: Wooden Coaster (Trailored 2 Seat)\n"
+                                     "Track Length........: 3.100,00 meters.\n"
+                                     "Complete Circut.....: No\n"
+                                     "Number of Trains....: 1234\n"
+                                     "Cars per Train......: 5\n"
+                                     "Lowest Track Height.: 10,00 meters.\n"
+                                     "Highest Track Height: 70,00 meters.\n"
+                                     "Area Track Requires.: 3.000,00 x 80,00 x 60,00 cubic meters.");
+    EXPECT_EQ(TrackTypeName(4) + TrackTypeName(-1) + TrackTypeName(13), "Inverted (4 Seat)");
+    separators = {};
+    for (const auto& [height, printed] : {std::pair(0.125F, "0.12"), {-0.004F, "0.00"}, {-3.5F, "-3.50"}}) {
+        SetStraightCurve({{0, height, 0}, {100, height, 0}}, false);
+        EXPECT_NE(Section("Track Type").find(std::string("Lowest Track Height.: ") + printed + " meters.\n"),
+                  std::string::npos);
+    }
+}
+
+TEST_F(Report, CountsSegmentsAndTunnels) {
     Track.SegmentList.SegmentCount = 12; // one fewer than there are
-    Fill(segments, &TrackSegment::SegmentType, {0, 1, 2, 2, 3, 4, 4, 4, 5, 256, 257, -1, 0});
-    for (const std::size_t tunnel : {0U, 1U, 5U, 11U, 12U})
-        segments[tunnel].Tunnel = true;
+    Fill(Track.SegmentList.Segments, &TrackSegment::SegmentType,
+         {0, 1, 2, 2, 3, 4, 4, 4, 5, 256, 257, -1, 0});
+    PutIntoTunnels({0, 1, 5, 11, 12});
+    EXPECT_EQ(Section("Total Segments"), "Total Segments...: 12\n"
+                                         "   Normal...: 1\n"
+                                         "   Station..: 1\n"
+                                         "   Lift.....: 2\n"
+                                         "   Transport: 1\n"
+                                         "   Brake....: 3\n"
+                                         "Tunneled Segments: 4\n"
+                                         "Actual Tunnels...: 3");
+    // Where a closed circuit closes, a tunnel counts as two.
+    Track.SegmentList = {{}, true, 6, List<TrackSegment>(7)};
+    PutIntoTunnels({0, 1, 3, 5});
+    EXPECT_TRUE(Section("Total Segments").ends_with("Tunneled Segments: 4\nActual Tunnels...: 3"));
+}
+
+TEST_F(Report, CountsNodesAndBeams) {
+    separators = {".", ","};
     Track.FreeNodes.Count = 1001, Track.FundamentalNodes.Count = 2, Track.WoodCatwalks.Count = 3;
-    Track.SupportBeams.Count = 19, Track.Scenery.TreeCount = 8;
+    EXPECT_EQ(Section("Total Free"), "Total Free Nodes.......: 1.001\nTotal Fundamental Nodes: 2");
+    EXPECT_EQ(Section("Total Wood"), "Total Wood Catwalks: 3");
+    Track.SupportBeams.Count = 19;
     Fill(Track.SupportBeams.Items, &SupportBeam::BeamType,
          {0, 1, 1, 2, 2, 2, 3, 4, 4, 5, 6, 6, 7, 8, 9, 9, 9, 9, 10});
-    Track.PreFabSupports = {{}, 3, {{2, 0}, {0, 2}, {8, 2}, {}}, {}};
+    EXPECT_EQ(Section("Total Support Beams"), "Total Support Beams: 19\n"
+                                              "   Small...: 3\n"
+                                              "   Medium..: 1\n"
+                                              "   Large...: 2\n"
+                                              "   X Large.: 1\n"
+                                              "   XX Large: 2\n"
+                                              "   'L' Beam: 1\n"
+                                              "   'H' Beam: 2\n"
+                                              "   Wood 4x4: 1\n"
+                                              "   Wood 2x2: 4\n"
+                                              "   Wood 1x4: 1");
+}
+
+TEST_F(Report, CountsPrefabricatedSupports) {
+    Track.PreFabSupports = {{}, 3, {{2, 0}, {0, 2}, {8, 2}, {}}, {}}; // a node has a count, and its first
     Fill(Track.PreFabSupports.Supports, &PreFabSupport::SupportType, {0, 1, 2, 3, 4, 5, 6, 7, 7, -9});
+    EXPECT_EQ(Section("Total Pre-Fab"), "Total Pre-Fabricated Supports: 10\n"
+                                        "   Track Nodes...: 1\n"
+                                        "   Single........: 1\n"
+                                        "   Complex.......: 1\n"
+                                        "   Inverted......: 1\n"
+                                        "   90 Degree Bank: 1\n"
+                                        "   Small Inverted: 1\n"
+                                        "   'A' Shape.....: 2");
+}
+
+TEST_F(Report, CountsTreesAndListsObjects) {
+    Track.Scenery.TreeCount = 8;
     Fill(Track.Scenery.Trees, &Tree::TreeType, {0, 1, 2, 2, 3, 3, 3, 4});
+    EXPECT_EQ(Section("Total Trees"), "Total Trees: 8\n   Type A: 1\n   Type B: 2\n   Type C: 3");
     Track.SceneryObjects = {{}, 2, List<SceneryObject>(3)};
     Track.SceneryObjects.Items[0].FileName = "caf\xE9.3ds";
     Track.SceneryObjects.Items[1].FileName = "sub\\gate.3ds";
+    EXPECT_EQ(Section("Total Objects"),
+              "Total Objects: 2\n   Object 001: caf\u00E9.3ds\n   Object 002: sub\\gate.3ds");
+}
+
+TEST_F(Report, TellsOfTerrain) {
+    separators = {".", ","};
     Track.Terrain.HasTerrain = true, Track.Terrain.GridSizeX = 3, Track.Terrain.GridSizeZ = 1;
     Track.Terrain.Heights = {12.5F, 1234, 13};
-    const TemporaryFolder folder;
-    WriteBytes(folder.File("My.NLTRACK run.nltrack"), Bytes(12345));
-    EXPECT_EQ(
-        Overview(folder.Inside("My.NLTRACK run.nltrack"), {".", ","}),
-        "File Name...: My run\nFile Size...: 12.345 bytes.\nFile Version: 1.3.7.0\n\n"
-        "Track Type..........: Wooden Coaster (Trailored 2 Seat)\nTrack Length........: 3.100,00 meters.\n"
-        "Complete Circut.....: No\nNumber of Trains....: 1234\nCars per Train......: 5\n"
-        "Lowest Track Height.: 10,00 meters.\nHighest Track Height: 70,00 meters.\n"
-        "Area Track Requires.: 3.000,00 x 80,00 x 60,00 cubic meters.\n\nTotal Segments...: 12\n"
-        "   Normal...: 1\n   Station..: 1\n   Lift.....: 2\n   Transport: 1\n   Brake....: 3\n"
-        "Tunneled Segments: 4\nActual Tunnels...: 3\n\nTotal Free Nodes.......: 1.001\n"
-        "Total Fundamental Nodes: 2\n\nTotal Support Beams: 19\n   Small...: 3\n   Medium..: 1\n"
-        "   Large...: 2\n   X Large.: 1\n   XX Large: 2\n   'L' Beam: 1\n   'H' Beam: 2\n   Wood 4x4: 1\n"
-        "   Wood 2x2: 4\n   Wood 1x4: 1\n\nTotal Wood Catwalks: 3\n\nTotal Pre-Fabricated Supports: 10\n"
-        "   Track Nodes...: 1\n   Single........: 1\n   Complex.......: 1\n   Inverted......: 1\n"
-        "   90 Degree Bank: 1\n   Small Inverted: 1\n   'A' Shape.....: 2\n\nTotal Trees: 8\n   Type A: 1\n"
-        "   Type B: 2\n   Type C: 3\n\nTotal Objects: 2\n   Object 001: caf\u00E9.3ds\n"
-        "   Object 002: sub\\gate.3ds\n\nHas Terrain...........: Yes\nTerrain Grid Size.....: 3 x 1\n"
-        "Lowest Terrain Height.: 12,5 meters.\nHighest Terrain Height: 1234 meters.\n\n"
-        "Prefered Environment: Alps\n\nAuthor's Comments: 27 character(s) long.\nBuilt in M\u00FCnchen,\n"
-        "for fun.\n");
-    ClearTrackDocument();
-    ExpectLines(
-        "gone\nFile Size...: 0 bytes.\nFile Version: 0.0.0.0\n\nTrack Type..........: Steel Looping\n");
-    ExpectLines("Has Terrain...........: No\n\nPrefered Environment: -none-\n\nAuthor's");
-    EXPECT_EQ(TrackTypeName(4) + TrackTypeName(-1) + TrackTypeName(13), "Inverted (4 Seat)");
-    Track.SegmentList = {{}, true, 6, List<TrackSegment>(7)};
-    for (const std::size_t i : {0U, 1U, 3U, 5U})
-        Track.SegmentList.Segments[i].Tunnel = true;
-    ExpectLines("Tunneled Segments: 4\nActual Tunnels...: 3\n");
-    for (const auto& [height, printed] : {std::pair(0.125F, "0.12"), {-0.004F, "0.00"}, {-3.5F, "-3.50"}}) {
-        SetStraightCurve({{0, height, 0}, {100, height, 0}}, false);
-        ExpectLines(std::string("Lowest Track Height.: ") + printed + " meters.\n");
-    }
+    EXPECT_EQ(Section("Has Terrain"), "Has Terrain...........: Yes\n"
+                                      "Terrain Grid Size.....: 3 x 1\n"
+                                      "Lowest Terrain Height.: 12,5 meters.\n"
+                                      "Highest Terrain Height: 1234 meters.");
+    separators = {};
     const std::tuple<List<float>, std::string, std::string> cases[] = {
         {{7, 1234567}, "7", "1234567"},     {{0.125F, 100}, "0.13", "100"},
         {{-0.125F, -0.004F}, "-0.13", "0"}, {{-1200.5F, 0.1F}, "-1200.5", "0.1"},
         {{1000, 2000}, "999", "2000"},      {{}, "999", "-999"}};
-    Track.Terrain.HasTerrain = true;
     for (const auto& [heights, lowest, highest] : cases) {
         Track.Terrain.Heights = heights;
-        ExpectLines(": " + lowest + " meters.\nHighest Terrain Height: " + highest + " meters.\n");
+        EXPECT_TRUE(
+            Section("Has Terrain")
+                .ends_with(": " + lowest + " meters.\nHighest Terrain Height: " + highest + " meters."))
+            << Section("Has Terrain");
     }
+}
+
+TEST_F(Report, EndsWithTheEnvironmentAndTheComments) {
+    Track.Environment.PreferredEnvironment = "Alps";
+    Track.TrackInfo.AuthorComments = "Built in M\xFCnchen,\r\nfor fun.";
+    EXPECT_EQ(Section("Prefered"), "Prefered Environment: Alps");
+    EXPECT_EQ(Section("Author's"),
+              "Author's Comments: 27 character(s) long.\nBuilt in M\u00FCnchen,\nfor fun.\n");
 }
 
 } // namespace railwright::testing

@@ -8,6 +8,7 @@
 #include <cctype>
 #include <cstdlib>
 #include <new>
+#include <sstream>
 
 /// All bytes that the test program has asked the heap for with `new` so far, given back or not.
 static std::atomic<std::size_t> allocated = 0;
@@ -44,6 +45,75 @@ namespace railwright::testing {
 
 using TrackFile = DocumentTest<Track, LoadTrackFile, SaveTrackFile>;
 
+// Places in a file, and the length of one that holds an empty track.
+constexpr std::size_t SubChunksOfRoot = 31; // the last byte of that number
+constexpr std::size_t FirstTag = 32;
+constexpr std::size_t LastChunkOfEmpty = 613;
+constexpr std::size_t LengthOfEmpty = 665;
+
+// Bytes of memory that a load may take: of a broken file of the fixtures, and for each byte of another one.
+constexpr std::size_t MemoryForBroken = 20'000;
+constexpr std::size_t MemoryForByte = 20;
+
+/// @return what stands on paper: bytes as hexadecimal digits, letters behind a dot, zeros as z and how many.
+static Bytes FromPaper(const std::string& paper) {
+    Bytes bytes;
+    std::istringstream words(paper);
+    for (std::string word; words >> word;)
+        if (word[0] == '.')
+            bytes.insert(bytes.end(), word.begin() + 1, word.end());
+        else if (word[0] == 'z')
+            bytes.resize(bytes.size() + std::stoul(word.substr(1)));
+        else
+            for (std::size_t i = 0; i < word.size(); i += 2)
+                bytes.push_back(static_cast<unsigned char>(std::stoul(word.substr(i, 2), nullptr, 16)));
+    return bytes;
+}
+
+// All other tests hold the program against the encoder of the tests; this one holds that against paper.
+TEST_F(TrackFile, TheEncoderOfTheTestsComesToBytesWorkedOutByHand) {
+    TrackDocument track;
+    track.TrackHeader.TrackType = 2, track.TrackHeader.CarsPerTrain = 5;
+    track.TrackHeader.NumTrains = 1;
+    track.TrackHeader.Trains[0] = {.Flag = true, .Color = {0x010203}, .Name = "Ab"};
+    track.TrackHeader.TrackColor[7] = 0xFFFFFF;
+    track.TrackInfo.AuthorComments = "Hi";
+    track.BezierCurve.NodeCount = 1;
+    track.BezierCurve.Nodes = {{.Position = {1, -2, 0.5F},
+                                .ControlIn = {100, 0, 0},
+                                .ControlOut = {0, 0, -0.25F},
+                                .Roll = 1.5F,
+                                .FlagA = true,
+                                .FlagB = true}};
+    track.SegmentList = {{}, true, 1, {{.SegmentType = SegmentKind::Lift, .Color = {1, 2, 3}}}};
+    TrackSegment& lift = track.SegmentList.Segments[0];
+    lift.CustomColors = lift.Tunnel = lift.LiftFlag2 = true;
+    lift.LiftByte = 7, lift.LiftValue1 = 8;
+    const Bytes front = FromPaper(".NLIM 00000336  01030000 z16  00000003 "
+                                  ".TRCK 00000282  00000002 00000001 00000005 "
+                                  "      FF z7 00000002 .Ab 00010203 z12  z28 00FFFFFF z16  00000004 "
+                                  ".INFO 0000001A  z16 00000002 .Hi  00000000 "
+                                  ".BEZR 00000064  z16 00000001 "
+                                  "      3F800000 C0000000 3F000000  42C80000 z8  z8 BE800000  3FC00000 "
+                                  "      FF 00 FF z17  z16  00000000 "
+                                  ".SEGM 00000072  00000001 FF z16 "
+                                  "      00000002 FF 00000001 00000002 00000003 FF z15 "
+                                  "      00000024 z3 07 z4 41000000 z4 z4 00 FF z14  z16  00000000 ");
+    // Behind that it is as in an empty track; there are a train, two letters, a node and a segment more.
+    Bytes file = FileOf(track);
+    EXPECT_EQ(file.size(), LengthOfEmpty + 30 + 2 + 60 + 73);
+    file.resize(front.size());
+    ExpectSame(file, front);
+
+    ElementDocument element = {.ChunkSize = 0x01020304, .NodeCount = 1, .Nodes = List<ElementNode>(2)};
+    element.Nodes[0].ControlOut = {1, -2, 0.5F};
+    ElementNode& end = element.Nodes[1];
+    end.ControlIn = {100, 0, 0}, end.Position = {0, 0, -0.25F}, end.Roll = 1.5F, end.FlagA = true;
+    ExpectSame(FileOf(element), FromPaper(".ELEM 01020304 z64 00000001 "
+                                          "3F800000 C0000000 3F000000  42C80000 z8  z8 BE800000  3FC00000 "
+                                          "FF 00 z8  z64 z4"));
+}
+
 TEST_F(TrackFile, TracksComeBackWholeFromAnyForm) {
     const Form forms[] = {{},
                           {.Noise = 0xA5, .True = 0x01},
@@ -67,12 +137,15 @@ TEST_F(TrackFile, TracksComeBackWholeFromAnyForm) {
 
 TEST_F(TrackFile, LargeTracksComeBackWholeWhereverTheyAreCut) {
     // Far more than is in memory at once while a file is read or written.
+    constexpr std::size_t Many = 3000;
+    constexpr std::int32_t Long = 200'000;
     TrackDocument large = Random<TrackDocument>(3);
     const auto extend = [](std::int32_t& count, auto& items) {
         const auto kinds = static_cast<std::size_t>(count);
         ASSERT_GT(kinds, 0U);
         items.resize(kinds);
-        for (count = 3000; items.size() < 3000;)
+        count = Many;
+        while (items.size() < Many)
             items.push_back(items[items.size() - kinds]);
     };
     extend(large.BezierCurve.NodeCount, large.BezierCurve.Nodes);
@@ -80,14 +153,14 @@ TEST_F(TrackFile, LargeTracksComeBackWholeWhereverTheyAreCut) {
     extend(large.FundamentalNodes.Count, large.FundamentalNodes.Items);
     extend(large.SceneryObjects.Count, large.SceneryObjects.Items);
     extend(large.WoodCatwalks.Count, large.WoodCatwalks.Items);
-    large.WoodCatwalks.Items[7].ExtraBytes = 200'000;
+    large.WoodCatwalks.Items[7].ExtraBytes = Long;
     large.Terrain.HasTerrain = true;
     large.Terrain.GridSizeX = 201;
     large.Terrain.GridSizeZ = 203;
     large.Terrain.Heights.assign(201 * 203, 7.5F);
     for (std::size_t shift = 0; shift < 100; shift += 27) {
         SCOPED_TRACE(shift);
-        large.TrackInfo.AuthorComments.assign(200'000 + shift, 'c');
+        large.TrackInfo.AuthorComments.assign(Long + shift, 'c');
         ExpectToComeBack(large, {{{.Noise = 0xA5, .UnknownShortBy = 4}}});
     }
 }
@@ -95,7 +168,7 @@ TEST_F(TrackFile, LargeTracksComeBackWholeWhereverTheyAreCut) {
 TEST_F(TrackFile, BelievesTheNumberOfSubChunksAndNothingElse) {
     const Bytes empty = FileOf(TrackDocument{});
     Bytes file = FileOf(Random<TrackDocument>(1));
-    file[31] = 0; // the root's
+    file[SubChunksOfRoot] = 0;
     EXPECT_TRUE(Load(file));
     ExpectSame(FileOf(Track), empty);
 
@@ -103,15 +176,15 @@ TEST_F(TrackFile, BelievesTheNumberOfSubChunksAndNothingElse) {
     TrackDocument odd;
     odd.Environment = {{}, "first", "and more"};
     file = FileOf(odd);
-    file[31] = 4;
-    file.insert(file.end(), empty.begin() + 613, empty.end());
+    file[SubChunksOfRoot] = 4;
+    file.insert(file.end(), empty.begin() + LastChunkOfEmpty, empty.end());
     EXPECT_TRUE(Load(file));
     ExpectSame(FileOf(Track), empty);
 
     // A tag can be anything.
     file = FileOf(TrackDocument{});
-    file.resize(36);
-    std::copy_n("\0\xE9p7", 4, &file[32]);
+    file.resize(FirstTag + 4);
+    std::copy_n("\0\xE9p7", 4, &file[FirstTag]);
     EXPECT_EQ(Load(file).Reason, "\?\?P7: the file ends too early");
 
     // Terrain of no size is terrain all the same, and the smallest segments need no more than they have.
@@ -126,12 +199,13 @@ TEST_F(TrackFile, BelievesTheNumberOfSubChunksAndNothingElse) {
 
 TEST_F(TrackFile, HasNamesOfItsOwnAndALengthWithinLimits) {
     ExpectNamesToBeHeeded(Random<TrackDocument>(1));
-    EXPECT_EQ(FileOf(TrackDocument{}).size(), 665U);
+    EXPECT_EQ(FileOf(TrackDocument{}).size(), LengthOfEmpty);
     Track.WoodCatwalks = {{}, 2, {{{}, 0x7FFFFFFF}, {{}, 0x7FFFFFFF}}}; // beyond what a long can count
     EXPECT_FALSE(SaveTrackFile(folder.Inside("large")));
 }
 
 TEST_F(TrackFile, BrokenFilesAreRefusedWithTheFaultAndItsByte) {
+    constexpr int BrokenFiles = 39;
     int found = 0;
     for (const auto& entry : std::filesystem::directory_iterator(RAILWRIGHT_FIXTURES "/broken")) {
         const std::string broken = entry.path().filename().string();
@@ -143,7 +217,7 @@ TEST_F(TrackFile, BrokenFilesAreRefusedWithTheFaultAndItsByte) {
         const FilePath path = FilePath::FromUser(entry.path().string());
         const std::size_t before = allocated;
         FileResult loaded = isTrack ? LoadTrackFile(path) : LoadElementFile(path);
-        EXPECT_LT(allocated - before, 20'000U);
+        EXPECT_LT(allocated - before, MemoryForBroken);
         for (char& letter : loaded.Reason)
             letter = std::isalnum(letter) ? letter : '-';
         const std::string actual = '.' + std::to_string(loaded.Byte) + '.' + loaded.Reason;
@@ -152,7 +226,7 @@ TEST_F(TrackFile, BrokenFilesAreRefusedWithTheFaultAndItsByte) {
         EXPECT_EQ(isTrack ? FileOf(Track) : FileOf(Element),
                   isTrack ? FileOf(TrackDocument{}) : FileOf(ElementDocument{}));
     }
-    EXPECT_EQ(found, 39);
+    EXPECT_EQ(found, BrokenFiles);
 }
 
 TEST_F(TrackFile, NoByteThatIsMissingOrWrongBringsALoadDown) {
@@ -165,7 +239,7 @@ TEST_F(TrackFile, NoByteThatIsMissingOrWrongBringsALoadDown) {
             file.seekp(static_cast<std::streamoff>(at)).put(static_cast<char>(value)).flush();
             const std::size_t before = allocated;
             const bool loaded{LoadTrackFile(folder.Inside(name))};
-            EXPECT_LT(allocated - before, 20 * good.size()) << at;
+            EXPECT_LT(allocated - before, MemoryForByte * good.size()) << at;
             const Bytes kept = FileOf(Track); // throws where a count is beyond its list
             EXPECT_TRUE(loaded || kept == empty) << at;
             EXPECT_LE(ComputeChunkSizes(), static_cast<std::int64_t>(good.size() + 4)) << at;
@@ -175,7 +249,7 @@ TEST_F(TrackFile, NoByteThatIsMissingOrWrongBringsALoadDown) {
         std::filesystem::resize_file(folder.File(name), size);
         // The byte behind the file reads as zero: the last of all, or that of the root's number of chunks.
         const bool loaded = LoadTrackFile(folder.Inside(name)).Done;
-        EXPECT_EQ(loaded, size == good.size() - 1 || size == 31) << size;
+        EXPECT_EQ(loaded, size == good.size() - 1 || size == SubChunksOfRoot) << size;
         EXPECT_TRUE(FileOf(Track) == (size == good.size() - 1 ? good : empty)) << size;
     }
 }

@@ -10,6 +10,7 @@
 
 #include <langinfo.h>
 #include <locale.h>
+#include <unistd.h>
 
 namespace railwright {
 namespace {
@@ -51,6 +52,10 @@ char PathSeparator() {
 std::vector<std::string> StartCommandLine(int count, char** arguments) {
     std::signal(SIGPIPE, SIG_IGN); // then a write tells that nobody reads any more
     return {arguments + std::min(1, count), arguments + count};
+}
+
+bool ErrorsGoToTerminal() {
+    return isatty(STDERR_FILENO) == 1;
 }
 
 std::string CommandLineText(int count, char** arguments) {

@@ -109,6 +109,11 @@ std::vector<std::string> StartCommandLine(int, char**) {
     return arguments;
 }
 
+bool ErrorsGoToTerminal() {
+    DWORD mode = 0; // only a console has one
+    return GetConsoleMode(GetStdHandle(STD_ERROR_HANDLE), &mode) != FALSE;
+}
+
 std::string CommandLineText(int, char**) {
     // The program's name ends at its closing quote, or at the first blank.
     std::wstring_view line = GetCommandLineW();

@@ -35,16 +35,16 @@ AboutPanel::AboutPanel(ucFrame& frame) {
     auto* const picture = new Picture(frame, "Image1", "Railwright", {1620, 120, 4350, 1350}, {290, 90});
     picture->Load(Artwork("about"));
 
-    QLabel* const name =
-        AddLine(frame, "Label18", "Railwright", {120, 1620, 7335, 555}, ControlFont(24, true, true));
+    QLabel* const name = AddLine(frame, "Label18", "Railwright", {120, 1620, 7335, 555},
+                                 ControlFont(24, {.Bold = true, .Italic = true}));
     // Its lowest letter would stand on the next line.
     name->setContentsMargins(0, 0, 0, 5);
     AddLine(frame, "Label19(0)", "Version " + QString::fromUtf8(Version) + ".0", {120, 2100, 7335, 255},
-            ControlFont(9.75, true));
+            ControlFont(9.75, {.Bold = true}));
     AddLine(frame, "Label19(1)", "Copyright \u00A9 2026 the Railwright authors", {120, 2340, 7335, 315},
-            ControlFont(12, true));
+            ControlFont(12, {.Bold = true}));
     AddLine(frame, "Label21", "Node Smoother by the Railwright contributors", {180, 2640, 7215, 195},
-            ControlFont(8.25, true));
+            ControlFont(8.25, {.Bold = true}));
 }
 
 } // namespace railwright

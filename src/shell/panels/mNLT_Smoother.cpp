@@ -12,7 +12,8 @@ namespace railwright {
 
 SmootherPanel::SmootherPanel(ucFrame& frame) {
     QPushButton* const button = AddButton(frame, "btnTSmoother", "Smooth Track Nodes", {180, 180, 2355, 375});
-    lblTSmoother = AddLabel(frame, "lblTSmoother", "", {180, 720, 7215, 195}, ControlFont(8.25, true));
+    lblTSmoother =
+        AddLabel(frame, "lblTSmoother", "", {180, 720, 7215, 195}, ControlFont(8.25, {.Bold = true}));
     QLabel* const credit =
         AddLabel(frame, "Label20", "Node Smoother by the Railwright contributors", {60, 5820, 7455, 195});
     credit->setAlignment(Qt::AlignCenter);

@@ -51,7 +51,7 @@ EnvironmentOrganizerPanel::EnvironmentOrganizerPanel(ucFrame& frame) {
     QLabel* const toDo = AddLabel(frame, "Label12", "UnOrganized Environments:", {60, 300, 2055, 195});
     for (QLabel* const label : {total, toDo})
         label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    const QFont bold = ControlFont(8.25, true);
+    const QFont bold = ControlFont(8.25, {.Bold = true});
     lblNLEnvOrganize[0] = AddLabel(frame, "lblNLEnvOrganize(0)", "", {2160, 60, 1155, 195}, bold);
     lblNLEnvOrganize[1] = AddLabel(frame, "lblNLEnvOrganize(1)", "", {2160, 300, 1155, 195}, bold);
     btnNLEnvOrganize = AddButton(frame, "btnNLEnvOrganize", "Organize Environments", {5160, 240, 2355, 315});

@@ -136,11 +136,13 @@ void FileAssociationPanel::LoadIcons() {
 void FileAssociationPanel::btnNLAssoc_Click() {
     const std::size_t iDoubleClick = SelectedIn(optNLAssocDblClk);
     chkNLAssocRtClk[iDoubleClick]->setChecked(true);
-    SetTrackAssociation(static_cast<std::int16_t>(iDoubleClick), chkNLAssocRtClk[0]->isChecked(),
-                        chkNLAssocRtClk[1]->isChecked(), chkNLAssocRtClk[2]->isChecked(),
-                        chkNLAssocRtClk[3]->isChecked(),
-                        static_cast<std::int16_t>(SelectedIn(optNLAssocIcon)),
-                        FilePath::FromUser(txtNLAssoc->text().toStdString()).InWindowsForm());
+    SetTrackAssociation({.iDoubleClick = static_cast<std::int16_t>(iDoubleClick),
+                         .bRide = chkNLAssocRtClk[0]->isChecked(),
+                         .bEdit = chkNLAssocRtClk[1]->isChecked(),
+                         .bTerraform = chkNLAssocRtClk[2]->isChecked(),
+                         .bTool = chkNLAssocRtClk[3]->isChecked(),
+                         .iIcon = static_cast<std::int16_t>(SelectedIn(optNLAssocIcon)),
+                         .sIconFile = FilePath::FromUser(txtNLAssoc->text().toStdString()).InWindowsForm()});
 }
 
 void FileAssociationPanel::optNLAssocDblClk_Click(std::size_t Index) {
@@ -157,17 +159,15 @@ void FileAssociationPanel::optNLAssocIcon_Click(std::size_t Index) {
 }
 
 void FileAssociationPanel::btnNLAssocBrowse_Click() {
-    std::string file;
-    std::string fileTitle;
-    bool readOnly = false;
-    std::string filter = "Icon Files (*.ico)|*.ico";
-    std::int32_t filterIndex = 1;
-    std::int32_t flags = 0;
-    if (!ShowOpenFileDialog(file, fileTitle, true, readOnly, true, filter, filterIndex, "", "Select Icon...",
-                            "ico", frmMain::Instance().Handle(), flags))
+    FileDialog dialog = {.sFilter = "Icon Files (*.ico)|*.ico",
+                         .sDialogTitle = "Select Icon...",
+                         .sDefaultExt = "ico",
+                         .iOwner = frmMain::Instance().Handle()};
+    if (!ShowOpenFileDialog(dialog))
         return;
-    txtNLAssoc->setText(QString::fromStdString(file));
-    imgNLAssoc->Load(QIcon(QString::fromStdString(file)));
+    const QString file = QString::fromStdString(dialog.sFileName);
+    txtNLAssoc->setText(file);
+    imgNLAssoc->Load(QIcon(file));
 }
 
 } // namespace railwright

@@ -35,7 +35,7 @@ TEST(Registry, GivesAnOrdinaryUserAnAssociationOfTheirOwn) {
     const std::string shell = "NoLimits.Trackfile\\Shell", command = shell + "\\Edit\\Command";
     const auto set = [](const char* folder, std::int16_t doubleClick) {
         PrepareFileAssociation(folder);
-        SetTrackAssociation(doubleClick, true, true, true, true, 0, "");
+        SetTrackAssociation({.iDoubleClick = doubleClick});
         PrepareFileAssociation("");
     };
     set("C:\\Everybody", 0);
