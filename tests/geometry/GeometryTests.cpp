@@ -186,9 +186,10 @@ TEST_F(Previews, DrawAnElementToScaleOverItsGridAndItsNodesLast) {
                 "111 spoint 170 98 ffffff;");
     const std::tuple<float, float, std::ptrdiff_t> cases[] = {
         // extent, scale, grid lines each way
-        {0.2F, 55, 1},       {10, 5.5F, 5},     {30, 2, 11},       {50, 1, 23},
-        {100, 0.5F, 45},     {219, 0.5F, 45},   {220, 0.25F, 111}, // a spacing of 2.5 rounds to 2
-        {1000, 0.055F, 221}, {2000, 0.0275F, 0}};                  // a spacing of nothing: axes alone
+        {0.2F, 55, 1},       {2.4F, 27.5F, 1},  {2.6F, 18.5F, 1}, {10, 5.5F, 5},     {30, 2, 11},
+        {50, 1, 23},         {100, 0.5F, 45},   {219, 0.5F, 45},  {220, 0.25F, 111}, // a spacing of 2.5
+                                                                                     // rounds to 2
+        {1000, 0.055F, 221}, {2000, 0.0275F, 0}}; // a spacing of nothing: axes alone
     for (const auto& [extent, scale, lines] : cases)
         for (float Vector3::*const axis : {&Vector3::X, &Vector3::Y, &Vector3::Z}) {
             Vector3 end; // which does not count: nine tenths of the way are left
@@ -199,6 +200,9 @@ TEST_F(Previews, DrawAnElementToScaleOverItsGridAndItsNodesLast) {
             const Vector3 &p = plan.LastPoint, &q = side.LastPoint;
             EXPECT_NEAR(p.X - 110 + p.Y - 110 + 110 - q.Y, scale * extent / 0.9F, scale * extent * 1e-3F);
         }
+    SetStraightElement({{}, {2.5F, 0, 0}, {}}); // half a metre is rounded to the even 2, so that S is 27.5
+    DrawElement();
+    EXPECT_EQ(Count("ppoint 178.75 110 ffffff"), 1);
 }
 
 } // namespace railwright::testing

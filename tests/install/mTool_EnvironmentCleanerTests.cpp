@@ -25,9 +25,10 @@ public:
         if (!second.IsEmpty())
             OrganizeEnvironments(second, *this);
     }
-    void Tell(const std::string&) override {}
+    void Tell(const std::string& line) override { copies += line.ends_with(" copied") ? 1 : 0; }
 
     std::vector<int> shown;
+    int copies = 0;
     /// The folder of a second run that is tried in the middle of the first.
     FilePath second;
 };
@@ -172,14 +173,15 @@ TEST_F(EnvironmentOrganizer, GivesEachEnvironmentItsTexturesAndPutsTheRestAway) 
 
 TEST_F(EnvironmentOrganizer, TakesEveryExtensionOutOfANameAndOnlyWholeLines) {
     Fill({{"Environments/a.env.b.ENV",
-           "x.texture.path=Environments\\t.bmp\r\ny.texture.path=Environments\\u.bmp"},
+           "x.texture.path=Environments\\t.bmp\r\nz.texture.path:Environments\\v.bmp\r\n"
+           "y.texture.path=Environments\\u.bmp"},
           {"Environments/t.bmp", "t"}});
     EXPECT_EQ(ScanEnvironments(folder.Inside("")).EnvironmentList.at(0).Name, FileName("a.b"));
     EXPECT_TRUE(Organize());
-    EXPECT_EQ(
-        Found().at("Environments/a.env.b.ENV"),
-        "x.texture.path=Environments\\a.b\\t.bmp\r\ny.texture.path=Environments\\u.bmp\r\n"); // the last has
-                                                                                              // no end
+    // Behind the key stands any one character, and the last line has no end.
+    EXPECT_EQ(Found().at("Environments/a.env.b.ENV"),
+              "x.texture.path=Environments\\a.b\\t.bmp\r\nz.texture.path:Environments\\a.b\\v.bmp\r\n"
+              "y.texture.path=Environments\\u.bmp\r\n");
     EXPECT_TRUE(fs::exists(folder.Path() / "Environments/a.b/t.bmp"));
 }
 
@@ -271,7 +273,8 @@ TEST_F(EnvironmentOrganizer, LeavesAListAloneThatIsNotItsOwn) {
     for (const auto& [content, isOwn] :
          {std::pair("a letter", false),
           {"Railwright has not finished organizing these environments:/Dawn.env/gone.env/\r\n", true}}) {
-        Fill({{"Environments/Dawn.env", "t.texture.path=Environments\\Sky.bmp\r\n"},
+        const std::string own = "u.texture.path=Environments\\Dawn\\own.bmp\r\n"; // is in its place
+        Fill({{"Environments/Dawn.env", "t.texture.path=Environments\\Sky.bmp\r\n" + own},
               {"Environments/Dawn/own.bmp", "own"},
               {"Environments/New.env", "t.texture.path=Environments\\Sky.bmp\r\n"},
               {"Environments/Sky.bmp", "sky"},
@@ -281,6 +284,8 @@ TEST_F(EnvironmentOrganizer, LeavesAListAloneThatIsNotItsOwn) {
         EXPECT_EQ(Organize(), isOwn);
         EXPECT_EQ(Found() == before, !isOwn);
         EXPECT_EQ(Found().count("Environments/Dawn/Sky.bmp"), isOwn ? 1U : 0U);
+        EXPECT_EQ(Found().at("Environments/Dawn.env").ends_with("\\Dawn\\Sky.bmp\r\n" + own + "\r\n"), isOwn);
+        EXPECT_EQ(progress.copies, isOwn ? 2 : 0); // one for each environment
         EXPECT_EQ(Found().count("Environments/~unfinished="), isOwn ? 0U : 1U);
     }
 }

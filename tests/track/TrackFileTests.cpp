@@ -51,6 +51,7 @@ TEST_F(TrackFile, TracksComeBackWholeFromAnyForm) {
                           {.Reversed = true, .SizeError = 1'000'000},
                           {.SizeError = -1'000'000},
                           {.UnknownShortBy = 0},
+                          {.SizeError = 0x41414141, .UnknownShortBy = 0}, // most sizes read as letters
                           {.UnknownShortBy = 4},
                           {0x5A, 0x80, {0, 0xFF, 0x7F, 3}, 0x20, true, -1, 4}};
     for (unsigned seed = 0; seed < 40; ++seed) {
