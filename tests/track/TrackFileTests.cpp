@@ -112,8 +112,10 @@ TEST_F(TrackFile, BelievesTheNumberOfSubChunksAndNothingElse) {
     // A tag can be anything.
     file = FileOf(TrackDocument{});
     file.resize(36);
-    std::copy_n("\0\xE9p7", 4, &file[32]);
-    EXPECT_EQ(Load(file).Reason, "\?\?P7: the file ends too early");
+    for (const auto& [tag, shown] : {std::pair("\0\xE9p7", "\?\?P7"), {" ~\x7F!", "\?~\?!"}}) {
+        std::copy_n(tag, 4, &file[32]);
+        EXPECT_EQ(Load(file).Reason, shown + std::string(": the file ends too early"));
+    }
 
     // Terrain of no size is terrain all the same, and the smallest segments need no more than they have.
     odd.Terrain.HasTerrain = true;
@@ -129,6 +131,9 @@ TEST_F(TrackFile, HasNamesOfItsOwnAndALengthWithinLimits) {
     ExpectNamesToBeHeeded(Random<TrackDocument>(1));
     EXPECT_EQ(FileOf(TrackDocument{}).size(), 665U);
     Track.WoodCatwalks = {{}, 2, {{{}, 0x7FFFFFFF}, {{}, 0x7FFFFFFF}}}; // beyond what a long can count
+    EXPECT_FALSE(SaveTrackFile(folder.Inside("large")));
+    Track.WoodCatwalks.Items[1].ExtraBytes -= static_cast<std::int32_t>(ComputeChunkSizes() - 0x8000'0000);
+    EXPECT_EQ(ComputeChunkSizes(), 0x8000'0000); // one byte too many
     EXPECT_FALSE(SaveTrackFile(folder.Inside("large")));
 }
 
