@@ -213,6 +213,9 @@ TEST_F(CommandLine, ReportsPrintsDrawsAndDumps) {
     EXPECT_EQ(Call({"preview", element, "-o", folder.File("a/b")}).Status, 0); // a new folder
     const auto plan = ReadBytes(folder.File("a/b/plan.svg")), side = ReadBytes(folder.File("a/b/side.svg"));
     const std::string drawing(plan.begin(), plan.end());
+    EXPECT_NE(drawing.find(
+                  " viewBox=\"0 0 224 224\">\n<rect width=\"224\" height=\"224\" fill=\"#000000\"/>\n<line "),
+              std::string::npos);
     EXPECT_TRUE(drawing.ends_with("\" r=\"1.5\" fill=\"#ffffff\"/>\n</svg>\n"));
     EXPECT_NE(drawing.find(" x2=\"110\" y2=\"220\" stroke=\"#404040\" stroke-width=\"1\"/>"),
               std::string::npos);

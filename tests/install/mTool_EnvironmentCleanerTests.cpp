@@ -183,6 +183,7 @@ TEST_F(EnvironmentOrganizer, TakesEveryExtensionOutOfANameAndOnlyWholeLines) {
               "x.texture.path=Environments\\a.b\\t.bmp\r\nz.texture.path:Environments\\a.b\\v.bmp\r\n"
               "y.texture.path=Environments\\u.bmp\r\n");
     EXPECT_TRUE(fs::exists(folder.Path() / "Environments/a.b/t.bmp"));
+    EXPECT_EQ(ParseTexturePaths("x.texture.path=\r\ny.texture.path=s\r\n").size(), 1U);
 }
 
 TEST_F(EnvironmentOrganizer, DoesNothingWithoutEnvironments) {

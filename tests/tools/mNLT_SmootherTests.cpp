@@ -145,6 +145,9 @@ TEST_F(NodeSmoother, SlidesAPositionWithinLimits) {
                    1e-3F);
     // All four in one line: the exact middle, whatever the distances.
     EXPECT_EQ(Smoothed({{3, 25, 0}, in, out}, {-40, 20, 0}, {30, 20, 0}).Position, (Vector3{0, 20, 0}));
+    // The same if only the last three are, but with the first three the shares are 0 and 1.
+    EXPECT_EQ(Smoothed({{3, 20, 0}, in, out}, {-10, 20, -50}, {30, 20, 0}).Position, (Vector3{0, 20, 0}));
+    EXPECT_EQ(Smoothed({{3, 20, 0}, in, out}, {-40, 20, 0}, {10, 20, -50}).Position, (Vector3{3, 20, 0}));
     const Vector3 a = {1, 2, 3}, b = {10, 20, 30}, c = {40, 20, 5};
     List<BezierNode> bad = WorkedCurve;
     bad[7].ControlIn.Y = std::numeric_limits<float>::quiet_NaN();

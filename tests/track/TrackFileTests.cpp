@@ -109,6 +109,12 @@ TEST_F(TrackFile, BelievesTheNumberOfSubChunksAndNothingElse) {
     EXPECT_TRUE(Load(file));
     ExpectSame(FileOf(Track), empty);
 
+    // A colour has three bytes.
+    odd.TrackHeader.TrackColor[0] = 0x123456;
+    file = FileOf(odd);
+    odd.TrackHeader.TrackColor[0] = 0xAB123456;
+    ExpectSame(Saved(odd), file);
+
     // A tag can be anything.
     file = FileOf(TrackDocument{});
     file.resize(36);
