@@ -63,7 +63,8 @@ bool TakeSupports(std::vector<std::string_view>& pieces) {
 }
 
 float NumberFrom(std::string_view word) {
-    const std::string_view digits = word.starts_with('+') ? word.substr(1) : word;
+    const bool hasPlus = word.starts_with('+') && !word.starts_with("+-");
+    const std::string_view digits = hasPlus ? word.substr(1) : word;
     double number = 0;
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
     if (error == std::errc::invalid_argument || end != digits.data() + digits.size())

@@ -38,9 +38,9 @@ TEST(Text, WhatTheCodePageCannotHoldBecomesAQuestionMark) {
         {"\xE2\x82z\xE2\x82", "??z??"},        // broken off and cut off
         {"\xC0\x80\xC1\xA1", "????"},          // overlong, also the next
         {"\xE0\x83\x84", "???"},
-        {"\xED\xA0\x80", "???"},        // half of a surrogate pair
-        {"\xF4\x90\x80\x80", "????"},   // above the last character
-        {"\xF8\x88\x80\x80z", "????z"}, // five bytes announced
+        {"\xED\xA0\x80\xED\xBF\xBF", "??????"}, // halves of surrogate pairs
+        {"\xF4\x90\x80\x80", "????"},           // above the last character
+        {"\xF8\x90\x80\x80z", "????z"},         // five bytes announced
     };
     for (const auto& [utf8, expected] : cases)
         EXPECT_EQ(FromUtf8(utf8, Windows1252()), expected) << ::testing::PrintToString(utf8);
@@ -49,10 +49,18 @@ TEST(Text, WhatTheCodePageCannotHoldBecomesAQuestionMark) {
 TEST(Text, HasNoControlCharactersOnALineOfOutput) {
     const std::string good = "a b\\\u00E9\u20AC\U0001F3A2~", bad = "\uFFFD";
     EXPECT_EQ(OnOneLine(good), good);
-    for (const char* character :
-         {"\n", "\r", "\t", "\x1B", "\x7F", "\u0085", "\u009B", "\u2028", "\u202E", "\u2066", "\xFF", "\xC3"})
+    for (const char* character : {"\n", "\r", "\t", "\x1B", "\x7F", "\u0085", "\u009B", "\u2028", "\u202E",
+                                  "\u2066", "\u2069", "\xFF", "\xC3"})
         EXPECT_EQ(OnOneLine("x" + std::string(character)), "x" + bad);
     EXPECT_EQ(OnOneLine(std::string(2, 0)), bad + bad);
+}
+
+TEST(Text, ComesOutWholeInPieces) {
+    for (const std::size_t size : {0U, 1U, 4096U, 4097U, 10'000U}) {
+        std::string whole;
+        InUtf8(text(size, '\xE9'), Windows1252(), [&whole](const std::string& piece) { whole += piece; });
+        EXPECT_EQ(whole, ToUtf8(text(size, '\xE9'), Windows1252())) << size;
+    }
 }
 
 } // namespace railwright::testing

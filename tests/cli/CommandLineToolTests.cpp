@@ -151,7 +151,8 @@ TEST_F(CommandLine, TakesNamesAsTheyAreAndShowsThemInOneLine) {
 TEST_F(CommandLine, WritesNothingIfAStepDoesNotFit) {
     const std::tuple<std::string, std::string, std::string> cases[] = {
         {"harbor-comet.nltrack", "scale=2",
-         "fly = =1 move move= move=1,2 move=1,2,3,4 move=1,2,x move=1,2,nan move=1e39,0,0 move=1,,2,3 "
+         "fly = =1 move move= move=1,2 move=1,2,3,4 move=1,2,x move=1,2,+-3 move=1,2,+ move=1,2,nan "
+         "move=1e39,0,0 move=1,,2,3 "
          "move=1,2,3,supports scale= scale=two scale=1,2 scale=track-only rotate=inf rotate=9O mirror "
          "mirror=up mirror= mirror=north-south,x tunnels tunnels=some remove= remove=moon remove=track, "
          "shuttle shuttle=1 backwards=1 smooth= rename=1 rename=1,abcd rename=0,abcde rename=999,abcde "
@@ -172,6 +173,9 @@ TEST_F(CommandLine, WritesNothingIfAStepDoesNotFit) {
         }
     }
     EXPECT_EQ(folder.Names().size(), 3U);
+    Track.TrackInfo.AuthorComments = "kept"; // because all steps are looked at before the first is run
+    EXPECT_FALSE(ApplyTrackSteps(Split("remove=comments fly", ' '), {}).Done);
+    EXPECT_EQ(Track.TrackInfo.AuthorComments, "kept");
 }
 
 TEST_F(CommandLine, KeepsEverySampleSoundBehindEveryTool) {
@@ -210,7 +214,8 @@ TEST_F(CommandLine, RenamesObjectsByTheirNumberAndThoseOfTheSameName) {
     const std::string saved = Saved();
     const std::pair<const char*, const char*> cases[] = {{"rename=1,a,b,\u00E9\u4E00", "11000"},
                                                          {"rename=2,a,b,\u00E9\u4E00,this-only", "01000"},
-                                                         {"rename=4,a,b,\u00E9\u4E00", "00010"}};
+                                                         {"rename=4,a,b,\u00E9\u4E00", "00010"},
+                                                         {"rename=5,a,b,\u00E9\u4E00", "00001"}};
     for (const auto& [step, renamed] : cases) {
         ASSERT_EQ(Call({"apply", saved, step, "-o", output}).Status, 0);
         std::string flags;
@@ -218,6 +223,7 @@ TEST_F(CommandLine, RenamesObjectsByTheirNumberAndThoseOfTheSameName) {
             flags += object["FileName"] == "a,b,\u00E9?" ? '1' : '0';
         EXPECT_EQ(flags, renamed) << step;
     }
+    EXPECT_EQ(Call({"apply", saved, "rename=6,abcde", "-o", output}).Status, 1);
 }
 
 TEST_F(CommandLine, ReportsPrintsDrawsAndDumps) {
@@ -233,6 +239,9 @@ TEST_F(CommandLine, ReportsPrintsDrawsAndDumps) {
     EXPECT_EQ(Call({"preview", element, "-o", folder.File("a/b")}).Status, 0); // a new folder
     const auto plan = ReadBytes(folder.File("a/b/plan.svg")), side = ReadBytes(folder.File("a/b/side.svg"));
     const std::string drawing(plan.begin(), plan.end());
+    EXPECT_NE(drawing.find(
+                  " viewBox=\"0 0 224 224\">\n<rect width=\"224\" height=\"224\" fill=\"#000000\"/>\n<line "),
+              std::string::npos);
     EXPECT_TRUE(drawing.ends_with("\" r=\"1.5\" fill=\"#ffffff\"/>\n</svg>\n"));
     EXPECT_NE(drawing.find(" x2=\"110\" y2=\"220\" stroke=\"#404040\" stroke-width=\"1\"/>"),
               std::string::npos);

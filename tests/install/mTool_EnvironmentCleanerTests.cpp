@@ -22,12 +22,14 @@ public:
     void ShowShare(int percent) override { shown.push_back(percent); }
     void ShowDone() override { shown.push_back(100); }
     void RunPendingEvents() override {
-        if (!second.IsEmpty())
-            OrganizeEnvironments(second, *this);
+        if (!second.IsEmpty()) {
+            EXPECT_TRUE(OrganizeEnvironments(second, *this));
+        }
     }
-    void Tell(const std::string&) override {}
+    void Tell(const std::string& line) override { copies += line.ends_with(" copied") ? 1 : 0; }
 
     std::vector<int> shown;
+    int copies = 0;
     /// The folder of a second run that is tried in the middle of the first.
     FilePath second;
 };
@@ -115,7 +117,7 @@ const Tree Untidy = {
     {"Environments/Dusk.ENV",
      "a.TEXTURE.Path=environments\\sky.bmp  \r\nb.texture.path = Environments\\deep\\mud.bmp\r\n"
      "c.texture.path=Environments\\gone.bmp\r\nd.texture.path=..\\Environments\\up.bmp\r\n"
-     "e.texture.path=C:\\Environments\\x.bmp\r\n"},
+     "e.texture.path=C:\\Environments\\x.bmp\r\nf.texture.path=Environments\\.hidden\r\n"},
     {"Environments/Plain.env", "fog=1/2\r\n"},
     {"Environments/Done.env", "a.texture.path=Environments\\Sky.bmp\r\n"},
     {"Environments/Done/own.bmp", "own"},
@@ -136,7 +138,7 @@ const Tree Tidy = {
     {"Environments/Dusk.ENV",
      "a.TEXTURE.Path=Environments\\Dusk\\sky.bmp  \r\nb.texture.path = Environments\\Dusk\\deep\\mud.bmp\r\n"
      "c.texture.path=Environments\\Dusk\\gone.bmp\r\nd.texture.path=..\\Environments\\up.bmp\r\n"
-     "e.texture.path=C:\\Environments\\x.bmp\r\n\r\n"},
+     "e.texture.path=C:\\Environments\\x.bmp\r\nf.texture.path=Environments\\Dusk\\.hidden\r\n\r\n"},
     {"Environments/Dusk/sky.bmp", "sky"},
     {"Environments/Dusk/deep/mud.bmp", "mud"},
     {"Environments/Plain.env", "fog=1/2\r\n"},
@@ -172,15 +174,18 @@ TEST_F(EnvironmentOrganizer, GivesEachEnvironmentItsTexturesAndPutsTheRestAway) 
 
 TEST_F(EnvironmentOrganizer, TakesEveryExtensionOutOfANameAndOnlyWholeLines) {
     Fill({{"Environments/a.env.b.ENV",
-           "x.texture.path=Environments\\t.bmp\r\ny.texture.path=Environments\\u.bmp"},
+           "x.texture.path=Environments\\t.bmp\r\nz.texture.path:Environments\\v.bmp\r\n"
+           "y.texture.path=Environments\\u.bmp"},
           {"Environments/t.bmp", "t"}});
     EXPECT_EQ(ScanEnvironments(folder.Inside("")).EnvironmentList.at(0).Name, FileName("a.b"));
     EXPECT_TRUE(Organize());
-    EXPECT_EQ(
-        Found().at("Environments/a.env.b.ENV"),
-        "x.texture.path=Environments\\a.b\\t.bmp\r\ny.texture.path=Environments\\u.bmp\r\n"); // the last has
-                                                                                              // no end
+    // Behind the key stands any one character, and the last line has no end.
+    EXPECT_EQ(Found().at("Environments/a.env.b.ENV"),
+              "x.texture.path=Environments\\a.b\\t.bmp\r\nz.texture.path:Environments\\a.b\\v.bmp\r\n"
+              "y.texture.path=Environments\\u.bmp\r\n");
     EXPECT_TRUE(fs::exists(folder.Path() / "Environments/a.b/t.bmp"));
+    const auto paths = ParseTexturePaths("x.texture.path=\r\ny.texture.path=s\r\nz.texture.path= \tt \r\n");
+    EXPECT_TRUE(paths.size() == 2 && paths[1].Text() == "\tt"); // only blanks are taken off
 }
 
 TEST_F(EnvironmentOrganizer, DoesNothingWithoutEnvironments) {
@@ -285,7 +290,8 @@ TEST_F(EnvironmentOrganizer, LeavesAListAloneThatIsNotItsOwn) {
     for (const auto& [content, isOwn] :
          {std::pair("a letter", false),
           {"Railwright has not finished organizing these environments:/Dawn.env/gone.env/\r\n", true}}) {
-        Fill({{"Environments/Dawn.env", "t.texture.path=Environments\\Sky.bmp\r\n"},
+        const std::string own = "u.texture.path=Environments\\Dawn\\own.bmp\r\n"; // is in its place
+        Fill({{"Environments/Dawn.env", "t.texture.path=Environments\\Sky.bmp\r\n" + own},
               {"Environments/Dawn/own.bmp", "own"},
               {"Environments/New.env", "t.texture.path=Environments\\Sky.bmp\r\n"},
               {"Environments/Sky.bmp", "sky"},
@@ -295,8 +301,16 @@ TEST_F(EnvironmentOrganizer, LeavesAListAloneThatIsNotItsOwn) {
         EXPECT_EQ(Organize(), isOwn);
         EXPECT_EQ(Found() == before, !isOwn);
         EXPECT_EQ(Found().count("Environments/Dawn/Sky.bmp"), isOwn ? 1U : 0U);
+        EXPECT_EQ(Found().at("Environments/Dawn.env").ends_with("\\Dawn\\Sky.bmp\r\n" + own + "\r\n"), isOwn);
+        EXPECT_EQ(progress.copies, isOwn ? 2 : 0); // one for each environment
         EXPECT_EQ(Found().count("Environments/~unfinished="), isOwn ? 0U : 1U);
     }
+    // An environment by the name of the list can have no folder, and goes on naming a loose file.
+    Fill({{"Environments/~unfinished=.env", "t.texture.path=Environments\\Sky.bmp\r\n"},
+          {"Environments/~unfinished=", "Railwright has not finished organizing these environments:/\r\n"},
+          {"Environments/Sky.bmp", "sky"}});
+    EXPECT_FALSE(Organize());
+    EXPECT_TRUE(Found().count("Environments/Sky.bmp"));
 }
 
 } // namespace

@@ -71,7 +71,9 @@ TEST_F(TrackAssociation, FollowsEachOption) {
         {0, 6, "E:\\a.ico", "Ride", icons + '4'},
         {0, 7, "E:\\caf\u00E9\\\u4E00.ico", "Ride", "E:\\caf\xE9\\?.ico,0"},
         {0, 7, "", "Ride", ",0"},
-        {0, 0, "E:\\a.ico", "Ride", RideIcon}};
+        {0, 0, "E:\\a.ico", "Ride", RideIcon},
+        {3, 8, "E:\\a.ico", "Ride", RideIcon}, // no choices of the panel: all stays
+        {-1, -1, "E:\\a.ico", "Ride", RideIcon}};
     for (const auto& [doubleClick, icon, iconFile, verb, expected] : cases) {
         SetAll(doubleClick, icon, iconFile);
         EXPECT_EQ(Registered(), With(verb, expected));

@@ -21,9 +21,9 @@ using Tools = EmptyDocuments;
 TEST_F(Tools, ChangeEveryPointOfTheCurveAndAtWillTheNodesOfTheSupports) {
     const Vector3 point = {1, 2, 3};
     const std::pair<std::string, Vector3> steps[] = {
-        {"move=0,1,-10", {1, 3, -7}}, {"scale=0.5", {0.5F, 1, 1.5F}},   {"mirror=north-south", {1, 2, -3}},
-        {"rotate=90", {3, 2, -1}},    {"mirror=east-west", {-1, 2, 3}}, {"rotate-x=90", {1, -3, 2}},
-        {"rotate-y=90", {3, 2, -1}},  {"rotate-z=90", {-2, 1, 3}}};
+        {"move=0,+1,-10", {1, 3, -7}}, {"scale=0.5", {0.5F, 1, 1.5F}},   {"mirror=north-south", {1, 2, -3}},
+        {"rotate=90", {3, 2, -1}},     {"mirror=east-west", {-1, 2, 3}}, {"rotate-x=90", {1, -3, 2}},
+        {"rotate-y=90", {3, 2, -1}},   {"rotate-z=90", {-2, 1, 3}}};
     for (const auto& [step, changed] : steps)
         for (const bool supports : {false, true}) {
             SetCurve({{point, point, point, 30}, {point, point, point}}, true);

@@ -2,10 +2,10 @@
 """Works out by other means what the Node Smoother makes of the curve in mNLT_SmootherTests.cpp."""
 import math, pathlib, re, struct
 
-CURVE = pathlib.Path(__file__).with_name("mNLT_SmootherTests.cpp").read_text().split("WorkedCurve = {")[1].split("};")[0]
-POINTS = [tuple(map(float, point.split(","))) for point in re.findall(r"\{(-?\d[^{}]*)\}", CURVE)]
-N = len(POINTS) // 3
 f32 = lambda x: struct.unpack("<f", struct.pack("<f", x))[0]
+CURVE = pathlib.Path(__file__).with_name("mNLT_SmootherTests.cpp").read_text().split("WorkedCurve = {")[1].split("};")[0]
+POINTS = [tuple(f32(x) for x in map(float, point.replace("F", "").split(","))) for point in re.findall(r"\{(-?\d[^{}]*)\}", CURVE)]
+N = len(POINTS) // 3
 minus = lambda p, q: [f32(x - y) for x, y in zip(p, q)]
 dot = lambda p, q: p[0] * q[0] + p[1] * q[1] + p[2] * q[2]
 length = lambda p: math.sqrt(dot(p, p))

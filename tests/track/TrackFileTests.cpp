@@ -121,6 +121,7 @@ TEST_F(TrackFile, TracksComeBackWholeFromAnyForm) {
                           {.Reversed = true, .SizeError = 1'000'000},
                           {.SizeError = -1'000'000},
                           {.UnknownShortBy = 0},
+                          {.SizeError = 0x41414141, .UnknownShortBy = 0}, // most sizes read as letters
                           {.UnknownShortBy = 4},
                           {0x5A, 0x80, {0, 0xFF, 0x7F, 3}, 0x20, true, -1, 4}};
     for (unsigned seed = 0; seed < 40; ++seed) {
@@ -181,11 +182,19 @@ TEST_F(TrackFile, BelievesTheNumberOfSubChunksAndNothingElse) {
     EXPECT_TRUE(Load(file));
     ExpectSame(FileOf(Track), empty);
 
+    // A colour has three bytes.
+    odd.TrackHeader.TrackColor[0] = 0x123456;
+    file = FileOf(odd);
+    odd.TrackHeader.TrackColor[0] = 0xAB123456;
+    ExpectSame(Saved(odd), file);
+
     // A tag can be anything.
     file = FileOf(TrackDocument{});
     file.resize(FirstTag + 4);
-    std::copy_n("\0\xE9p7", 4, &file[FirstTag]);
-    EXPECT_EQ(Load(file).Reason, "\?\?P7: the file ends too early");
+    for (const auto& [tag, shown] : {std::pair("\0\xE9p7", "\?\?P7"), {" ~\x7F!", "\?~\?!"}}) {
+        std::copy_n(tag, 4, &file[FirstTag]);
+        EXPECT_EQ(Load(file).Reason, shown + std::string(": the file ends too early"));
+    }
 
     // Terrain of no size is terrain all the same, and the smallest segments need no more than they have.
     odd.Terrain.HasTerrain = true;
@@ -201,6 +210,9 @@ TEST_F(TrackFile, HasNamesOfItsOwnAndALengthWithinLimits) {
     ExpectNamesToBeHeeded(Random<TrackDocument>(1));
     EXPECT_EQ(FileOf(TrackDocument{}).size(), LengthOfEmpty);
     Track.WoodCatwalks = {{}, 2, {{{}, 0x7FFFFFFF}, {{}, 0x7FFFFFFF}}}; // beyond what a long can count
+    EXPECT_FALSE(SaveTrackFile(folder.Inside("large")));
+    Track.WoodCatwalks.Items[1].ExtraBytes -= static_cast<std::int32_t>(ComputeChunkSizes() - 0x8000'0000);
+    EXPECT_EQ(ComputeChunkSizes(), 0x8000'0000); // one byte too many
     EXPECT_FALSE(SaveTrackFile(folder.Inside("large")));
 }
 

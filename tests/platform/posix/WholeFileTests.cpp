@@ -10,9 +10,24 @@
 #include <sys/file.h>
 #include <sys/mount.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <sys/xattr.h>
 #include <unistd.h>
+
+/// The file that is looked at whenever something goes to the disk, and what was seen.
+static std::string watched;
+static railwright::testing::Names flushes;
+
+/// Stands before the system's: notes how long what goes to the disk is, and the length of the watched file.
+extern "C" int fsync(int descriptor) {
+    struct stat flushed {
+    }, seen{};
+    if (!watched.empty() && fstat(descriptor, &flushed) == 0 && stat(watched.c_str(), &seen) == 0)
+        flushes.push_back((S_ISDIR(flushed.st_mode) ? "folder" : std::to_string(flushed.st_size)) + " at " +
+                          std::to_string(seen.st_size));
+    return static_cast<int>(syscall(SYS_fsync, descriptor));
+}
 
 namespace railwright::testing {
 
@@ -34,6 +49,15 @@ TEST(WholeFile, FollowsLinksAndKeepsPermissions) {
     EXPECT_EQ(fs::symlink_status(real).permissions(), static_cast<fs::perms>(0640));
     EXPECT_EQ(ReadBytes(real), New);
     EXPECT_EQ(ReadBytes(folder.File("kept/fresh")), Old);
+}
+
+TEST(WholeFile, GoesToTheDiskBeforeItTakesItsPlaceAndTheFolderGoesThereAfterwards) {
+    const TemporaryFolder folder;
+    WriteBytes(folder.File("a"), Old);
+    watched = folder.File("a");
+    EXPECT_TRUE(WriteWholeFile(folder.Inside("a"), New));
+    EXPECT_EQ(flushes, (Names{"250 at 180", "folder at 250"}));
+    watched.clear();
 }
 
 TEST(WholeFile, RefusesInWordsWhatIsNoFileAndReportsFullDisks) {
