@@ -178,7 +178,9 @@ FileResult CreateFolders(const FilePath& path) {
         return above;
     std::error_code error;
     Files().CreateFolder(path, error);
-    return error ? Failed("cannot be created", error) : FileResult{};
+    // Another process may have made it in the meantime.
+    const bool isThere = !error || Files().Status(path).What == Kind::Folder;
+    return isThere ? FileResult{} : Failed("cannot be created", error);
 }
 
 } // namespace railwright

@@ -108,4 +108,13 @@ TEST(WholeFile, KeepsTheNewContentIfTheOldFileIsLost) {
     }
 }
 
+TEST(WholeFile, AFolderThatAnotherProcessMakesAtTheSameTimeIsAsGood) {
+    const TemporaryFolder folder;
+    FailingFiles files;
+    files.AnotherMakesFolders = true;
+    EXPECT_TRUE(CreateFolders(folder.Inside("a\\b")));
+    WriteBytes(folder.File("file"), Old);
+    EXPECT_FALSE(CreateFolders(folder.Inside("file")));
+}
+
 } // namespace railwright::testing
