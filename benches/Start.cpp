@@ -1,9 +1,11 @@
 #include <QApplication>
 #include <QEvent>
+#include <QLabel>
 #include <QMainWindow>
 #include <QTimer>
 
-#ifndef EMPTY_WINDOW
+#if !defined(EMPTY_WINDOW) && !defined(LINE_OF_TEXT)
+#define WHOLE_WINDOW
 #include "shell/ControlStyle.h"
 #include "shell/frmMain.h"
 #endif
@@ -17,16 +19,20 @@ struct EndOnPaint final : QObject {
     }
 };
 
-/// Shows the program's window with the file that is named, or an empty window of about its size.
+/// Shows the program's window with the file that is named, or a window of about its size that is empty or
+/// shows one line of text.
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
-#ifdef EMPTY_WINDOW
-    QMainWindow window;
-    window.setFixedSize(633, 467);
-#else
+#ifdef WHOLE_WINDOW
     QApplication::setStyle(new railwright::ControlStyle);
     railwright::frmMain window;
     window.Form_Load(argv[1]);
+#else
+    QMainWindow window;
+    window.setFixedSize(633, 467);
+#endif
+#ifdef LINE_OF_TEXT
+    window.setCentralWidget(new QLabel("Railwright"));
 #endif
     EndOnPaint end;
     window.installEventFilter(&end);
