@@ -52,6 +52,7 @@ FilePath path;                   // of its file
 std::vector<std::uint8_t> bytes; // the same file
 std::vector<std::uint8_t> copied;
 QtTrack qtTrack;
+TrackMeasures measures; // of the track in hand
 
 void Must(bool holds, const char* what) {
     if (holds)
@@ -97,7 +98,7 @@ void FreeDocuments() {
     FreeMemory();
 }
 std::string Report() {
-    return BuildTrackOverview(path, UserNumberSeparators());
+    return BuildTrackOverview(path, UserNumberSeparators(), measures);
 }
 
 std::int64_t howMany = 0; // of environments, or of textures of one
@@ -137,7 +138,8 @@ void Organize() {
     Must(OrganizeEnvironments(FilePath::FromUser("simulator"), progress), "cannot be organized");
 }
 
-void DrawSvg(void (*draw)(PictureBox&, PictureBox&)) {
+template <class Draw>
+void DrawSvg(Draw&& draw) {
     TextOutput out([](std::string_view piece) { benchmark::DoNotOptimize(piece.size()); });
     SvgPictureBox plan(out), side(out);
     draw(plan, side);
@@ -193,7 +195,10 @@ void Prepare(const std::string& kind, std::int64_t size) {
     if (!std::exchange(isChanged, false))
         return;
     InMemory<Load>();
-    isTrack ? AnalyzeTrack() : AnalyzeElement();
+    if (isTrack)
+        AnalyzeTrack(), measures = MeasureTrack();
+    else
+        AnalyzeElement();
 }
 
 /// @return a line of /proc/self/status in bytes.
@@ -395,14 +400,16 @@ std::vector<Row> Rows() {
     add("Track/DrawQt", textbook, [&] { DrawTrackPreview(plan, side); });
     add("Track/PaintQt", textbook, [&] { plan.Drawn(1), side.Drawn(1); });
     // What RefreshTrackTools does, but for the widgets of the panels; and all of it, with the painting.
-    add("Track/Refresh", textbook, [&] { AnalyzeTrack(), DrawTrackPreview(plan, side), Report(); });
+    add("Track/Refresh", textbook, [&] { measures = DrawAndMeasureTrack(plan, side), Report(); });
     add("Track/RefreshWindow", textbook, [] { RefreshTrackTools(), QApplication::processEvents(); });
     addTools("Track/", ApplyTrackSteps,
              {"move=0.25,0,0", "scale=-1", "rotate=5", "mirror=east-west", "tunnels=toggle", "backwards",
               "remove=tunnels,custom-colors", "rename=1,harbour_crane_0.3ds", "smooth", "shuttle"});
     rows.back().Before = InMemory<Load>; // it cannot be done twice
     add("Track/OpenToSaveDisk", "QDataStreamReaderDisk", [] {
-        Load(), AnalyzeTrack(), DrawSvg(DrawTrackPreview), Report();
+        Load();
+        DrawSvg([](auto& ofPlan, auto& ofSide) { measures = DrawAndMeasureTrack(ofPlan, ofSide); });
+        Report();
         Must(ApplyTrackSteps(std::vector<std::string>{"mirror=east-west"}).Done, "mirror");
         Save();
     });

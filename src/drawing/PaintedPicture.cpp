@@ -25,11 +25,10 @@ void CutEnd(QPointF& end, const QPointF& other, qreal& (QPointF::*along)(), qrea
     }
 }
 
-/// The part of a line that can touch the picture, nothing if there is none. Far beyond the picture's edge a
-/// painter loses its precision.
-std::optional<QLineF> Clipped(QPointF from, QPointF to) {
-    constexpr double least = -PictureBox::Size;
-    constexpr double greatest = 2 * PictureBox::Size;
+/// The part of a line that lies on the picture or at most so far beyond its edge, nothing if there is none.
+std::optional<QLineF> Clipped(QPointF from, QPointF to, double beyond) {
+    const double least = -beyond;
+    const double greatest = PictureBox::Size + beyond;
     using Coordinate = qreal& (QPointF::*)();
     constexpr Coordinate x = &QPointF::rx;
     constexpr Coordinate y = &QPointF::ry;
@@ -41,6 +40,14 @@ std::optional<QLineF> Clipped(QPointF from, QPointF to) {
         CutEnd(to, from, along, across, least, greatest);
     }
     return QLineF(from, to);
+}
+
+/// How far beyond the edge a line is followed, as far as a pixel of the smallest picture is wide: a painter
+/// loses its precision in the distance.
+constexpr double Followed = PictureBox::Size;
+
+std::optional<QLineF> Followable(float x1, float y1, float x2, float y2) {
+    return Clipped({x1, y1}, {x2, y2}, Followed);
 }
 
 /// How a line is drawn.
@@ -64,11 +71,12 @@ void PaintedPicture::Cls() {
 }
 
 void PaintedPicture::Line(float x1, float y1, float x2, float y2, Rgb colour) {
-    strokes.push_back({x1, y1, x2, y2, colour, penWidth});
+    if (Followable(x1, y1, x2, y2))
+        strokes.push_back({x1, y1, x2, y2, colour, penWidth});
 }
 
 void PaintedPicture::PSet(float x, float y, Rgb colour) {
-    strokes.push_back({x, y, x, y, colour, penWidth});
+    Line(x, y, x, y, colour);
 }
 
 void PaintedPicture::DrawWidth(int pixels) {
@@ -84,8 +92,9 @@ QImage PaintedPicture::Drawn(double ratio) const {
     painter.translate(0.5, 0.5);
     std::optional<Brush> brush; // that the painter has in hand
     for (const Stroke& stroke : strokes) {
-        const std::optional<QLineF> line = Clipped({stroke.X1, stroke.Y1}, {stroke.X2, stroke.Y2});
-        if (!line)
+        const std::optional<QLineF> line = Followable(stroke.X1, stroke.Y1, stroke.X2, stroke.Y2);
+        // Its width, and a pixel that it may touch at its border.
+        if (!line || !Clipped(line->p1(), line->p2(), stroke.Width + 1 + 1 / ratio))
             continue;
         const bool isPoint = line->isNull();
         // A line along a row or a column of pixels fills just these.

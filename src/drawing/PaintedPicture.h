@@ -9,8 +9,8 @@
 
 namespace railwright {
 
-/// A picture that the toolkit's painter draws, in any number of pixels. It keeps the drawing calls and takes
-/// neither a window nor a screen.
+/// A picture that the toolkit's painter draws, in any number of pixels. It keeps the drawing calls that can
+/// be seen, and takes neither a window nor a screen.
 class PaintedPicture final : public PictureBox {
 public:
     void Cls() override;
@@ -18,7 +18,7 @@ public:
     void PSet(float x, float y, Rgb colour) override;
     void DrawWidth(int pixels) override;
 
-    /// @return the number of lines and points since the last Cls.
+    /// @return the number of lines and points since the last Cls that are on the picture or near it.
     std::size_t StrokeCount() const { return strokes.size(); }
 
     /// @return the picture with `ratio` pixels to each of its own along both sides.

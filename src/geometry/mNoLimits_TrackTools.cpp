@@ -113,6 +113,13 @@ void BuildElementPolyline() {
     ElementPolylineLast = static_cast<std::int32_t>(ElementPolyline.size()) - 1;
 }
 
+TrackMeasures MeasureTrack() {
+    TrackMeasures measures;
+    measures.Length =
+        VisitTrackPoints([&](const Vector3& point, std::int32_t) { measures.Box.Include(point); });
+    return measures;
+}
+
 float ForEachTrackPoint(const std::function<void(const Vector3& point, std::int32_t node)>& visit) {
     return VisitTrackPoints(visit);
 }

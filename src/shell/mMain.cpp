@@ -224,10 +224,9 @@ bool SaveNoLimitsFile() {
 
 void RefreshTrackTools() {
     frmMain& window = frmMain::Instance();
-    AnalyzeTrack();
-    DrawTrackPreview(window.Plan(), window.Side());
+    const TrackMeasures measures = DrawAndMeasureTrack(window.Plan(), window.Side());
     window.Panel<OverviewPanel>(Tabs::Overview)
-        .ShowReport(BuildTrackOverview(sDocumentFile, UserNumberSeparators()));
+        .ShowReport(BuildTrackOverview(sDocumentFile, UserNumberSeparators(), measures));
     window.Panel<ShuttleMakePanel>(Tabs::ShuttleMake).UpdateShuttleButton();
     window.Panel<RenamerPanel>(Tabs::Renamer).Refresh3DSRenamer();
 }

@@ -72,6 +72,16 @@ void Program::Click(const QString& button) {
     QTest::mouseClick(&control, Qt::LeftButton, {}, QPoint(6, control.height() / 2));
 }
 
+QString Program::Report() {
+    std::int16_t before = 0;
+    while (!Find(Indexed("ucFTab", before)).isVisible())
+        ++before;
+    window->ShowTab(Tabs::Overview);
+    const QString report = Find<QPlainTextEdit>("txtOverview").toPlainText();
+    window->ShowTab(before);
+    return report;
+}
+
 QString Program::Marks(const char* name, int count) {
     QString marks;
     for (int index = 0; index < count; ++index) {

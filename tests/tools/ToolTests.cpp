@@ -184,8 +184,7 @@ TEST_F(Tools, LayATrackBackOverItselfAndRunItBackwards) {
 /// @return the report, with LF for its ends of lines.
 static std::string Overview(const FilePath& file = FilePath::FromUser("gone.nltrack"),
                             const NumberSeparators& separators = {}) {
-    AnalyzeTrack();
-    std::string report = BuildTrackOverview(file, separators);
+    std::string report = BuildTrackOverview(file, separators, MeasureTrack());
     for (std::size_t end = 0; (end = report.find("\r\n", end)) != std::string::npos;)
         report.replace(end, 2, "\n");
     return report;

@@ -3,6 +3,8 @@
 #include "shell/Controls.h"
 #include "shell/ucFrame.h"
 
+#include <utility>
+
 #include <QPlainTextEdit>
 
 namespace railwright {
@@ -21,8 +23,18 @@ OverviewPanel::OverviewPanel(ucFrame& frame)
     txtOverview->setPalette(colours);
 }
 
-void OverviewPanel::ShowReport(const std::string& report) {
-    txtOverview->setPlainText(QString::fromStdString(report));
+void OverviewPanel::ShowReport(std::string report) {
+    pending = std::move(report);
+    if (txtOverview->isVisibleTo(txtOverview->window()))
+        Prepare();
+    else
+        txtOverview->clear();
+}
+
+void OverviewPanel::Prepare() {
+    if (pending)
+        txtOverview->setPlainText(QString::fromStdString(*pending));
+    pending.reset();
 }
 
 } // namespace railwright

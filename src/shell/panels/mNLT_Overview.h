@@ -2,6 +2,7 @@
 
 #include "shell/ToolPanel.h"
 
+#include <optional>
 #include <string>
 
 class QPlainTextEdit;
@@ -15,11 +16,15 @@ class OverviewPanel final : public ToolPanel {
 public:
     explicit OverviewPanel(ucFrame& frame);
 
-    /// @param report UTF-8, its lines set apart by CR LF.
-    void ShowReport(const std::string& report);
+    /// @param report UTF-8, its lines set apart by CR LF. The box gets it when it is seen: laying out a long
+    /// text takes a while.
+    void ShowReport(std::string report);
+    void Prepare() override;
 
 private:
     QPlainTextEdit* txtOverview;
+    /// What the box does not have yet.
+    std::optional<std::string> pending;
 };
 
 } // namespace railwright
