@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
-#include <utility>
 
 #include <QLineF>
 #include <QPainter>
@@ -13,33 +12,31 @@ namespace railwright {
 namespace {
 
 /// Moves the end of a line that lies outside of the range between `least` and `greatest` onto its border.
-void CutEnd(QPointF& end, const QPointF& other, qreal& (QPointF::*along)(), qreal& (QPointF::*across)(),
-            double least, double greatest) {
-    const double place = (end.*along)();
-    const double border = std::clamp(place, least, greatest);
-    QPointF opposite = other;
-    if (place != border) {
-        const double share = (border - place) / ((opposite.*along)() - place);
-        (end.*across)() += share * ((opposite.*across)() - (end.*across)());
-        (end.*along)() = border;
+void CutEnd(double& along, double& across, double otherAlong, double otherAcross, double least,
+            double greatest) {
+    const double border = std::clamp(along, least, greatest);
+    if (along != border) {
+        across += (border - along) / (otherAlong - along) * (otherAcross - across);
+        along = border;
     }
 }
 
+/// Does so with both ends. @return whether any part of the line lies within the range.
+bool CutLine(double& along1, double& across1, double& along2, double& across2, double least,
+             double greatest) {
+    if (std::max(along1, along2) < least || std::min(along1, along2) > greatest)
+        return false;
+    CutEnd(along1, across1, along2, across2, least, greatest);
+    CutEnd(along2, across2, along1, across1, least, greatest);
+    return true;
+}
+
 /// The part of a line that lies on the picture or at most so far beyond its edge, nothing if there is none.
-std::optional<QLineF> Clipped(QPointF from, QPointF to, double beyond) {
-    const double least = -beyond;
+std::optional<QLineF> Clipped(double x1, double y1, double x2, double y2, double beyond) {
     const double greatest = PictureBox::Size + beyond;
-    using Coordinate = qreal& (QPointF::*)();
-    constexpr Coordinate x = &QPointF::rx;
-    constexpr Coordinate y = &QPointF::ry;
-    for (const auto& [along, across] : {std::pair(x, y), std::pair(y, x)}) {
-        const auto [low, high] = std::minmax((from.*along)(), (to.*along)());
-        if (high < least || low > greatest)
-            return std::nullopt;
-        CutEnd(from, to, along, across, least, greatest);
-        CutEnd(to, from, along, across, least, greatest);
-    }
-    return QLineF(from, to);
+    if (!CutLine(x1, y1, x2, y2, -beyond, greatest) || !CutLine(y1, x1, y2, x2, -beyond, greatest))
+        return std::nullopt;
+    return QLineF(x1, y1, x2, y2);
 }
 
 /// How far beyond the edge a line is followed, as far as a pixel of the smallest picture is wide: a painter
@@ -47,7 +44,8 @@ std::optional<QLineF> Clipped(QPointF from, QPointF to, double beyond) {
 constexpr double Followed = PictureBox::Size;
 
 std::optional<QLineF> Followable(float x1, float y1, float x2, float y2) {
-    return Clipped({x1, y1}, {x2, y2}, Followed);
+    return Clipped(static_cast<double>(x1), static_cast<double>(y1), static_cast<double>(x2),
+                   static_cast<double>(y2), Followed);
 }
 
 /// How a line is drawn.
@@ -67,7 +65,7 @@ bool IsAlongPixels(const QLineF& line) {
 } // namespace
 
 void PaintedPicture::Cls() {
-    strokes.clear();
+    strokes = std::vector<Stroke>(); // those of a long track take much memory
 }
 
 void PaintedPicture::Line(float x1, float y1, float x2, float y2, Rgb colour) {
@@ -80,7 +78,7 @@ void PaintedPicture::PSet(float x, float y, Rgb colour) {
 }
 
 void PaintedPicture::DrawWidth(int pixels) {
-    penWidth = pixels;
+    penWidth = static_cast<std::uint8_t>(std::min(pixels, 255)); // more than the picture
 }
 
 QImage PaintedPicture::Drawn(double ratio) const {
@@ -94,7 +92,7 @@ QImage PaintedPicture::Drawn(double ratio) const {
     for (const Stroke& stroke : strokes) {
         const std::optional<QLineF> line = Followable(stroke.X1, stroke.Y1, stroke.X2, stroke.Y2);
         // Its width, and a pixel that it may touch at its border.
-        if (!line || !Clipped(line->p1(), line->p2(), stroke.Width + 1 + 1 / ratio))
+        if (!line || !Clipped(line->x1(), line->y1(), line->x2(), line->y2(), stroke.Width + 1 + 1 / ratio))
             continue;
         const bool isPoint = line->isNull();
         // A line along a row or a column of pixels fills just these.

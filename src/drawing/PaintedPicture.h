@@ -3,6 +3,7 @@
 #include "drawing/PictureBox.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 #include <QImage>
@@ -25,15 +26,15 @@ public:
     QImage Drawn(double ratio) const;
 
 private:
-    /// A line, or a point where both ends are the same place.
+    /// A line, or a point where both ends are the same place. There may be millions.
     struct Stroke {
         float X1, Y1, X2, Y2;
         Rgb Colour;
-        int Width;
+        std::uint8_t Width;
     };
 
     std::vector<Stroke> strokes;
-    int penWidth = 1;
+    std::uint8_t penWidth = 1;
 };
 
 } // namespace railwright

@@ -19,6 +19,9 @@ namespace {
 constexpr const char* WholePattern = "###,###,##0";
 constexpr const char* HundredthsPattern = "###,###,##0.00";
 constexpr const char* EndOfLine = "\r\n";
+/// What most reports take for an object, and for all but objects and comments, in bytes.
+constexpr std::size_t LineOfObject = 48;
+constexpr std::size_t RestOfReport = 2048;
 
 /// A line of the report that counts the records of one type.
 struct TallyLine {
@@ -92,7 +95,7 @@ public:
     void Line(std::string_view label, std::string_view value = "") { out << label << value << EndOfLine; }
     void Line(std::string_view label, const text& characters, const CodePage& codePage) {
         out << label;
-        InUtf8(characters, codePage, [this](const std::string& utf8) { out << utf8; });
+        InUtf8(characters, codePage, [this](std::string_view utf8) { out << utf8; });
         out << EndOfLine;
     }
     void BlankLine() { Line(""); }
@@ -248,6 +251,8 @@ void ReportAll(TextOutput& out, const FilePath& sDocumentFile, const NumberSepar
 std::string BuildTrackOverview(const FilePath& sDocumentFile, const NumberSeparators& separators,
                                const TrackMeasures& measures) {
     std::string lines;
+    lines.reserve(Track.TrackInfo.AuthorComments.size() +
+                  static_cast<std::size_t>(Track.SceneryObjects.Count) * LineOfObject + RestOfReport);
     TextOutput out([&](std::string_view piece) { lines += piece; });
     ReportAll(out, sDocumentFile, separators, measures);
     return lines;
