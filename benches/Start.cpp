@@ -1,3 +1,5 @@
+#include <cstdlib>
+
 #include <QApplication>
 #include <QEvent>
 #include <QLabel>
@@ -10,11 +12,11 @@
 #include "shell/frmMain.h"
 #endif
 
-/// Ends the program once a window was painted.
+/// Ends the process once a window was painted: what comes behind that is no part of the start.
 struct EndOnPaint final : QObject {
     bool eventFilter(QObject* /*watched*/, QEvent* event) override {
         if (event->type() == QEvent::Paint)
-            QTimer::singleShot(0, qApp, &QApplication::quit);
+            QTimer::singleShot(0, [] { std::_Exit(EXIT_SUCCESS); });
         return false;
     }
 };

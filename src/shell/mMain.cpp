@@ -227,8 +227,11 @@ void RefreshTrackTools() {
     const TrackMeasures measures = DrawAndMeasureTrack(window.Plan(), window.Side());
     window.Panel<OverviewPanel>(Tabs::Overview)
         .ShowReport(BuildTrackOverview(sDocumentFile, UserNumberSeparators(), measures));
-    window.Panel<ShuttleMakePanel>(Tabs::ShuttleMake).UpdateShuttleButton();
-    window.Panel<RenamerPanel>(Tabs::Renamer).Refresh3DSRenamer();
+    // What is not built yet begins with the track that is in hand.
+    if (auto* const panel = window.PanelIfBuilt<ShuttleMakePanel>(Tabs::ShuttleMake))
+        panel->UpdateShuttleButton();
+    if (auto* const panel = window.PanelIfBuilt<RenamerPanel>(Tabs::Renamer))
+        panel->Refresh3DSRenamer();
 }
 
 void RefreshElementTools() {

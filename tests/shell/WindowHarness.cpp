@@ -55,7 +55,8 @@ Program::Program(const std::string& commandLine, bool simulator,
     window->Form_Load(commandLine);
     window->show();
     std::filesystem::remove(program / "NoLimitsSimulator.exe");
-    if (!QTest::qWaitForWindowExposed(window.get()))
+    // The last of the panels is built behind the first painting.
+    if (!QTest::qWaitFor([&] { return window->findChild<QWidget*>("btnTDSRenamer") != nullptr; }))
         qFatal("the window does not show");
 }
 

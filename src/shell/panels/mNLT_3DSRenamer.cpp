@@ -66,6 +66,8 @@ RenamerPanel::RenamerPanel(ucFrame& frame) {
     QObject::connect(btnTDSRenamer, &QPushButton::clicked, btnTDSRenamer, [this] { btnTDSRenamer_Click(); });
     QObject::connect(txtTDSRenamer, &QLineEdit::returnPressed, btnTDSRenamer,
                      [this] { btnTDSRenamer_Click(); });
+    if (iDocumentKind == DocumentKinds::Track)
+        Refresh3DSRenamer();
 }
 
 void RenamerPanel::Refresh3DSRenamer() {
