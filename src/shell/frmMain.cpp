@@ -250,7 +250,8 @@ void frmMain::dropEvent(QDropEvent* event) {
 
 void frmMain::paintEvent(QPaintEvent* event) {
     QMainWindow::paintEvent(event);
-    afterPaint.start();
+    if (panels.back() == nullptr)
+        afterPaint.start();
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {

@@ -4,6 +4,7 @@
 #include "shell/ucFrame.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDropEvent>
 #include <QMimeData>
 #include <QPainter>
@@ -275,6 +276,9 @@ void WindowTests::StartsWithFileAndSimulator() {
     Program program('"' + file + '"');
     // The toolkit shows a doubled mark as one.
     QCOMPARE(program.Title(), "Railwright: " + QString(words).replace("[*]", "[*][*]") + ".NLTrack");
+    // Also the panels that were not there yet when it was opened show it.
+    QVERIFY(!program.IsEnabled("btnTShuttle") && Track.SceneryObjects.Count > 0);
+    QCOMPARE(program.Find<QComboBox>("cmbTDSRenamer").count(), Track.SceneryObjects.Count);
     QVERIFY(program.Report().startsWith("File Name...: " + words + '\n') && !bDocumentChanged);
     QVERIFY(sNoLimitsPath ==
             FilePath::FromUser(QCoreApplication::applicationDirPath().toStdString()).AsFolder());
