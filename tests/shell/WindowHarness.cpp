@@ -78,7 +78,7 @@ QString Program::Report() {
     while (!Find(Indexed("ucFTab", before)).isVisible())
         ++before;
     window->ShowTab(Tabs::Overview);
-    const QString report = Find<QPlainTextEdit>("txtOverview").toPlainText();
+    QString report = Find<QPlainTextEdit>("txtOverview").toPlainText();
     window->ShowTab(before);
     return report;
 }

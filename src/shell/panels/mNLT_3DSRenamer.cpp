@@ -49,9 +49,9 @@ private:
     int count = 0;
 };
 
-RenamerPanel::RenamerPanel(ucFrame& frame) {
-    cmbTDSRenamer = Placed(new QComboBox(&frame), "cmbTDSRenamer", {180, 180, 2355, 345});
-    objects = new ObjectList(cmbTDSRenamer);
+RenamerPanel::RenamerPanel(ucFrame& frame)
+    : cmbTDSRenamer(Placed(new QComboBox(&frame), "cmbTDSRenamer", {180, 180, 2355, 345})),
+      objects(new ObjectList(cmbTDSRenamer)) {
     cmbTDSRenamer->setModel(objects);
     cmbTDSRenamer->setAccessibleName("Object");
     lblTDSRenamer = AddLabel(frame, "lblTDSRenamer", "", {2700, 255, 4695, 195});
