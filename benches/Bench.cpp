@@ -24,6 +24,7 @@
 #include <QApplication>
 #include <QProcess>
 #include <malloc.h>
+#include <sys/resource.h>
 
 namespace railwright::bench {
 namespace {
@@ -40,7 +41,7 @@ struct Row {
     std::vector<std::int64_t> Sizes = {};
     bool ChangesDocument = false;
     /// Instead of the time of Once: a figure that is printed as it is.
-    double (*Figure)() = nullptr;
+    std::function<double()> Figure = {};
 
     std::string Kind() const { return Name.substr(0, Name.find('/')); }
 };
@@ -51,6 +52,7 @@ FilePath path;                   // of its file
 std::vector<std::uint8_t> bytes; // the same file
 std::vector<std::uint8_t> copied;
 QtTrack qtTrack;
+TrackMeasures measures; // of the track in hand
 
 void Must(bool holds, const char* what) {
     if (holds)
@@ -90,21 +92,23 @@ void FreeMemory() {
 void FreeDocuments() {
     ClearTrackDocument();
     ClearElementDocument();
+    TrackPolyline = List<Vector3>(1);
+    TrackPolylineNode = List<std::int32_t>(1);
     qtTrack = {};
     FreeMemory();
 }
 std::string Report() {
-    return BuildTrackOverview(path, UserNumberSeparators());
+    return BuildTrackOverview(path, UserNumberSeparators(), measures);
 }
 
-std::int64_t count = 0; // of environments, or of textures of one
+std::int64_t howMany = 0; // of environments, or of textures of one
 const std::filesystem::path environments = "simulator/Environments";
 
 /// Makes the simulator's folder with environments of one texture each, or with one of as many textures.
 void MakeEnvironments(bool isOne) {
     std::filesystem::remove_all(environments);
     std::filesystem::create_directories(environments);
-    for (std::int64_t i = 0; i < count; ++i) {
+    for (std::int64_t i = 0; i < howMany; ++i) {
         const std::string name = std::to_string(i);
         std::ofstream(environments / (name + ".png")) << name;
         std::ofstream(environments / ((isOne ? "one" : name) + ".env"), std::ios::app)
@@ -113,7 +117,7 @@ void MakeEnvironments(bool isOne) {
 }
 /// What a program would do that takes no care: the same files, one after the other.
 void CopyPlainly() {
-    for (std::int64_t i = 0; i < count; ++i) {
+    for (std::int64_t i = 0; i < howMany; ++i) {
         const std::string name = std::to_string(i), texture = name + ".png";
         std::filesystem::create_directory(environments / name);
         std::filesystem::copy_file(environments / texture, environments / name / texture);
@@ -134,7 +138,8 @@ void Organize() {
     Must(OrganizeEnvironments(FilePath::FromUser("simulator"), progress), "cannot be organized");
 }
 
-void DrawSvg(void (*draw)(PictureBox&, PictureBox&)) {
+template <class Draw>
+void DrawSvg(Draw&& draw) {
     TextOutput out([](std::string_view piece) { benchmark::DoNotOptimize(piece.size()); });
     SvgPictureBox plan(out), side(out);
     draw(plan, side);
@@ -166,6 +171,14 @@ void Check() {
     Must(ReadWholeFile(path, bytes) && bytes == before, "does not come back");
 }
 
+/// Saves the document in hand and keeps its file.
+void MakeFile(const char* name) {
+    path = FilePath::FromUser(name);
+    Save();
+    Must(bool(ReadWholeFile(path, bytes)), "cannot be read");
+    copied = bytes;
+}
+
 /// Makes the document of a kind and a size the one in hand, as its file has it, and analyses it.
 void Prepare(const std::string& kind, std::int64_t size) {
     const bool isTrack = kind != "Element";
@@ -173,10 +186,7 @@ void Prepare(const std::string& kind, std::int64_t size) {
         inHand = kind + std::to_string(size);
         isTrack ? kind == "Track" ? Dice().MakeTrack(size) : Dice().MakeTerrain(size)
                 : Dice().MakeElement(size);
-        path = FilePath::FromUser(isTrack ? "bench.nltrack" : "bench.nlelem");
-        Save();
-        Must(bool(ReadWholeFile(path, bytes)), "cannot be read");
-        copied = bytes;
+        MakeFile(isTrack ? "bench.nltrack" : "bench.nlelem");
         Load();
         if (isTrack)
             Check();
@@ -185,7 +195,10 @@ void Prepare(const std::string& kind, std::int64_t size) {
     if (!std::exchange(isChanged, false))
         return;
     InMemory<Load>();
-    isTrack ? AnalyzeTrack() : AnalyzeElement();
+    if (isTrack)
+        AnalyzeTrack(), measures = MeasureTrack();
+    else
+        AnalyzeElement();
 }
 
 /// @return a line of /proc/self/status in bytes.
@@ -195,15 +208,6 @@ double ProcessStatus(const std::string& name) {
         if (double kilobytes = 0; word == name && status >> kilobytes)
             return 1024 * kilobytes;
     return 0;
-}
-
-/// @return by how many times the length of the file the process grows at most while it loads.
-double PeakOfLoad() {
-    FreeDocuments();
-    std::ofstream("/proc/self/clear_refs") << 5; // the peak begins anew
-    const double before = ProcessStatus("VmRSS:");
-    InMemory<Load>();
-    return (ProcessStatus("VmHWM:") - before) / static_cast<double>(bytes.size());
 }
 
 /// @return millions of bytes that the command line prints in a second of the processor's.
@@ -226,25 +230,128 @@ void PrintDrawings(TextOutput& out) {
     Draw(plan, side);
 }
 
-/// @return how long the program takes to show a file, in times of an empty window; the median of 20 runs.
-double StartInEmptyWindows() {
+/// @return the least time of some runs, in seconds, each of which begins without memory at hand.
+double LeastSeconds(const std::function<void()>& before, const std::function<void()>& once) {
+    double least = INFINITY;
+    for (int run = 0; run < 5; ++run) {
+        before();
+        FreeMemory();
+        const auto start = std::chrono::steady_clock::now();
+        once();
+        const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
+        least = std::min(least, taken.count());
+    }
+    return least;
+}
+
+/// A track of a million things of one kind, each of which something in the window grows with.
+struct LargeTrack {
+    const char* Name;
+    void (Dice::*Make)(std::int64_t count);
+};
+constexpr LargeTrack LargeTracks[] = {{"NearNodes", &Dice::MakeNearNodes},
+                                      {"FarNodes", &Dice::MakeFarNodes},
+                                      {"Objects", &Dice::MakeObjects},
+                                      {"CommentLines", &Dice::MakeComments}};
+
+void MakeLargeTrack(const LargeTrack& track) {
+    if (std::exchange(inHand, track.Name) == track.Name)
+        return;
+    (Dice().*track.Make)(1'000'000);
+    MakeFile("large.nltrack");
+}
+void OpenInWindow(const FilePath& file) {
+    Must(OpenNoLimitsFile(file), "is not opened");
+    QApplication::processEvents();
+}
+/// The window shows something small, and what is large is gone.
+void EmptyWindow() {
+    OpenInWindow(FilePath::FromUser(EXAMPLE));
+    FreeDocuments();
+}
+
+/// @return how long the window takes to open a large track, in times of its load and its analysis.
+double OpenInLoads(const LargeTrack& track) {
+    MakeLargeTrack(track);
+    const double load = LeastSeconds(FreeDocuments, [] { Load(), AnalyzeTrack(); });
+    return LeastSeconds(EmptyWindow, [] { OpenInWindow(path); }) / load;
+}
+
+/// @return by how many times the length of the file the process grows at most while `work` runs.
+double PeakInFiles(void (*work)()) {
+    std::ofstream("/proc/self/clear_refs") << 5; // the peak begins anew
+    const double before = ProcessStatus("VmRSS:");
+    work();
+    return (ProcessStatus("VmHWM:") - before) / static_cast<double>(bytes.size());
+}
+double PeakOfLoad() {
+    FreeDocuments();
+    return PeakInFiles(InMemory<Load>);
+}
+double PeakOfOpen(const LargeTrack& track) {
+    MakeLargeTrack(track);
+    EmptyWindow();
+    return PeakInFiles([] { OpenInWindow(path); });
+}
+
+/// @return the middle of 20 ratios.
+double Median(const std::function<double()>& ratio) {
+    std::vector<double> ratios(20);
+    std::generate(ratios.begin(), ratios.end(), ratio);
+    std::sort(ratios.begin(), ratios.end());
+    return (ratios[9] + ratios[10]) / 2;
+}
+
+/// @return how long the program takes to show a file, in times of a window that shows less.
+double StartInTimesOf(const char* other) {
     const auto seconds = [](const char* program) {
         const auto start = std::chrono::steady_clock::now();
         Must(QProcess::execute(program, {EXAMPLE}) == 0, program);
         return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
     };
-    std::vector<double> ratios;
-    for (int run = 0; run < 20; ++run) {
-        const double empty = seconds(EMPTY_START);
-        ratios.push_back(seconds(RAILWRIGHT_START) / empty);
-    }
-    std::sort(ratios.begin(), ratios.end());
-    return (ratios[9] + ratios[10]) / 2;
+    return Median([&] {
+        const double less = seconds(other);
+        return seconds(RAILWRIGHT_START) / less;
+    });
+}
+
+/// @return the processor's time of the command line's `check`, in seconds.
+double SecondsOfCheck(const QString& file) {
+    const auto ofChildren = [] {
+        rusage usage{};
+        getrusage(RUSAGE_CHILDREN, &usage);
+        const auto seconds = [](const timeval& time) {
+            return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+        };
+        return seconds(usage.ru_utime) + seconds(usage.ru_stime);
+    };
+    const double before = ofChildren();
+    QProcess check;
+    check.setStandardOutputFile(QProcess::nullDevice());
+    check.start(COMMAND_LINE, {"check", file});
+    Must(check.waitForFinished() && check.exitCode() == 0, "cannot be checked");
+    return ofChildren() - before;
+}
+/// @return how long the process takes that checks a track of 24 MB, without its start, in times of
+/// ByteSwapCopyTouched of the file.
+double CheckInByteSwapCopies() {
+    inHand = "24 MB";
+    Dice().MakeTrack(83'000);
+    MakeFile("large.nltrack");
+    return Median([] {
+        const double start = SecondsOfCheck(EXAMPLE);
+        const double check = SecondsOfCheck("large.nltrack") - start;
+        return check / LeastSeconds([] {}, [] { ByteSwapCopy(bytes, copied); });
+    });
 }
 
 /// Whether it works on many files instead of one document.
 bool HasFiles(const Row& row) {
     return row.Kind() == "Environments" || row.Kind() == "Textures";
+}
+/// Whether it makes its documents itself.
+bool StandsAlone(const Row& row) {
+    return row.Kind() == "Window" || row.Kind() == "Program";
 }
 
 std::vector<Row> Rows() {
@@ -277,9 +384,9 @@ std::vector<Row> Rows() {
         }
     };
     QtPictureBox &plan = frmMain::Instance().Plan(), &side = frmMain::Instance().Side();
-    const auto addFigure = [&](const std::string& name, double (*figure)()) {
+    const auto addFigure = [&](const std::string& name, std::function<double()> figure) {
         add(name, "", {});
-        rows.back().Figure = figure;
+        rows.back().Figure = std::move(figure);
     };
     addFiles("Track/");
     addFigure("Track/DumpMegabytesPerSecond", MegabytesPerSecond<DumpTrack>);
@@ -293,14 +400,16 @@ std::vector<Row> Rows() {
     add("Track/DrawQt", textbook, [&] { DrawTrackPreview(plan, side); });
     add("Track/PaintQt", textbook, [&] { plan.Drawn(1), side.Drawn(1); });
     // What RefreshTrackTools does, but for the widgets of the panels; and all of it, with the painting.
-    add("Track/Refresh", textbook, [&] { AnalyzeTrack(), DrawTrackPreview(plan, side), Report(); });
+    add("Track/Refresh", textbook, [&] { measures = DrawAndMeasureTrack(plan, side), Report(); });
     add("Track/RefreshWindow", textbook, [] { RefreshTrackTools(), QApplication::processEvents(); });
     addTools("Track/", ApplyTrackSteps,
              {"move=0.25,0,0", "scale=-1", "rotate=5", "mirror=east-west", "tunnels=toggle", "backwards",
               "remove=tunnels,custom-colors", "rename=1,harbour_crane_0.3ds", "smooth", "shuttle"});
     rows.back().Before = InMemory<Load>; // it cannot be done twice
     add("Track/OpenToSaveDisk", "QDataStreamReaderDisk", [] {
-        Load(), AnalyzeTrack(), DrawSvg(DrawTrackPreview), Report();
+        Load();
+        DrawSvg([](auto& ofPlan, auto& ofSide) { measures = DrawAndMeasureTrack(ofPlan, ofSide); });
+        Report();
         Must(ApplyTrackSteps(std::vector<std::string>{"mirror=east-west"}, {}).Done, "mirror");
         Save();
     });
@@ -318,11 +427,19 @@ std::vector<Row> Rows() {
     add("Environments/PlainCopiesDisk", "", CopyPlainly, [] { MakeEnvironments(false); });
     add("Environments/OrganizeDisk", "PlainCopiesDisk", Organize, [] { MakeEnvironments(false); });
     add("Textures/OrganizeDisk", "", Organize, [] { MakeEnvironments(true); });
-    addFigure("Start/InTimesOfAnEmptyWindow", StartInEmptyWindows);
+    for (const LargeTrack& track : LargeTracks) {
+        addFigure(std::string("Window/") + track.Name + "OpenInLoads",
+                  [&track] { return OpenInLoads(track); });
+        addFigure(std::string("Window/") + track.Name + "PeakMemoryInFiles",
+                  [&track] { return PeakOfOpen(track); });
+    }
+    addFigure("Program/StartInEmptyWindows", [] { return StartInTimesOf(EMPTY_START); });
+    addFigure("Program/StartInLinesOfText", [] { return StartInTimesOf(PLAIN_START); });
+    addFigure("Program/CheckInByteSwapCopies", CheckInByteSwapCopies);
     for (Row& row : rows)
         row.Sizes = row.Kind() == "Terrain"      ? std::vector<std::int64_t>{256, 512, 1024, 2048}
-                    : row.Kind() == "Start"      ? std::vector<std::int64_t>{1}
-                    : HasFiles(row)              ? std::vector<std::int64_t>{100, 1000, 10'000}
+                    : StandsAlone(row)           ? std::vector<std::int64_t>{1}
+                    : HasFiles(row)              ? std::vector<std::int64_t>{100, 1000}
                     : row.Name == "Track/smooth" ? std::vector<std::int64_t>{100, 500}
                     : row.Name.ends_with("Samples")
                         ? std::vector<std::int64_t>{100, 1000, 10'000}
@@ -331,8 +448,8 @@ std::vector<Row> Rows() {
 }
 
 void Run(benchmark::State& state, const Row& row) {
-    count = state.range(0);
-    if (row.Kind() != "Start" && !HasFiles(row))
+    howMany = state.range(0);
+    if (!StandsAlone(row) && !HasFiles(row))
         Prepare(row.Kind(), state.range(0));
     double figure = 0;
     for ([[maybe_unused]] auto _ : state) {
@@ -341,7 +458,7 @@ void Run(benchmark::State& state, const Row& row) {
             row.Before();
             state.ResumeTiming();
         }
-        if (row.Figure != nullptr)
+        if (row.Figure)
             figure = row.Figure();
         else
             row.Once();
@@ -355,7 +472,8 @@ void Run(benchmark::State& state, const Row& row) {
 
 /// Registers the rows size by size, so that each document is made once.
 void Register(const std::vector<Row>& rows, std::int64_t largest) {
-    for (const char* const kind : {"Track", "Element", "Terrain", "Environments", "Textures", "Start"})
+    for (const char* const kind :
+         {"Track", "Element", "Terrain", "Environments", "Textures", "Window", "Program"})
         for (const std::int64_t size : {1, 100, 256, 500, 512, 1000, 1024, 2048, 10'000, 100'000, 1'000'000})
             for (const Row& row : rows) {
                 if (row.Kind() != kind || size > largest ||
@@ -366,7 +484,7 @@ void Register(const std::vector<Row>& rows, std::int64_t largest) {
                 bench->Arg(size);
                 if (row.Name.ends_with("Disk"))
                     bench->UseRealTime();
-                if (row.Figure != nullptr || HasFiles(row))
+                if (row.Figure || HasFiles(row))
                     bench->Iterations(1);
                 if (size == 1'000'000 || size == 1 || HasFiles(row))
                     bench->Repetitions(1);

@@ -41,12 +41,7 @@ public:
         Fill(nodes * 2 / 5, t.Scenery.TreeCount, t.Scenery.Trees, [&] {
             return Tree{Place(), Between(1, 2), 1 + Below(3)};
         });
-        Fill(nodes / 16, t.SceneryObjects.Count, t.SceneryObjects.Items, [&] {
-            SceneryObject object;
-            object.FileName = "harbour_crane_" + std::to_string(Below(30)) + ".3ds";
-            object.VectorA = Place();
-            return object;
-        });
+        Fill(nodes / 16, t.SceneryObjects.Count, t.SceneryObjects.Items, [&] { return Object(); });
     }
 
     /// A small track on a terrain of `side` x `side` heights.
@@ -58,6 +53,34 @@ public:
         terrain.Heights.resize(static_cast<std::size_t>(side * side));
         for (float& height : terrain.Heights)
             height = Between(-5, 40);
+    }
+
+    /// A track of nodes alone, which all lie in the previews.
+    void MakeNearNodes(std::int64_t nodes) {
+        ClearTrackDocument();
+        Fill(nodes, Track.BezierCurve.NodeCount, Track.BezierCurve.Nodes, [&] { return Node(); });
+    }
+
+    /// The same with nodes that lie thousands of kilometres apart.
+    void MakeFarNodes(std::int64_t nodes) {
+        ClearTrackDocument();
+        const auto place = [&] {
+            return Vector3{Between(-1e6, 1e6), Between(-1e6, 1e6), Between(-1e6, 1e6)};
+        };
+        Fill(nodes, Track.BezierCurve.NodeCount, Track.BezierCurve.Nodes,
+             [&] { return BezierNode{.Position = place(), .ControlIn = place(), .ControlOut = place()}; });
+    }
+
+    void MakeObjects(std::int64_t objects) {
+        ClearTrackDocument();
+        Fill(objects, Track.SceneryObjects.Count, Track.SceneryObjects.Items, [&] { return Object(); });
+    }
+
+    void MakeComments(std::int64_t lines) {
+        ClearTrackDocument();
+        for (std::int64_t line = 0; line < lines; ++line)
+            Track.TrackInfo.AuthorComments +=
+                "This is line " + std::to_string(line) + " of the comments.\r\n";
     }
 
     void MakeElement(std::int64_t nodes) {
@@ -85,6 +108,13 @@ private:
                 .ControlIn = {at.X - along.X, at.Y - along.Y, at.Z - along.Z},
                 .ControlOut = {at.X + along.X, at.Y + along.Y, at.Z + along.Z},
                 .Roll = Between(-3, 3)};
+    }
+
+    SceneryObject Object() {
+        SceneryObject object;
+        object.FileName = "harbour_crane_" + std::to_string(Below(30)) + ".3ds";
+        object.VectorA = Place();
+        return object;
     }
 
     template <class Item, class Make>

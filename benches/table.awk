@@ -4,14 +4,14 @@ BEGIN {
     FS = ","
     columns["Track"] = columns["Element"] = "100 1000 10000 100000 1000000"
     columns["Terrain"] = "256 512 1024 2048"
-    columns["Environments"] = columns["Textures"] = "100 1000 10000"
+    columns["Environments"] = columns["Textures"] = "100 1000"
     unit["Track"] = unit["Element"] = ", ns per node"
     unit["Terrain"] = ", ns per byte"
     unit["Environments"] = ", ns per environment"
     unit["Textures"] = ", ns per texture"
-    columns["Start"] = "1"
+    columns["Window"] = columns["Program"] = "1"
 }
-$1 ~ /^"(Track|Element|Terrain|Environments|Textures|Start)[^_]*(_time|s:[13])?"$/ {
+$1 ~ /^"(Track|Element|Terrain|Environments|Textures|Window|Program)[^_]*(_time|s:[13])?"$/ {
     gsub(/"/, "")
     split($1, part, "/")
     row = part[1] "/" part[2]
@@ -62,10 +62,10 @@ END {
         kind = substr(row, 1, index(row, "/") - 1)
         if (kind != before) {
             printf "\n%-34s", kind unit[kind]
-            for (i = 1; kind != "Start" && i <= split(columns[kind], column, " "); ++i)
+            for (i = 1; columns[kind] != "1" && i <= split(columns[kind], column, " "); ++i)
                 if ((kind, column[i]) in bytes)
                     printf "%10s", column[i]
-            print kind == "Start" ? "" : "     order"
+            print columns[kind] == "1" ? "" : "     order"
         }
         before = kind
         line(substr(row, length(kind) + 2), row, "")

@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 
 namespace railwright {
 namespace {
@@ -34,6 +35,10 @@ void Increment(std::string& digits) {
 }
 
 std::string RoundedDigits(double value, std::size_t decimals) {
+    if (value < 0x1p63 && value == std::floor(value)) { // many numbers of a report are whole
+        std::string whole = std::to_string(static_cast<std::uint64_t>(value));
+        return decimals == 0 ? whole : whole + '.' + std::string(decimals, '0');
+    }
     std::string digits = ExactDigits(value);
     const std::size_t point = digits.find('.');
     const bool up = digits[point + decimals + 1] >= '5';

@@ -97,6 +97,20 @@ bool ControlsLines(char32_t character) {
                        [&](const auto& range) { return character >= range[0] && character <= range[1]; });
 }
 
+// Both look at everything, so that the compiler takes many bytes at a time.
+bool HasAscii(const CodePage& codePage) {
+    char32_t differences = 0;
+    for (char32_t byte = 0; byte < 0x80; ++byte)
+        differences |= codePage.Unicode[byte] ^ byte;
+    return differences == 0;
+}
+bool IsAscii(std::string_view characters) {
+    unsigned char all = 0;
+    for (const char character : characters)
+        all |= static_cast<unsigned char>(character);
+    return all < 0x80;
+}
+
 } // namespace
 
 const CodePage& Windows1252() {
@@ -119,10 +133,16 @@ std::string ToUtf8(const text& characters, const CodePage& codePage) {
 }
 
 void InUtf8(const text& characters, const CodePage& codePage,
-            const std::function<void(const std::string&)>& take) {
-    constexpr std::size_t piece = 4096;
-    for (std::size_t at = 0; at < characters.size(); at += piece)
-        take(ToUtf8(characters.substr(at, piece), codePage));
+            const std::function<void(std::string_view)>& take) {
+    constexpr std::size_t longest = 4096;
+    const bool hasAscii = HasAscii(codePage);
+    for (std::size_t at = 0; at < characters.size(); at += longest) {
+        const std::string_view piece = std::string_view(characters).substr(at, longest);
+        if (hasAscii && IsAscii(piece)) // nearly always
+            take(piece);
+        else
+            take(ToUtf8(text(piece), codePage));
+    }
 }
 
 text FromUtf8(std::string_view utf8, const CodePage& codePage) {

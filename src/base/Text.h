@@ -29,7 +29,7 @@ std::string ToUtf8(const text& characters, const CodePage& codePage);
 
 /// Calls `take` with `characters` as UTF-8, piece by piece, so that a long text takes little memory.
 void InUtf8(const text& characters, const CodePage& codePage,
-            const std::function<void(const std::string&)>& take);
+            const std::function<void(std::string_view)>& take);
 
 /// @return `utf8` in the code page. A character without a byte there, and every byte that is not well-formed
 /// UTF-8, becomes "?".

@@ -150,7 +150,7 @@ private:
     }
     void Print(const text& characters) {
         out << '"';
-        InUtf8(characters, SystemCodePage(), [this](const std::string& utf8) {
+        InUtf8(characters, SystemCodePage(), [this](std::string_view utf8) {
             const std::string quoted = Json(utf8).dump();
             out << std::string_view(quoted).substr(1, quoted.size() - 2);
         });

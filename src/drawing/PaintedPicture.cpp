@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
-#include <utility>
 
 #include <QLineF>
 #include <QPainter>
@@ -13,34 +12,40 @@ namespace railwright {
 namespace {
 
 /// Moves the end of a line that lies outside of the range between `least` and `greatest` onto its border.
-void CutEnd(QPointF& end, const QPointF& other, qreal& (QPointF::*along)(), qreal& (QPointF::*across)(),
-            double least, double greatest) {
-    const double place = (end.*along)();
-    const double border = std::clamp(place, least, greatest);
-    QPointF opposite = other;
-    if (place != border) {
-        const double share = (border - place) / ((opposite.*along)() - place);
-        (end.*across)() += share * ((opposite.*across)() - (end.*across)());
-        (end.*along)() = border;
+void CutEnd(double& along, double& across, double otherAlong, double otherAcross, double least,
+            double greatest) {
+    const double border = std::clamp(along, least, greatest);
+    if (along != border) {
+        across += (border - along) / (otherAlong - along) * (otherAcross - across);
+        along = border;
     }
 }
 
-/// The part of a line that can touch the picture, nothing if there is none. Far beyond the picture's edge a
-/// painter loses its precision.
-std::optional<QLineF> Clipped(QPointF from, QPointF to) {
-    constexpr double least = -PictureBox::Size;
-    constexpr double greatest = 2 * PictureBox::Size;
-    using Coordinate = qreal& (QPointF::*)();
-    constexpr Coordinate x = &QPointF::rx;
-    constexpr Coordinate y = &QPointF::ry;
-    for (const auto& [along, across] : {std::pair(x, y), std::pair(y, x)}) {
-        const auto [low, high] = std::minmax((from.*along)(), (to.*along)());
-        if (high < least || low > greatest)
-            return std::nullopt;
-        CutEnd(from, to, along, across, least, greatest);
-        CutEnd(to, from, along, across, least, greatest);
-    }
-    return QLineF(from, to);
+/// Does so with both ends. @return whether any part of the line lies within the range.
+bool CutLine(double& along1, double& across1, double& along2, double& across2, double least,
+             double greatest) {
+    if (std::max(along1, along2) < least || std::min(along1, along2) > greatest)
+        return false;
+    CutEnd(along1, across1, along2, across2, least, greatest);
+    CutEnd(along2, across2, along1, across1, least, greatest);
+    return true;
+}
+
+/// The part of a line that lies on the picture or at most so far beyond its edge, nothing if there is none.
+std::optional<QLineF> Clipped(double x1, double y1, double x2, double y2, double beyond) {
+    const double greatest = PictureBox::Size + beyond;
+    if (!CutLine(x1, y1, x2, y2, -beyond, greatest) || !CutLine(y1, x1, y2, x2, -beyond, greatest))
+        return std::nullopt;
+    return QLineF(x1, y1, x2, y2);
+}
+
+/// How far beyond the edge a line is followed, as far as a pixel of the smallest picture is wide: a painter
+/// loses its precision in the distance.
+constexpr double Followed = PictureBox::Size;
+
+std::optional<QLineF> Followable(float x1, float y1, float x2, float y2) {
+    return Clipped(static_cast<double>(x1), static_cast<double>(y1), static_cast<double>(x2),
+                   static_cast<double>(y2), Followed);
 }
 
 /// How a line is drawn.
@@ -60,19 +65,20 @@ bool IsAlongPixels(const QLineF& line) {
 } // namespace
 
 void PaintedPicture::Cls() {
-    strokes.clear();
+    strokes = std::vector<Stroke>(); // those of a long track take much memory
 }
 
 void PaintedPicture::Line(float x1, float y1, float x2, float y2, Rgb colour) {
-    strokes.push_back({x1, y1, x2, y2, colour, penWidth});
+    if (Followable(x1, y1, x2, y2))
+        strokes.push_back({x1, y1, x2, y2, colour, penWidth});
 }
 
 void PaintedPicture::PSet(float x, float y, Rgb colour) {
-    strokes.push_back({x, y, x, y, colour, penWidth});
+    Line(x, y, x, y, colour);
 }
 
 void PaintedPicture::DrawWidth(int pixels) {
-    penWidth = pixels;
+    penWidth = static_cast<std::uint8_t>(std::min(pixels, 255)); // more than the picture
 }
 
 QImage PaintedPicture::Drawn(double ratio) const {
@@ -84,8 +90,9 @@ QImage PaintedPicture::Drawn(double ratio) const {
     painter.translate(0.5, 0.5);
     std::optional<Brush> brush; // that the painter has in hand
     for (const Stroke& stroke : strokes) {
-        const std::optional<QLineF> line = Clipped({stroke.X1, stroke.Y1}, {stroke.X2, stroke.Y2});
-        if (!line)
+        const std::optional<QLineF> line = Followable(stroke.X1, stroke.Y1, stroke.X2, stroke.Y2);
+        // Its width, and a pixel that it may touch at its border.
+        if (!line || !Clipped(line->x1(), line->y1(), line->x2(), line->y2(), stroke.Width + 1 + 1 / ratio))
             continue;
         const bool isPoint = line->isNull();
         // A line along a row or a column of pixels fills just these.

@@ -4,6 +4,8 @@
 
 namespace railwright {
 
+struct TrackMeasures;
+
 /// Draws Track from above and from the side, along X, at two metres to a pixel. It uses the result of the
 /// last AnalyzeTrack. The pens keep their width.
 void DrawTrackPreview(PictureBox& plan, PictureBox& side);
@@ -16,5 +18,8 @@ void DrawElementPreview(PictureBox& plan, PictureBox& side);
 /// no list is made, however many points there are.
 void DrawTrackWhileSampling(PictureBox& plan, PictureBox& side);
 void DrawElementWhileSampling(PictureBox& plan, PictureBox& side);
+
+/// The same drawing, and what MeasureTrack gives, by one pass over the curve.
+TrackMeasures DrawAndMeasureTrack(PictureBox& plan, PictureBox& side);
 
 } // namespace railwright

@@ -88,13 +88,20 @@ void DrawTrackPreview(PictureBox& plan, PictureBox& side) {
 }
 
 void DrawTrackWhileSampling(PictureBox& plan, PictureBox& side) {
+    DrawAndMeasureTrack(plan, side);
+}
+
+TrackMeasures DrawAndMeasureTrack(PictureBox& plan, PictureBox& side) {
     DrawGround(plan, side);
     TrackChords chords(plan, side);
+    TrackMeasures measures;
     std::size_t k = 0;
-    ForEachTrackPoint([&](const Vector3& point, std::int32_t node) {
+    measures.Length = ForEachTrackPoint([&](const Vector3& point, std::int32_t node) {
         if (k++ % SamplesPerChord == 0)
             chords.To(point, node);
+        measures.Box.Include(point);
     });
+    return measures;
 }
 
 } // namespace railwright

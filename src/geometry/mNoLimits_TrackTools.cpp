@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <optional>
 #include <span>
+#include <utility>
 
 namespace railwright {
 
@@ -113,8 +114,33 @@ void BuildElementPolyline() {
     ElementPolylineLast = static_cast<std::int32_t>(ElementPolyline.size()) - 1;
 }
 
+TrackMeasures MeasureTrack() {
+    TrackMeasures measures;
+    measures.Length =
+        VisitTrackPoints([&](const Vector3& point, std::int32_t) { measures.Box.Include(point); });
+    return measures;
+}
+
 float ForEachTrackPoint(const std::function<void(const Vector3& point, std::int32_t node)>& visit) {
-    return VisitTrackPoints(visit);
+    // The points are handed on in bunches: with a call behind each of them, what the samples are worked out
+    // from would leave the processor's registers and come back every time.
+    struct Point {
+        Vector3 Place;
+        std::int32_t Node;
+    };
+    std::array<Point, 256> bunch;
+    std::size_t count = 0;
+    const auto handOn = [&] {
+        for (const Point& point : std::span(bunch).first(std::exchange(count, 0)))
+            visit(point.Place, point.Node);
+    };
+    const float length = VisitTrackPoints([&](const Vector3& point, std::int32_t node) {
+        bunch[count++] = {point, node};
+        if (count == bunch.size())
+            handOn();
+    });
+    handOn();
+    return length;
 }
 
 void ForEachElementPoint(const std::function<void(const Vector3& point)>& visit) {

@@ -36,14 +36,6 @@ void BuildElementPolyline();
 /// The node of a point that has none: the closing copy.
 inline constexpr std::int32_t NoNode = -1;
 
-/// Calls `visit` with each point that AnalyzeTrack would put into TrackPolyline, and with its node. No
-/// list of them is made, however many there are.
-/// @return what AnalyzeTrack would put into TrackPolylineLength.
-float ForEachTrackPoint(const std::function<void(const Vector3& point, std::int32_t node)>& visit);
-
-/// Calls `visit` with each point that AnalyzeElement would put into ElementPolyline, in the same way.
-void ForEachElementPoint(const std::function<void(const Vector3& point)>& visit);
-
 /// Metres. Where the search for a least value begins, and below zero that for a greatest one; a value that
 /// lies beyond is not found.
 inline constexpr float SearchStart = 999;
@@ -57,6 +49,25 @@ struct Bounds {
     /// Greatest minus least, each rounded to a 32-bit float; 0 where that is not finite.
     Vector3 Extent() const;
 };
+
+/// What the report tells of the curve of Track.
+struct TrackMeasures {
+    /// The box around the points of its polyline.
+    Bounds Box;
+    /// Of the centre line in metres, the same figure as TrackLength gives.
+    float Length = 0;
+};
+
+/// Measures Track. No analysis is needed before, and no list of points is made.
+TrackMeasures MeasureTrack();
+
+/// Calls `visit` with each point that AnalyzeTrack would put into TrackPolyline, and with its node. No
+/// list of them is made, however many there are.
+/// @return what AnalyzeTrack would put into TrackPolylineLength.
+float ForEachTrackPoint(const std::function<void(const Vector3& point, std::int32_t node)>& visit);
+
+/// Calls `visit` with each point that AnalyzeElement would put into ElementPolyline, in the same way.
+void ForEachElementPoint(const std::function<void(const Vector3& point)>& visit);
 
 /// @return whether all three coordinates are finite.
 bool IsFinite(const Vector3& point);

@@ -264,8 +264,15 @@ private:
         return canBe;
     }
 
+    /// Clears a folder of what a run that was cut off has left, once.
+    void ClearOnce(const FilePath& folder) {
+        if (cleared.insert(folder).second)
+            Files().DeleteLeftovers(folder);
+    }
+
     /// Brings the list on the disk up to date.
     bool WriteDown() {
+        ClearOnce(place.sEnvFolder);
         isBegun =
             listed == unfinished || Succeeded(WriteList(place.Unfinished, unfinished), place.Unfinished);
         if (isBegun)
@@ -320,8 +327,10 @@ private:
         const FilePath target = PlaceFor(to, newFolder);
         if (LeadsThroughLink(target, to.Names().size()))
             return Succeeded(FileResult::Failure("leads through a link, nothing is written there"), target);
-        if (!Succeeded(CreateFolders(target.Folder()), target.Folder()) ||
-            !Succeeded(WriteFileBuffer(target, texture), target))
+        if (!Succeeded(CreateFolders(target.Folder()), target.Folder()))
+            return false;
+        ClearOnce(target.Folder());
+        if (!Succeeded(WriteFileBuffer(target, texture), target))
             return false;
         bar.Tell(shown + " copied");
         bar.RunPendingEvents();
@@ -396,6 +405,7 @@ private:
     bool allWell;
     /// The files of the environments that are still to be organized, and those that the list on the disk has.
     std::set<FileName> unfinished, listed;
+    std::set<FilePath> cleared;
     /// The list has all that are worked on.
     bool isBegun = false;
 };

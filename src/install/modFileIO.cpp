@@ -10,7 +10,8 @@ FileResult ReadFileBuffer(const FilePath& sFile, FileBuffer& buffer) {
 }
 
 FileResult WriteFileBuffer(const FilePath& sFile, const FileBuffer& buffer) {
-    return sFile.IsEmpty() ? FileResult::Failure("no file is named") : WriteWholeFile(sFile, buffer);
+    return sFile.IsEmpty() ? FileResult::Failure("no file is named")
+                           : WriteWholeFile(sFile, buffer, Leftovers::Keep);
 }
 
 } // namespace railwright

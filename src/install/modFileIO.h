@@ -16,6 +16,7 @@ using FileBuffer = std::vector<std::uint8_t>;
 FileResult ReadFileBuffer(const FilePath& sFile, FileBuffer& buffer);
 
 /// Writes a whole file in place of what stood under the name. On failure the old file is as it was.
+/// What saves that were cut off have left in the folder stays there.
 FileResult WriteFileBuffer(const FilePath& sFile, const FileBuffer& buffer);
 
 } // namespace railwright

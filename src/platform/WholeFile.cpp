@@ -129,12 +129,12 @@ void Fill(OpenFile& file, const FileContent& content, std::error_code& error) {
         file.Flush(error);
 }
 
-FileResult WriteWholeFile(const FilePath& path, std::span<const std::uint8_t> bytes) {
-    return WriteWholeFile(path,
-                          [bytes](OpenFile& file, std::error_code& error) { WriteAll(file, bytes, error); });
+FileResult WriteWholeFile(const FilePath& path, std::span<const std::uint8_t> bytes, Leftovers leftovers) {
+    return WriteWholeFile(
+        path, [bytes](OpenFile& file, std::error_code& error) { WriteAll(file, bytes, error); }, leftovers);
 }
 
-FileResult WriteWholeFile(const FilePath& path, const FileContent& content) {
+FileResult WriteWholeFile(const FilePath& path, const FileContent& content, Leftovers leftovers) {
     if (!path.NamesFile())
         return FileResult::Failure("names no file");
     FileOperations& files = Files();
@@ -163,7 +163,8 @@ FileResult WriteWholeFile(const FilePath& path, const FileContent& content) {
         file->TakePlace(error);
     if (!error) {
         files.FlushFolder(target.Folder());
-        files.DeleteLeftovers(target.Folder());
+        if (leftovers == Leftovers::Delete)
+            files.DeleteLeftovers(target.Folder());
         return {};
     }
     FileResult failed = Failed("cannot be written", error);

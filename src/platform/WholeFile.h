@@ -65,14 +65,20 @@ using FileContent = std::function<void(OpenFile& file, std::error_code& error)>;
 /// Brings the content into a file, from the place on that it stands at, and to the disk.
 void Fill(OpenFile& file, const FileContent& content, std::error_code& error);
 
+/// What becomes of files in the same folder that saves have left which ended in the middle. To find them
+/// takes a look at all names there.
+enum class Leftovers { Delete, Keep };
+
 /// Writes a whole file. At every moment either the old file or the new one stands whole under the name: the
 /// bytes go to a new file in the same folder, to the disk, and then under the name. A symbolic link is
 /// followed; the owner, the rights and the attributes of the old file are kept. Only where the folder takes
 /// no new file, or a new one could not have the rights of the old, that one is overwritten in place. On
 /// failure the old file is as it was and no temporary file stays. Only if a file system loses the old file
 /// all the same, KeptIn or OldKeptIn names what there is of it.
-FileResult WriteWholeFile(const FilePath& path, const FileContent& content);
-FileResult WriteWholeFile(const FilePath& path, std::span<const std::uint8_t> bytes);
+FileResult WriteWholeFile(const FilePath& path, const FileContent& content,
+                          Leftovers leftovers = Leftovers::Delete);
+FileResult WriteWholeFile(const FilePath& path, std::span<const std::uint8_t> bytes,
+                          Leftovers leftovers = Leftovers::Delete);
 
 /// Makes a folder and those above it that are missing.
 FileResult CreateFolders(const FilePath& path);

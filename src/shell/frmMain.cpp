@@ -56,13 +56,15 @@ frmMain::frmMain() {
     setAcceptDrops(true);
     afterDrop.setSingleShot(true);
     connect(&afterDrop, &QTimer::timeout, this, [this] { OpenNoLimitsFile(dropped); });
+    afterPaint.setSingleShot(true);
+    connect(&afterPaint, &QTimer::timeout, this, [this] { BuildAllPanels(); });
 
     auto* const window = new QWidget(this);
     window->setFixedSize(ClientSize());
     BuildMenu();
     BuildTitleStrip(*window);
     BuildToolList(*window);
-    BuildPanels(*window);
+    BuildFrames(*window);
     setCentralWidget(window);
     layout()->setSizeConstraint(QLayout::SetFixedSize);
     adjustSize();
@@ -110,17 +112,28 @@ void frmMain::BuildToolList(QWidget& window) {
     lblIndicator = AddLabel(*list, "lblIndicator", ">", {60, 600, 90, 210}, bold);
 }
 
-void frmMain::BuildPanels(QWidget& window) {
+void frmMain::BuildFrames(QWidget& window) {
     for (std::size_t tab = 0; tab < Tabs::Count; ++tab) {
         ucFTab[tab] = Placed(new ucFrame(&window), Indexed("ucFTab", static_cast<int>(tab)), PanelArea);
         ucFTab[tab]->setAccessibleName(PanelRows[tab].Title);
-        panels[tab] = PanelRows[tab].Make(*ucFTab[tab]);
+        ucFTab[tab]->hide();
     }
     for (std::size_t index = 0; index < pbView.size(); ++index) {
         pbView[index] =
             Placed(new QtPictureBox(&window), Indexed("pbView", static_cast<int>(index)), Views[index]);
         pbView[index]->setAccessibleName(ViewNames[index]);
     }
+}
+
+ToolPanel& frmMain::BuiltPanel(std::size_t tab) {
+    if (panels[tab] == nullptr)
+        panels[tab] = PanelRows[tab].Make(*ucFTab[tab]);
+    return *panels[tab];
+}
+
+void frmMain::BuildAllPanels() {
+    for (std::size_t tab = 0; tab < Tabs::Count; ++tab)
+        BuiltPanel(tab);
 }
 
 void frmMain::BuildMenu() {
@@ -158,11 +171,12 @@ void frmMain::Form_Load(std::string commandLine) {
 
 void frmMain::ShowTab(std::int16_t iTab) {
     const auto tab = static_cast<std::size_t>(iTab);
+    ToolPanel& panel = BuiltPanel(tab);
     for (ucFrame* const frame : ucFTab)
         frame->setVisible(frame == ucFTab[tab]);
     const PanelRow& row = PanelRows[tab];
     lblTitle->setText(row.Title);
-    panels[tab]->Prepare();
+    panel.Prepare();
     for (QtPictureBox* const view : pbView)
         view->setVisible(row.HasPreviews);
     const auto label = std::find_if(ToolLabelRows.begin(), ToolLabelRows.end(),
@@ -237,6 +251,12 @@ void frmMain::dropEvent(QDropEvent* event) {
     dropped = FilePath::FromUser(DraggedFile(*event).toStdString());
     // The program that the file comes from waits until the drop is over.
     afterDrop.start();
+}
+
+void frmMain::paintEvent(QPaintEvent* event) {
+    QMainWindow::paintEvent(event);
+    if (panels.back() == nullptr)
+        afterPaint.start();
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {

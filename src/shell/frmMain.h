@@ -78,11 +78,17 @@ public:
     /// A panel by its number, whose class is `Kind`.
     template <class Kind>
     Kind& Panel(std::int16_t iTab) {
-        return static_cast<Kind&>(*panels[static_cast<std::size_t>(iTab)]);
+        return static_cast<Kind&>(BuiltPanel(static_cast<std::size_t>(iTab)));
+    }
+    /// The same, or null while it has no controls yet.
+    template <class Kind>
+    Kind* PanelIfBuilt(std::int16_t iTab) {
+        return static_cast<Kind*>(panels[static_cast<std::size_t>(iTab)].get());
     }
     WindowHandle Handle() const { return static_cast<WindowHandle>(winId()); }
 
 protected:
+    void paintEvent(QPaintEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     /// A file that is dropped on the window opens as if it were chosen in the dialog.
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -91,7 +97,11 @@ protected:
 private:
     void BuildTitleStrip(QWidget& window);
     void BuildToolList(QWidget& window);
-    void BuildPanels(QWidget& window);
+    void BuildFrames(QWidget& window);
+    /// Fills the panel's frame with controls unless that is done.
+    ToolPanel& BuiltPanel(std::size_t tab);
+    /// Builds what the start has left out because it is not seen.
+    void BuildAllPanels();
     void BuildMenu();
     void EnableLabels(ToolGroup group, bool enabled);
 
@@ -102,6 +112,8 @@ private:
     /// A file that was dropped, and the moment at which it opens.
     FilePath dropped;
     QTimer afterDrop;
+    /// The moment behind the first painting.
+    QTimer afterPaint;
     /// As many as ToolLabelRows, in the same order.
     std::vector<LinkLabel*> toolLabels;
     QLabel* lblTitle = nullptr;

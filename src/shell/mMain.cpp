@@ -204,12 +204,14 @@ bool SaveNoLimitsFile() {
 
 void RefreshTrackTools() {
     frmMain& window = frmMain::Instance();
-    AnalyzeTrack();
-    DrawTrackPreview(window.Plan(), window.Side());
+    const TrackMeasures measures = DrawAndMeasureTrack(window.Plan(), window.Side());
     window.Panel<OverviewPanel>(Tabs::Overview)
-        .ShowReport(BuildTrackOverview(sDocumentFile, UserNumberSeparators()));
-    window.Panel<ShuttleMakePanel>(Tabs::ShuttleMake).UpdateShuttleButton();
-    window.Panel<RenamerPanel>(Tabs::Renamer).Refresh3DSRenamer();
+        .ShowReport(BuildTrackOverview(sDocumentFile, UserNumberSeparators(), measures));
+    // What is not built yet begins with the track that is in hand.
+    if (auto* const panel = window.PanelIfBuilt<ShuttleMakePanel>(Tabs::ShuttleMake))
+        panel->UpdateShuttleButton();
+    if (auto* const panel = window.PanelIfBuilt<RenamerPanel>(Tabs::Renamer))
+        panel->Refresh3DSRenamer();
 }
 
 void RefreshElementTools() {

@@ -39,7 +39,7 @@ bool OpenNoLimitsFile(FilePath sFile);
 /// @return false only if a save was tried and failed.
 bool SaveNoLimitsFile();
 
-/// Brings all that shows Track up to date: polyline, previews, report, and the panels of Shuttle Make and of
+/// Brings all that shows Track up to date: previews, report, and the panels of Shuttle Make and of
 /// the 3DS Renamer. It marks no change.
 void RefreshTrackTools();
 /// The same for Element.

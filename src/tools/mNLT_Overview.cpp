@@ -19,6 +19,9 @@ namespace {
 constexpr const char* WholePattern = "###,###,##0";
 constexpr const char* HundredthsPattern = "###,###,##0.00";
 constexpr const char* EndOfLine = "\r\n";
+/// What most reports take for an object, and for all but objects and comments, in bytes.
+constexpr std::size_t LineOfObject = 48;
+constexpr std::size_t RestOfReport = 2048;
 
 /// A line of the report that counts the records of one type.
 struct TallyLine {
@@ -92,7 +95,7 @@ public:
     void Line(std::string_view label, std::string_view value = "") { out << label << value << EndOfLine; }
     void Line(std::string_view label, const text& characters, const CodePage& codePage) {
         out << label;
-        InUtf8(characters, codePage, [this](const std::string& utf8) { out << utf8; });
+        InUtf8(characters, codePage, [this](std::string_view utf8) { out << utf8; });
         out << EndOfLine;
     }
     void BlankLine() { Line(""); }
@@ -137,33 +140,11 @@ void ReportFile(Report& report, const FilePath& sDocumentFile) {
     report.BlankLine();
 }
 
-/// What the report tells of the curve.
-struct Curve {
-    /// The box around the points of its polyline.
-    Bounds Box;
-    /// In metres.
-    float Length = 0;
-};
-
-Curve AnalyzedCurve() {
-    Curve curve;
-    curve.Length = TrackPolylineLength;
-    for (const Vector3& point : TrackPolyline)
-        curve.Box.Include(point);
-    return curve;
-}
-
-Curve CurveOfTrack() {
-    Curve curve;
-    curve.Length = ForEachTrackPoint([&](const Vector3& point, std::int32_t) { curve.Box.Include(point); });
-    return curve;
-}
-
-void ReportTrack(Report& report, const Curve& curve) {
-    const Bounds& bounds = curve.Box;
+void ReportTrack(Report& report, const TrackMeasures& measures) {
+    const Bounds& bounds = measures.Box;
     const Vector3 extent = bounds.Extent();
     report.Line("Track Type..........: ", TrackTypeName(Track.TrackHeader.TrackType));
-    report.Line("Track Length........: ", report.Metres(curve.Length) + " meters.");
+    report.Line("Track Length........: ", report.Metres(measures.Length) + " meters.");
     report.Line("Complete Circut.....: ", YesNoText(Track.SegmentList.ClosedCircuit));
     report.Line("Number of Trains....: ", std::to_string(Track.TrackHeader.NumTrains));
     report.Line("Cars per Train......: ", std::to_string(Track.TrackHeader.CarsPerTrain));
@@ -253,10 +234,10 @@ void ReportTexts(Report& report) {
 }
 
 void ReportAll(TextOutput& out, const FilePath& sDocumentFile, const NumberSeparators& separators,
-               const Curve& curve) {
+               const TrackMeasures& measures) {
     Report report(out, separators);
     ReportFile(report, sDocumentFile);
-    ReportTrack(report, curve);
+    ReportTrack(report, measures);
     ReportSegments(report);
     ReportSupports(report);
     ReportScenery(report);
@@ -267,15 +248,18 @@ void ReportAll(TextOutput& out, const FilePath& sDocumentFile, const NumberSepar
 
 } // namespace
 
-std::string BuildTrackOverview(const FilePath& sDocumentFile, const NumberSeparators& separators) {
+std::string BuildTrackOverview(const FilePath& sDocumentFile, const NumberSeparators& separators,
+                               const TrackMeasures& measures) {
     std::string lines;
+    lines.reserve(Track.TrackInfo.AuthorComments.size() +
+                  static_cast<std::size_t>(Track.SceneryObjects.Count) * LineOfObject + RestOfReport);
     TextOutput out([&](std::string_view piece) { lines += piece; });
-    ReportAll(out, sDocumentFile, separators, AnalyzedCurve());
+    ReportAll(out, sDocumentFile, separators, measures);
     return lines;
 }
 
 void PrintTrackOverview(TextOutput& out, const FilePath& sDocumentFile, const NumberSeparators& separators) {
-    ReportAll(out, sDocumentFile, separators, CurveOfTrack());
+    ReportAll(out, sDocumentFile, separators, MeasureTrack());
 }
 
 std::string TrackTypeName(std::int32_t TrackType) {

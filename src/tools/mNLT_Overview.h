@@ -9,14 +9,16 @@
 
 namespace railwright {
 
-/// @return the report of Track as UTF-8 text; lines end in CR LF. It uses the result of the last
-/// AnalyzeTrack.
+struct TrackMeasures;
+
+/// @return the report of Track as UTF-8 text; lines end in CR LF.
 /// @param sDocumentFile path of the track's file. The report gives its name and its size; a missing file has
 /// 0 bytes.
-std::string BuildTrackOverview(const FilePath& sDocumentFile, const NumberSeparators& separators);
+/// @param measures of Track as it is now.
+std::string BuildTrackOverview(const FilePath& sDocumentFile, const NumberSeparators& separators,
+                               const TrackMeasures& measures);
 
-/// Prints the same report without a previous AnalyzeTrack. Neither the points of the curve nor the text are
-/// held in memory.
+/// Measures Track and prints the same report, without holding its text in memory.
 void PrintTrackOverview(TextOutput& out, const FilePath& sDocumentFile, const NumberSeparators& separators);
 
 /// @return the name of a TrackHeaderRecord::TrackType; empty for an unknown one.
@@ -26,7 +28,7 @@ std::string TrackTypeName(std::int32_t TrackType);
 std::string YesNoText(bool value);
 
 /// @return the length of the centre line in metres, measured in space along all samples; 0 with fewer than
-/// two nodes. The report takes the same figure from the analysis, which visits these samples anyway.
+/// two nodes. The report takes the same figure from MeasureTrack, which visits these samples anyway.
 float TrackLength();
 
 } // namespace railwright

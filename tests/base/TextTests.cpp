@@ -58,7 +58,7 @@ TEST(Text, HasNoControlCharactersOnALineOfOutput) {
 TEST(Text, ComesOutWholeInPieces) {
     for (const std::size_t size : {0U, 1U, 4096U, 4097U, 10'000U}) {
         std::string whole;
-        InUtf8(text(size, '\xE9'), Windows1252(), [&whole](const std::string& piece) { whole += piece; });
+        InUtf8(text(size, '\xE9'), Windows1252(), [&whole](std::string_view piece) { whole += piece; });
         EXPECT_EQ(whole, ToUtf8(text(size, '\xE9'), Windows1252())) << size;
     }
 }

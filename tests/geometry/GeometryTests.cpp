@@ -65,7 +65,7 @@ TEST_F(Curves, CloseCircuitsGetOverBadNodesAndAreSampledEvenlyOfElements) {
     Track.BezierCurve.Nodes[2].Position = {0, 0, std::numeric_limits<float>::quiet_NaN()};
     AnalyzeTrack();
     EXPECT_GT(TrackPolyline.size(), 200U); // the first span and the last have a hundred each
-    EXPECT_FALSE(BuildTrackOverview({}, {}).empty());
+    EXPECT_FALSE(BuildTrackOverview({}, {}, MeasureTrack()).empty());
     for (const auto& [nodes, closed] : {std::pair(0U, true), {1U, false}}) {
         SetCurve(List<BezierNode>(nodes, {{7, 7, 7}, {7, 7, 7}, {7, 7, 7}}), closed);
         AnalyzeTrack();

@@ -171,6 +171,13 @@ void WindowTests::FollowsTheTrack() {
     QVERIFY(Open(Comet));
     program.Choose("mnuTSmoother");
     QCOMPARE(line.text(), QString());
+    // The report follows while it is seen.
+    program.Choose("mnuTOverview");
+    const auto& report = program.Find<QPlainTextEdit>("txtOverview");
+    for (const auto& [tool, tunnels] : {std::pair("btnTTunnel(1)", 1), {"btnTTunnel(2)", 0}}) {
+        program.Click(tool);
+        QVERIFY(report.toPlainText().contains(QString("Actual Tunnels...: %1\n").arg(tunnels)));
+    }
 }
 
 void WindowTests::RenamesObjects() {

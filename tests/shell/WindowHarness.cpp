@@ -55,7 +55,8 @@ Program::Program(const std::string& commandLine, bool simulator,
     window->Form_Load(commandLine);
     window->show();
     std::filesystem::remove(program / "NoLimitsSimulator.exe");
-    if (!QTest::qWaitForWindowExposed(window.get()))
+    // The last of the panels is built behind the first painting.
+    if (!QTest::qWaitFor([&] { return window->findChild<QWidget*>("btnTDSRenamer") != nullptr; }))
         qFatal("the window does not show");
 }
 
@@ -70,6 +71,16 @@ void Program::Click(const QString& button) {
     QWidget& control = Find(button);
     // A check box answers on its mark and its text, not on the empty room beside them.
     QTest::mouseClick(&control, Qt::LeftButton, {}, QPoint(6, control.height() / 2));
+}
+
+QString Program::Report() {
+    std::int16_t before = 0;
+    while (!Find(Indexed("ucFTab", before)).isVisible())
+        ++before;
+    window->ShowTab(Tabs::Overview);
+    QString report = Find<QPlainTextEdit>("txtOverview").toPlainText();
+    window->ShowTab(before);
+    return report;
 }
 
 QString Program::Marks(const char* name, int count) {

@@ -4,10 +4,14 @@
 #include "shell/ucFrame.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDropEvent>
 #include <QMimeData>
+#include <QPainter>
 #include <QStyleOption>
 #include <QUrl>
+
+#include <random>
 
 namespace railwright::testing {
 namespace {
@@ -150,6 +154,53 @@ void WindowTests::DrawsFrameAndPreviewsSharp() {
         QCOMPARE(drawn.pixelColor(220, row) == QColor(255, 0, 0), row >= 398 && row < 404);
 }
 
+void WindowTests::PaintsAsIfNothingWereLeftOut() {
+    constexpr int size = PictureBox::Size;
+    std::mt19937 random(7);
+    const auto place = [&](int least, int greatest) {
+        const double share = static_cast<double>(random()) / 0x1p32;
+        return static_cast<float>(least + (greatest - least) * share);
+    };
+    for (const double ratio : {1.0, 2.0, 1.25, 3.0, 0.25, 1.0 / size}) {
+        PaintedPicture kept;
+        QImage whole((QSizeF(size, size) * ratio).toSize(), QImage::Format_RGB32);
+        whole.setDevicePixelRatio(ratio);
+        whole.fill(Qt::black);
+        QPainter painter(&whole);
+        painter.translate(0.5, 0.5);
+        painter.setRenderHint(QPainter::Antialiasing);
+        for (int stroke = 0; stroke < 2000; ++stroke) {
+            // Around the picture, where most just miss it or touch its edge, and a few points.
+            const int width = stroke % 7 == 0 ? 3 : 1;
+            const float x = place(-size, 2 * size),
+                        y = stroke % 2 == 0 ? place(-4, 4) : place(-size, 2 * size);
+            const bool isPoint = stroke % 5 == 0;
+            const float toX = isPoint ? x : x + place(-9, 9), toY = isPoint ? y : y + place(-9, 9);
+            const Rgb colour = {static_cast<std::uint8_t>(random() % 256), 128, 255};
+            kept.DrawWidth(width);
+            kept.Line(x, y, toX, toY, colour);
+            painter.setPen(
+                QPen(QColor(colour.Red, colour.Green, colour.Blue), width, Qt::SolidLine, Qt::RoundCap));
+            if (isPoint)
+                painter.drawPoint(QPointF(x, y));
+            else
+                painter.drawLine(QPointF(x, y), QPointF(toX, toY));
+        }
+        painter.end();
+        QVERIFY2(kept.Drawn(ratio) == whole, qPrintable(QString::number(ratio)));
+    }
+    // What lies far away is not even kept, whichever way it lies.
+    PaintedPicture picture;
+    for (const auto& [x, y] : {std::pair(1e6F, 0.F), {-1e6F, 0.F}, {0.F, 1e6F}, {0.F, -1e6F}, {1e6F, 1e6F}}) {
+        picture.Line(x, y, x + 1, y + 9, {});
+        picture.PSet(x, y, {});
+    }
+    picture.Line(-1e6F, 400, 400, -1e6F, {});
+    QCOMPARE(picture.StrokeCount(), std::size_t{0});
+    picture.Line(-1e6F, 1e6F, 1e6F, -1e6F, {}); // through the corner
+    QCOMPARE(picture.StrokeCount(), std::size_t{1});
+}
+
 void WindowTests::ShowsTextsWhole() {
     // A text with a bar at each end, in places that are too narrow for it.
     for (const int lacking : {0, 2, 8}) {
@@ -225,6 +276,9 @@ void WindowTests::StartsWithFileAndSimulator() {
     Program program('"' + file + '"');
     // The toolkit shows a doubled mark as one.
     QCOMPARE(program.Title(), "Railwright: " + QString(words).replace("[*]", "[*][*]") + ".NLTrack");
+    // Also the panels that were not there yet when it was opened show it.
+    QVERIFY(!program.IsEnabled("btnTShuttle") && Track.SceneryObjects.Count > 0);
+    QCOMPARE(program.Find<QComboBox>("cmbTDSRenamer").count(), Track.SceneryObjects.Count);
     QVERIFY(program.Report().startsWith("File Name...: " + words + '\n') && !bDocumentChanged);
     QVERIFY(sNoLimitsPath ==
             FilePath::FromUser(QCoreApplication::applicationDirPath().toStdString()).AsFolder());

@@ -45,7 +45,8 @@ public:
     bool IsEnabled(const QString& name) { return Find<QObject>(name).property("enabled").toBool(); }
     void Choose(const QString& entry) { Find<QAction>(entry).trigger(); }
     QString Title() const { return window->windowTitle(); }
-    QString Report() { return Find<QPlainTextEdit>("txtOverview").toPlainText(); }
+    /// What the overview shows when it is brought to the front, behind which the panel of before comes back.
+    QString Report();
     /// The check boxes of an array: X ticked, - not; x and . where they are disabled.
     QString Marks(const char* name, int count);
     /// Path of a file in this program's own folder, as a user would type it.
@@ -76,6 +77,7 @@ private slots:
     void ReachesEveryPanel();
     void EnablesByTheDocument();
     void DrawsFrameAndPreviewsSharp();
+    void PaintsAsIfNothingWereLeftOut();
     void ShowsTextsWhole();
     void StartsWithFileAndSimulator();
     void FailsToOpen();

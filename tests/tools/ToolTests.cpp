@@ -188,8 +188,7 @@ protected:
 
     /// Its sections, which have an empty line between them, with LF for the ends of lines.
     std::vector<std::string> Sections() const {
-        AnalyzeTrack();
-        std::string report = BuildTrackOverview(file, separators);
+        std::string report = BuildTrackOverview(file, separators, MeasureTrack());
         for (std::size_t end = 0; (end = report.find("\r\n", end)) != std::string::npos;)
             report.replace(end, 2, "\n");
         std::vector<std::string> sections;

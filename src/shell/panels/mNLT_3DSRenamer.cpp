@@ -9,6 +9,7 @@
 
 #include <initializer_list>
 
+#include <QAbstractListModel>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
@@ -27,8 +28,31 @@ constexpr const char* HelpText =
 
 } // namespace
 
-RenamerPanel::RenamerPanel(ucFrame& frame) {
-    cmbTDSRenamer = Placed(new QComboBox(&frame), "cmbTDSRenamer", {180, 180, 2355, 345});
+/// The numbered objects, of which there may be a million: an item is made when it is looked at.
+class RenamerPanel::ObjectList final : public QAbstractListModel {
+public:
+    using QAbstractListModel::QAbstractListModel;
+
+    void SetCount(int objects) {
+        beginResetModel();
+        count = objects;
+        endResetModel();
+    }
+    int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : count; }
+    QVariant data(const QModelIndex& index, int role) const override {
+        if (role != Qt::DisplayRole && role != Qt::EditRole)
+            return {};
+        return QString("Object %1").arg(index.row() + 1, 2, 10, QLatin1Char('0'));
+    }
+
+private:
+    int count = 0;
+};
+
+RenamerPanel::RenamerPanel(ucFrame& frame)
+    : cmbTDSRenamer(Placed(new QComboBox(&frame), "cmbTDSRenamer", {180, 180, 2355, 345})),
+      objects(new ObjectList(cmbTDSRenamer)) {
+    cmbTDSRenamer->setModel(objects);
     cmbTDSRenamer->setAccessibleName("Object");
     lblTDSRenamer = AddLabel(frame, "lblTDSRenamer", "", {2700, 255, 4695, 195});
     txtTDSRenamer = Placed(new QLineEdit(&frame), "txtTDSRenamer", {180, 660, 5520, 345});
@@ -42,6 +66,8 @@ RenamerPanel::RenamerPanel(ucFrame& frame) {
     QObject::connect(btnTDSRenamer, &QPushButton::clicked, btnTDSRenamer, [this] { btnTDSRenamer_Click(); });
     QObject::connect(txtTDSRenamer, &QLineEdit::returnPressed, btnTDSRenamer,
                      [this] { btnTDSRenamer_Click(); });
+    if (iDocumentKind == DocumentKinds::Track)
+        Refresh3DSRenamer();
 }
 
 void RenamerPanel::Refresh3DSRenamer() {
@@ -49,9 +75,8 @@ void RenamerPanel::Refresh3DSRenamer() {
     {
         // Filling the list is not yet a choice.
         const QSignalBlocker blocker(cmbTDSRenamer);
-        cmbTDSRenamer->clear();
-        for (int number = 1; number <= count; ++number)
-            cmbTDSRenamer->addItem(QString("Object %1").arg(number, 2, 10, QLatin1Char('0')));
+        objects->SetCount(count);
+        cmbTDSRenamer->setCurrentIndex(count >= 1 ? 0 : -1);
     }
     for (QWidget* const control :
          std::initializer_list<QWidget*>{cmbTDSRenamer, txtTDSRenamer, chkTDSRenamer, btnTDSRenamer})

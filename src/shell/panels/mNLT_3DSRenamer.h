@@ -23,12 +23,15 @@ public:
     void Refresh3DSRenamer();
 
 private:
+    class ObjectList;
+
     void cmbTDSRenamer_Click();
     void btnTDSRenamer_Click();
     /// The name of the chosen object; nothing if the track has no such object.
     QString ChosenName() const;
 
     QComboBox* cmbTDSRenamer;
+    ObjectList* objects;
     QLabel* lblTDSRenamer;
     QLineEdit* txtTDSRenamer;
     QCheckBox* chkTDSRenamer;
