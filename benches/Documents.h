@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Text.h"
 #include "element/mNoLimits_ElementIO_1_3.h"
 #include "track/mNoLimits_TrackIO_1_3.h"
 
@@ -43,7 +44,7 @@ public:
         });
         Fill(nodes / 16, t.SceneryObjects.Count, t.SceneryObjects.Items, [&] {
             SceneryObject object;
-            object.FileName = "harbour_crane_" + std::to_string(Below(30)) + ".3ds";
+            object.FileName = TextOf("harbour_crane_" + std::to_string(Below(30)) + ".3ds");
             object.VectorA = Place();
             return object;
         });
