@@ -178,7 +178,8 @@ FileResult CreateFolders(const FilePath& path) {
         return above;
     std::error_code error;
     Files().CreateFolder(path, error);
-    return error ? Failed("cannot be created", error) : FileResult{};
+    const bool isThere = !error || Files().Status(path).What == Kind::Folder; // by another process, perhaps
+    return isThere ? FileResult{} : Failed("cannot be created", error);
 }
 
 } // namespace railwright

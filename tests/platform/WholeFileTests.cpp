@@ -108,4 +108,15 @@ TEST(WholeFile, KeepsTheNewContentIfTheOldFileIsLost) {
     }
 }
 
+TEST(WholeFile, AFolderThatAnotherProcessMakesMeanwhileIsWelcome) {
+    const TemporaryFolder folder;
+    std::filesystem::create_directory(folder.File("made"));
+    WriteBytes(folder.File("file"), Old);
+    for (const auto& [name, isWelcome] : {std::pair("made", true), {"file", false}}) {
+        FailingFiles files;
+        files.FailAt = 1; // the first look does not find it
+        EXPECT_EQ(CreateFolders(folder.Inside(name)).Done, isWelcome);
+    }
+}
+
 } // namespace railwright::testing
