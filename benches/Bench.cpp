@@ -151,7 +151,7 @@ void Check() {
     ReadWithQt();
     const auto same = [](const auto& read, std::int64_t count) { return read.size() == count; };
     const BezierNode& last = *(Track.BezierCurve.Nodes.end() - 2); // one more than counted was read
-    const QString model = QString::fromStdString((Track.SceneryObjects.Items.end() - 2)->FileName);
+    const QString model = QString::fromStdString(BytesOf((Track.SceneryObjects.Items.end() - 2)->FileName));
     Must(same(qtTrack.List<BezierNode>(), Track.BezierCurve.NodeCount) &&
              same(qtTrack.List<TrackSegment>(), Track.SegmentList.SegmentCount) &&
              same(qtTrack.List<QList<PreFabSupport>>(), Track.PreFabSupports.NodeCount) &&

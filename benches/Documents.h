@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Text.h"
 #include "element/mNoLimits_ElementIO_1_3.h"
 #include "track/mNoLimits_TrackIO_1_3.h"
 

@@ -118,6 +118,14 @@ const CodePage& Windows1252() {
     return page;
 }
 
+text TextOf(std::string_view bytes) {
+    return {bytes.begin(), bytes.end()};
+}
+
+std::string BytesOf(TextView characters) {
+    return {characters.begin(), characters.end()};
+}
+
 text LowerCase(text characters, const CodePage& codePage) {
     for (char& character : characters)
         character = static_cast<char>(codePage.Lower[static_cast<unsigned char>(character)]);

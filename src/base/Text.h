@@ -21,6 +21,11 @@ struct CodePage {
 /// Windows-1252. Its five unassigned bytes stand for the control characters of the same number.
 const CodePage& Windows1252();
 
+/// @return the text of which these are the bytes, one for each character.
+text TextOf(std::string_view bytes);
+/// @return the bytes of a text as they are, for the calls of a system.
+std::string BytesOf(TextView characters);
+
 /// @return `characters` in lower case, accented letters included.
 text LowerCase(text characters, const CodePage& codePage);
 

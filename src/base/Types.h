@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace railwright {
 
@@ -12,9 +13,14 @@ using Flag = bool;
 /// are 0. The program carries colours and never looks inside one.
 using ColorValue = std::uint32_t;
 
+/// Makes the strings of documents a type of their own, which does not turn into another by itself.
+struct AnsiTraits : std::char_traits<char> {};
+
 /// A character string of a document: one byte for each character, in the system's ANSI code page. Everything
-/// that reaches a screen or a terminal is UTF-8 in a std::string instead; ToUtf8 and FromUtf8 convert.
-using text = std::string;
+/// that reaches a screen or a terminal is UTF-8 in a std::string instead; the functions of Text.h convert.
+/// Only a literal becomes a text by itself; its bytes are those of the code page.
+using text = std::basic_string<char, AnsiTraits>;
+using TextView = std::basic_string_view<char, AnsiTraits>;
 
 /// A three-dimensional point or direction in metres. X is east, Y is up, Z is south.
 struct Vector3 {

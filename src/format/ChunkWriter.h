@@ -100,7 +100,7 @@ private:
 
     void Long(std::int32_t value) { WriteLong(Passed(FileSize::Long), value); }
 
-    void Characters(std::string_view characters) {
+    void Characters(TextView characters) {
         while (!characters.empty()) {
             const std::size_t piece = std::min(characters.size(), window.size());
             std::memcpy(Passed(static_cast<FilePos>(piece)), characters.data(), piece);

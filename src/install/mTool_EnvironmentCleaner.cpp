@@ -1,6 +1,7 @@
 #include "install/mTool_EnvironmentCleaner.h"
 
 #include "base/FileName.h"
+#include "base/Text.h"
 #include "install/mINI.h"
 #include "install/modFileIO.h"
 #include "platform/CodePage.h"
@@ -16,14 +17,14 @@ namespace {
 
 constexpr std::string_view EnvironmentExtension = ".env";
 constexpr const char* TextureKey = ".texture.path";
-constexpr std::string_view EndOfLine = "\r\n";
+constexpr TextView EndOfLine = "\r\n";
 constexpr const char* Environments = "Environments";
 constexpr const char* EnvironmentsFolder = "Environments\\";
 constexpr const char* UnusedFolder = "__Unused Files__";
 /// While a run organizes environments, this file names theirs. No texture can have that name, because no
 /// setting holds an equals sign.
 constexpr const char* UnfinishedList = "~unfinished=";
-constexpr std::string_view ListHead = "Railwright has not finished organizing these environments:";
+constexpr TextView ListHead = "Railwright has not finished organizing these environments:";
 /// Stands behind each piece of the list, and in no name.
 constexpr char ListSeparator = '/';
 
@@ -43,7 +44,7 @@ text ReplacedIgnoringCase(const text& in, const text& piece, const text& by) {
 using Pieces = std::map<text, text, std::less<>>;
 
 /// @return the longest piece that `rest` begins with.
-Pieces::const_iterator LongestAt(std::string_view rest, const Pieces& pieces) {
+Pieces::const_iterator LongestAt(TextView rest, const Pieces& pieces) {
     // It sorts before `rest`, and so does all that stands between them and has as much in common with it.
     for (auto next = pieces.upper_bound(rest); next != pieces.begin(); next = pieces.upper_bound(rest)) {
         const text& nearest = (--next)->first;
@@ -56,12 +57,12 @@ Pieces::const_iterator LongestAt(std::string_view rest, const Pieces& pieces) {
 
 /// Replaces each of some pieces, wherever it stands, by what belongs to it. Where several begin, the longest
 /// is taken, and nothing is replaced twice.
-text ReplacedAtOnce(std::string_view in, const Pieces& pieces) {
+text ReplacedAtOnce(TextView in, const Pieces& pieces) {
     text replaced;
     while (!in.empty()) {
         const auto piece = LongestAt(in, pieces);
         const bool isNone = piece == pieces.end();
-        replaced += isNone ? in.substr(0, 1) : std::string_view(piece->second);
+        replaced += isNone ? in.substr(0, 1) : TextView(piece->second);
         in.remove_prefix(isNone ? 1 : piece->first.size());
     }
     return replaced;
@@ -119,7 +120,7 @@ FileResult ReadList(const FilePath& list, std::set<FileName>& names) {
     std::size_t end = 0;
     for (std::size_t at = head.size(); read && (end = content.find(ListSeparator, at)) != text::npos;
          at = end + 1)
-        names.emplace(content.substr(at, end - at));
+        names.emplace(BytesOf(content.substr(at, end - at)));
     return read;
 }
 
@@ -131,7 +132,7 @@ FileResult WriteList(const FilePath& list, const std::set<FileName>& names) {
     }
     text content = text(ListHead) + ListSeparator;
     for (const FileName& name : names)
-        content += name.Native() + ListSeparator;
+        content += TextOf(name.Native()) + ListSeparator;
     return WriteTextFile(list, content);
 }
 

@@ -1,5 +1,7 @@
 #include "install/mWinRegistry.h"
 
+#include "base/Text.h"
+
 #include <array>
 #include <charconv>
 #include <optional>
@@ -38,9 +40,9 @@ private:
 };
 
 /// The digits of a 32-bit value, which lies with its lowest byte first.
-std::string Digits(std::span<const std::uint8_t> bytes) {
-    constexpr std::string_view Hex = "0123456789ABCDEF";
-    std::string digits;
+text Digits(std::span<const std::uint8_t> bytes) {
+    constexpr TextView Hex = "0123456789ABCDEF";
+    text digits;
     for (auto byte = bytes.rbegin(); byte != bytes.rend(); ++byte) {
         digits += Hex[*byte / 16U];
         digits += Hex[*byte % 16U];
@@ -50,7 +52,7 @@ std::string Digits(std::span<const std::uint8_t> bytes) {
 
 text AsText(const RegistryInput& value) {
     const auto* const number = std::get_if<std::int32_t>(&value);
-    return number == nullptr ? std::get<text>(value) : std::to_string(*number);
+    return number == nullptr ? std::get<text>(value) : TextOf(std::to_string(*number));
 }
 
 /// @return nothing for a text that is no 32-bit number.
@@ -84,7 +86,7 @@ bool StoreNumber(registry::Handle key, const std::string& name, const RegistryIn
 } // namespace
 
 bool ReadRegistryValue(std::uint32_t hRoot, const std::string& sKey, const std::string& sValueName,
-                       std::string& sResult) {
+                       text& sResult) {
     const OpenedKey key(hRoot, sKey);
     if (!key.IsOpen())
         return false;

@@ -26,7 +26,7 @@ using RegistryInput = std::variant<text, std::int32_t>;
 /// @param sResult untouched on failure.
 /// @return whether there is such a value of 1024 bytes at most.
 bool ReadRegistryValue(std::uint32_t hRoot, const std::string& sKey, const std::string& sValueName,
-                       std::string& sResult);
+                       text& sResult);
 
 /// Stores a value, and makes its key with those above it where it is missing.
 /// @param iType REG_SZ, REG_BINARY or REG_DWORD. With any other type only the key is made.

@@ -9,7 +9,7 @@
 namespace railwright {
 namespace {
 
-constexpr std::string_view Separators = "\\/";
+constexpr TextView Separators = "\\/";
 
 /// All that stands between the separators of a path.
 std::vector<text> Pieces(const text& path) {
@@ -41,7 +41,7 @@ std::vector<FileName> DocumentPath::Names() const {
 
 bool DocumentPath::StaysBelow() const {
     const std::vector<text> pieces = Pieces(characters);
-    return characters.find_first_of(std::string_view(":\0", 2)) == text::npos &&
+    return characters.find_first_of(TextView(":\0", 2)) == text::npos &&
            std::find(pieces.begin(), pieces.end(), "..") == pieces.end();
 }
 

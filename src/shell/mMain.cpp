@@ -64,7 +64,7 @@ std::optional<FilePath> SimulatorFolder() {
     const FilePath beside = ProgramFolder();
     if (FileExists(NameLookup().Find(beside, FileName(SimulatorProgram))))
         return beside;
-    std::string registered;
+    text registered;
     if (ReadRegistryValue(HKEY_CURRENT_USER, "Software\\NoLimits Coasters", "InstPath", registered))
         return FilePath::FromWindowsForm(ToUtf8(registered, SystemCodePage()));
 

@@ -12,7 +12,13 @@ const text EveryByte = [] {
     return all;
 }();
 
+// What is in the code page and what is UTF-8 do not mix unnoticed.
+static_assert(!std::is_constructible_v<std::string, text> && !std::is_constructible_v<text, std::string>);
+static_assert(!std::is_assignable_v<std::string&, text> && !std::is_assignable_v<text&, std::string>);
+static_assert(!std::is_convertible_v<text, std::string_view>);
+
 TEST(Text, EveryByteStandsForItsOwnCharacter) {
+    EXPECT_EQ(TextOf(BytesOf(EveryByte)), EveryByte);
     EXPECT_EQ(FromUtf8(ToUtf8(EveryByte, Windows1252()), Windows1252()), EveryByte);
     // 0x81 is unassigned: the control character of the same number.
     EXPECT_EQ(ToUtf8("A\x80\x81\x82\x8D\x95\x99\x9F\xA0\xDF\xFF", Windows1252()),

@@ -1,5 +1,6 @@
 #include "install/mTool_TrackAssociation.h"
 
+#include "base/Text.h"
 #include "install/mWinRegistry.h"
 #include "tests/support/TestRegistry.h"
 
@@ -42,8 +43,8 @@ protected:
     static Entries Registered() {
         Entries found;
         for (const auto& [key, value] : With())
-            if (std::string read; ReadRegistryValue(HKEY_CLASSES_ROOT, key, "", read))
-                found[key] = read;
+            if (text read; ReadRegistryValue(HKEY_CLASSES_ROOT, key, "", read))
+                found[key] = BytesOf(read);
         return found;
     }
     static void SetAll(std::int16_t doubleClick = 0, std::int16_t icon = 0, const char* iconFile = "") {

@@ -1,5 +1,6 @@
 #include "install/mWinRegistry.h"
 
+#include "base/Text.h"
 #include "tests/support/TestRegistry.h"
 
 #include <gtest/gtest.h>
@@ -28,8 +29,9 @@ protected:
 
     /// @return what reading leaves in a text that was "before"; "failed" in front if there was no value.
     static std::string Read(const std::string& name, const std::string& key = Key) {
-        std::string result = "before";
-        return ReadRegistryValue(HKEY_CURRENT_USER, key, name, result) ? result : "failed, " + result;
+        text result = "before";
+        const bool found = ReadRegistryValue(HKEY_CURRENT_USER, key, name, result);
+        return (found ? "" : "failed, ") + BytesOf(result);
     }
 
     static bool Write(std::uint32_t type, const std::string& name, RegistryInput value) {

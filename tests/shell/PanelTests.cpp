@@ -1,3 +1,4 @@
+#include "base/Text.h"
 #include "element/mNoLimits_ElementIO_1_3.h"
 #include "install/mWinRegistry.h"
 #include "tests/shell/WindowTests.h"
@@ -65,7 +66,7 @@ const ToolCase ToolCases[] = {
 };
 
 /// Opens the track with other objects, as its file names them.
-bool OpenWithObjects(const Program& program, const std::vector<std::string>& names) {
+bool OpenWithObjects(const Program& program, const std::vector<text>& names) {
     LoadTrackFile(FilePath::FromUser(Comet));
     Track.SceneryObjects.Count = static_cast<std::int32_t>(names.size());
     Track.SceneryObjects.Items.assign(names.size() + 1, {});
@@ -186,8 +187,8 @@ void WindowTests::RenamesObjects() {
     auto& field = program.Find<QLineEdit>("txtTDSRenamer");
     const auto& label = program.Find<QLabel>("lblTDSRenamer");
     // The second name is "café.3ds" in another case of letters than the first.
-    const std::vector<std::string> some = {"CAF\xC9.3ds", "caf\xE9.3DS", "tree.3ds"};
-    for (const auto& names : {std::vector<std::string>(), some}) {
+    const std::vector<text> some = {"CAF\xC9.3ds", "caf\xE9.3DS", "tree.3ds"};
+    for (const auto& names : {std::vector<text>(), some}) {
         QVERIFY(OpenWithObjects(program, names));
         QCOMPARE(list.count(), static_cast<int>(names.size()));
         for (const char* const control : {"cmbTDSRenamer", "txtTDSRenamer", "chkTDSRenamer", "btnTDSRenamer"})
@@ -205,13 +206,13 @@ void WindowTests::RenamesObjects() {
     QTest::keyClick(&field, Qt::Key_Return);
     QVERIFY(bDocumentChanged && list.currentIndex() == 0);
     const auto name = [](std::size_t index) { return Track.SceneryObjects.Items[index].FileName + ';'; };
-    QCOMPARE(name(0) + name(1) + name(2), std::string("sub\\\xE9;sub\\\xE9;tree.3ds;"));
+    QCOMPARE(name(0) + name(1) + name(2), text("sub\\\xE9;sub\\\xE9;tree.3ds;"));
     QCOMPARE(label.text() + field.text(), QString("sub\\ésub\\é"));
     QVERIFY(program.Report().contains("   Object 001: sub\\é\n"));
     program.Click("chkTDSRenamer");
     field.setText("alone.3ds");
     program.Click("btnTDSRenamer");
-    QCOMPARE(name(0) + name(1), std::string("alone.3ds;sub\\\xE9;"));
+    QCOMPARE(name(0) + name(1), text("alone.3ds;sub\\\xE9;"));
 }
 
 void WindowTests::ChoosesTheFileAssociation() {
@@ -256,9 +257,9 @@ void WindowTests::ChoosesTheFileAssociation() {
     program.Click("btnNLAssoc");
     QCOMPARE(program.Marks("chkNLAssocRtClk", 4), QString("xX--"));
     const auto registered = [](const std::string& key) {
-        std::string value = "none";
+        text value = "none";
         ReadRegistryValue(HKEY_CLASSES_ROOT, "NoLimits.Trackfile\\" + key, "", value);
-        return value;
+        return BytesOf(value);
     };
     QCOMPARE(registered("Shell"), std::string("Ride"));
     QCOMPARE(registered("Shell\\Ride\\Command"), std::string("C:\\Rides\\NoLimitsSimulator.exe -s \"%1\""));

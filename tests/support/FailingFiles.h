@@ -26,9 +26,8 @@ public:
     bool EndsSuddenly = false;                       // instead of a failure the process ends at that call
     bool LosesTheOldFile =
         false; // an exchange breaks off in the middle: the old file is gone, the new one has no name
-    bool AnotherMakesFolders = false; // each folder a moment before
-    bool WritesNothing = false;       // a write that fails gives no error, it only writes nothing
-    std::errc OpenNewError = {};      // what OpenNew gives; no error for the system's own answer
+    bool WritesNothing = false;  // a write that fails gives no error, it only writes nothing
+    std::errc OpenNewError = {}; // what OpenNew gives; no error for the system's own answer
     std::vector<FilePath> Aside = SystemFiles().TemporaryFolders(); // for copies
     std::vector<std::string> Log = {}; // each exchange, and each folder that is flushed
 
@@ -49,11 +48,7 @@ public:
     }
     void Move(Name from, Name to, Error e) override { Fails(e) ? void() : real.Move(from, to, e); }
     void Delete(Name path, Error e) override { Fails(e) ? void() : real.Delete(path, e); }
-    void CreateFolder(Name path, Error e) override {
-        if (AnotherMakesFolders)
-            real.CreateFolder(path, e);
-        Fails(e) ? void() : real.CreateFolder(path, e);
-    }
+    void CreateFolder(Name path, Error e) override { Fails(e) ? void() : real.CreateFolder(path, e); }
     std::vector<FileName> List(Name path, Error e) override {
         std::vector<FileName> names;
         if (!Fails(e))

@@ -20,7 +20,7 @@ namespace {
 std::string Separator(nl_item item, locale_t locale) {
     const std::string own = nl_langinfo_l(item, locale);
     const bool isUtf8 = std::string_view(nl_langinfo_l(CODESET, locale)) == "UTF-8";
-    const std::string utf8 = isUtf8 ? own : ToUtf8(own, Windows1252());
+    const std::string utf8 = isUtf8 ? own : ToUtf8(TextOf(own), Windows1252());
     return utf8 == "\u202F" || utf8 == "\u2009" ? "\u00A0" : utf8;
 }
 

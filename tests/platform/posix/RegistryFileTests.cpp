@@ -1,3 +1,4 @@
+#include "base/Text.h"
 #include "install/mWinRegistry.h"
 #include "platform/posix/RegistryText.h"
 #include "tests/support/FailingFiles.h"
@@ -32,15 +33,15 @@ static bool Write(std::uint32_t type, const char* name, RegistryInput value) {
 }
 
 static std::string Read(const std::string& key, const std::string& name) {
-    std::string result;
-    return ReadRegistryValue(HKEY_CLASSES_ROOT, key, name, result) ? result : "none";
+    text result;
+    return ReadRegistryValue(HKEY_CLASSES_ROOT, key, name, result) ? BytesOf(result) : "none";
 }
 
 const std::string Head = "Windows Registry Editor Version 5.00\r\n\r\n";
 
 TEST(RegistryFile, IsWrittenAsTheEditorWritesIt) {
     const TestRegistry own;
-    EXPECT_TRUE(Write(REG_BINARY, "z", std::string(30, '\x01')));
+    EXPECT_TRUE(Write(REG_BINARY, "z", text(30, '\x01')));
     EXPECT_TRUE(Write(REG_DWORD, "d", 0x1A2B));
     EXPECT_TRUE(Write(REG_SZ, "", "C:\\x \"%1\""));
     EXPECT_TRUE(Write(REG_SZ, "q\"\\", "a\nb"));
@@ -149,7 +150,7 @@ TEST(RegistryFile, LosesNothingIfTwoChangeItAtOnce) {
         [](const char* name) { // to 200, in a value of that name; 0 if each round found the last
             const FailingFiles noWaiting;
             for (int round = 1; round <= 200; ++round)
-                if (!Write(REG_SZ, name, std::to_string(round)) ||
+                if (!Write(REG_SZ, name, TextOf(std::to_string(round))) ||
                     Read("a\\b", name) != std::to_string(round))
                     return 1;
             return 0;
