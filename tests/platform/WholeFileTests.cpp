@@ -43,6 +43,7 @@ TEST(WholeFile, SaveThatFailsLeavesWhatWasThere) {
             EXPECT_TRUE(files.Stays || files.FailAt == 18 || aside.Names().empty());
             const bool replaced = saved && !inPlace && !answered; // then the new name goes to the disk
             EXPECT_TRUE(!replaced || files.Log == (Names{"exchange", folder.Inside("a").Folder().Native()}));
+            EXPECT_TRUE(!inPlace || !saved || files.Log == Names{files.Aside[0].Native()}); // with the copy
         }
 }
 

@@ -45,6 +45,7 @@ TEST(RegistryFile, IsWrittenAsTheEditorWritesIt) {
     EXPECT_TRUE(Write(REG_SZ, "", "C:\\x \"%1\""));
     EXPECT_TRUE(Write(REG_SZ, "q\"\\", "a\nb"));
     EXPECT_TRUE(Write(REG_BINARY, "empty", ""));
+    EXPECT_TRUE(Write(REG_SZ, "no NUL", ""));
     RegistryInput other = "x";
     EXPECT_TRUE(WriteRegistryValue(HKEY_CLASSES_ROOT, ".nltrack", REG_SZ, "", other));
     // A line takes 80 characters at most: 8 before the bytes and 23 times 3 are 77, and with the backslash
@@ -57,6 +58,7 @@ TEST(RegistryFile, IsWrittenAsTheEditorWritesIt) {
                                           "@=\"x\"\r\n\r\n[HKEY_CLASSES_ROOT\\a]\r\n\r\n"
                                           "[HKEY_CLASSES_ROOT\\a\\B]\r\n@=\"C:\\\\x \\\"%1\\\"\"\r\n"
                                           "\"d\"=dword:00001a2b\r\n\"empty\"=hex:\r\n"
+                                          "\"no NUL\"=hex(1):\r\n"
                                           "\"q\\\"\\\\\"=hex(1):61,00,0a,00,62,00,00,00\r\n\"z\"=hex:" +
                                           first + "\\\r\n  01,01,01,01,01,01,01\r\n\r\n"));
     EXPECT_EQ(Read("A\\b", ""), "C:\\x \"%1\"");
@@ -103,6 +105,22 @@ TEST(RegistryFile, IsReadAsTheEditorExportsIt) {
         ASSERT_NE(key, nullptr);
         EXPECT_EQ(RegistryTree::FindValue(*key, u"Bytes")->Data, (Bytes{1, 2, 10}));
     }
+}
+
+TEST(RegistryFile, HasRootsThatStayAndAsManyLevelsAsTheRegistry) {
+    for (const std::size_t levels : {511U, 512U}) { // below the root, which is one, too
+        std::string path;
+        for (std::size_t level = 0; level < levels; ++level)
+            path += "\\k";
+        const TestRegistry own;
+        Put(own, Wide(Head + "[HKEY_CLASSES_ROOT" + path + "]\r\n@=\"deep\"\r\n"));
+        EXPECT_EQ(Read(path.substr(1), ""), levels == 511 ? "deep" : "none");
+    }
+    const TestRegistry own;
+    RegistryInput value = "x";
+    EXPECT_TRUE(WriteRegistryValue(HKEY_CLASSES_ROOT, "", REG_SZ, "", value));
+    EXPECT_FALSE(DeleteRegistryKey(HKEY_CLASSES_ROOT, ""));
+    EXPECT_EQ(Read("", ""), "x");
 }
 
 TEST(RegistryFile, TextsInHexAreWideInTheNewVersionOnly) {
