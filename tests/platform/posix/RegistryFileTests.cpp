@@ -46,6 +46,7 @@ TEST(RegistryFile, IsWrittenAsTheEditorWritesIt) {
     EXPECT_TRUE(Write(REG_SZ, "q\"\\", "a\nb"));
     EXPECT_TRUE(Write(REG_BINARY, "empty", ""));
     EXPECT_TRUE(Write(REG_SZ, "no NUL", ""));
+    EXPECT_TRUE(Write(REG_SZ, "own NUL", std::string("a\0", 2)));
     RegistryInput other = "x";
     EXPECT_TRUE(WriteRegistryValue(HKEY_CLASSES_ROOT, ".nltrack", REG_SZ, "", other));
     // A line takes 80 characters at most: 8 before the bytes and 23 times 3 are 77, and with the backslash
@@ -58,7 +59,7 @@ TEST(RegistryFile, IsWrittenAsTheEditorWritesIt) {
                                           "@=\"x\"\r\n\r\n[HKEY_CLASSES_ROOT\\a]\r\n\r\n"
                                           "[HKEY_CLASSES_ROOT\\a\\B]\r\n@=\"C:\\\\x \\\"%1\\\"\"\r\n"
                                           "\"d\"=dword:00001a2b\r\n\"empty\"=hex:\r\n"
-                                          "\"no NUL\"=hex(1):\r\n"
+                                          "\"no NUL\"=hex(1):\r\n\"own NUL\"=\"a\"\r\n"
                                           "\"q\\\"\\\\\"=hex(1):61,00,0a,00,62,00,00,00\r\n\"z\"=hex:" +
                                           first + "\\\r\n  01,01,01,01,01,01,01\r\n\r\n"));
     EXPECT_EQ(Read("A\\b", ""), "C:\\x \"%1\"");
