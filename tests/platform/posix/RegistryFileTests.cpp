@@ -140,6 +140,13 @@ TEST(RegistryFile, TextsInHexAreWideInTheNewVersionOnly) {
     const TestRegistry own;
     Put(own, Bytes(older.begin(), older.end()));
     EXPECT_EQ(Read("k", ""), "C\xE9");
+    for (const char type : {'1', '2', '7', '3'}) { // the last is of bytes
+        std::string file = older;
+        file[file.find("(1)") + 1] = type;
+        auto tree = ParseRegistry(Bytes(file.begin(), file.end()));
+        const Bytes& data = RegistryTree::FindValue(*tree.value().Find(u"HKEY_CLASSES_ROOT\\k"), u"")->Data;
+        EXPECT_EQ(data, type == '3' ? (Bytes{0x43, 0xE9, 0}) : (Bytes{0x43, 0, 0xE9, 0, 0, 0})) << type;
+    }
 }
 
 TEST(RegistryFile, StaysWholeWhateverFails) {
