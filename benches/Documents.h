@@ -113,7 +113,7 @@ private:
 
     SceneryObject Object() {
         SceneryObject object;
-        object.FileName = "harbour_crane_" + std::to_string(Below(30)) + ".3ds";
+        object.FileName = TextOf("harbour_crane_" + std::to_string(Below(30)) + ".3ds");
         object.VectorA = Place();
         return object;
     }

@@ -145,9 +145,10 @@ void InUtf8(const text& characters, const CodePage& codePage,
     constexpr std::size_t longest = 4096;
     const bool hasAscii = HasAscii(codePage);
     for (std::size_t at = 0; at < characters.size(); at += longest) {
-        const std::string_view piece = std::string_view(characters).substr(at, longest);
-        if (hasAscii && IsAscii(piece)) // nearly always
-            take(piece);
+        const TextView piece = TextView(characters).substr(at, longest);
+        const std::string_view bytes(piece.data(), piece.size());
+        if (hasAscii && IsAscii(bytes)) // nearly always
+            take(bytes);
         else
             take(ToUtf8(text(piece), codePage));
     }

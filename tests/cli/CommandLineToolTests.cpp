@@ -94,6 +94,7 @@ TEST_F(CommandLine, TellsWhatIsNoCommandAndInOneLineWhatIsWrongWithAFile) {
         const Outcome outcome = Call(arguments);
         EXPECT_TRUE(outcome.Status == 1 && outcome.Out.empty()) << expected;
         EXPECT_TRUE(outcome.Errors.starts_with("railwright-cli: " + expected)) << outcome.Errors;
+        EXPECT_FALSE(outcome.Errors.ends_with(" at byte 0\n"));
         EXPECT_EQ(Split(outcome.Errors, '\n').size(), 1U);
     }
     EXPECT_EQ(folder.Names(), (Names{"broken.nltrack", "file", "taken.nltrack"}));
@@ -223,6 +224,7 @@ TEST_F(CommandLine, RenamesObjectsByTheirNumberAndThoseOfTheSameName) {
             flags += object["FileName"] == "a,b,\u00E9?" ? '1' : '0';
         EXPECT_EQ(flags, renamed) << step;
     }
+    EXPECT_EQ(Call({"apply", saved, "rename=5,abcde", "-o", output}).Status, 0); // the shortest of names
     EXPECT_EQ(Call({"apply", saved, "rename=6,abcde", "-o", output}).Status, 1);
 }
 
@@ -263,6 +265,8 @@ TEST_F(CommandLine, ReportsPrintsDrawsAndDumps) {
     EXPECT_EQ(document["TrackInfo"]["AuthorComments"], "\u00E9\u20AC\"\n");
     EXPECT_EQ(document["PreFabSupports"]["Nodes"].at(1)["Supports"].at(1)["SupportType"], 4);
     EXPECT_EQ(document["Terrain"]["Heights"], (Json{{0, 10, 20}, {1, 11, 21}}));
+    Track.Terrain.GridSizeZ = 0, Track.Terrain.Heights = {};
+    EXPECT_EQ(Dump(Saved())["Terrain"]["Heights"], Json::array()); // no columns of nothing
     EXPECT_EQ(Dump(element)["Nodes"].size(), Element.Nodes.size());
 }
 

@@ -169,10 +169,14 @@ TEST_F(Previews, DrawATrackOverItsGroundInChordsColouredByTheirFirstSample) {
     DrawElement();
     EXPECT_EQ(Count(" ffffff"), 2); // of the other nodes the last one is left
     // Finite, but with an extent that is not, so that the scale throws these nodes beyond every number.
-    SetStraightElement({{}, {-3e38F, 0, 0}, {3e38F, 0, 0}, {}});
-    DrawElement();
-    EXPECT_EQ(Count("inf"), 0);
-    EXPECT_EQ(Count(" ffffff"), 4); // in the side view all three lie on the axis
+    for (const auto& [axis, drawn] : {std::pair(&Vector3::X, 4), {&Vector3::Y, 4}, {&Vector3::Z, 2}}) {
+        Vector3 far;
+        far.*axis = 3e38F;
+        SetStraightElement({{}, far, {-far.X, -far.Y, -far.Z}, {}});
+        DrawElement();
+        EXPECT_EQ(Count("inf"), 0);
+        EXPECT_EQ(Count(" ffffff"), drawn); // a view along the axis shows all three, another the last
+    }
 }
 
 TEST_F(Previews, DrawAnElementToScaleOverItsGridAndItsNodesLast) {

@@ -1,6 +1,7 @@
 #include "platform/FilePath.h"
 
 #include "platform/NameLookup.h"
+#include "tests/support/FailingFiles.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -54,6 +55,10 @@ TEST(NameLookup, FindsNamesInAnyCaseAndTheSameEachTime) {
     for (const auto& [path, place] : cases)
         EXPECT_EQ(lookup.Find(start, DocumentPath(path)), folder.Inside(place)) << path;
     EXPECT_TRUE(lookup.IsComplete());
+    FailingFiles files;
+    files.FailAt = 1; // the folder is there and cannot be listed
+    NameLookup unsure;
+    EXPECT_TRUE(unsure.Find(start, FileName("Sky")) == folder.Inside("Sky") && !unsure.IsComplete());
 }
 
 } // namespace railwright::testing

@@ -46,6 +46,7 @@ static void ExpectNothingLost(const Situation& now, int failAt, bool stays, cons
     EXPECT_TRUE(stays || failAt == 18 || aside.Names().empty());
     const bool replaced = saved && !now.IsInPlace && !answered; // then the new name goes to the disk
     EXPECT_TRUE(!replaced || files.Log == (Names{"exchange", folder.Inside("a").Folder().Native()}));
+    EXPECT_TRUE(!now.IsInPlace || !saved || files.Log == Names{files.Aside[0].Native()}); // with the copy
 }
 
 TEST(WholeFile, SaveThatFailsLeavesWhatWasThere) {

@@ -46,6 +46,8 @@ TEST(RegistryFile, IsWrittenAsTheEditorWritesIt) {
     EXPECT_TRUE(Write(REG_SZ, "", "C:\\x \"%1\""));
     EXPECT_TRUE(Write(REG_SZ, "q\"\\", "a\nb"));
     EXPECT_TRUE(Write(REG_BINARY, "empty", ""));
+    EXPECT_TRUE(Write(REG_SZ, "no NUL", ""));
+    EXPECT_TRUE(Write(REG_SZ, "own NUL", text("a\0", 2)));
     RegistryInput other = "x";
     EXPECT_TRUE(WriteRegistryValue(HKEY_CLASSES_ROOT, ".nltrack", REG_SZ, "", other));
     // A line takes 80 characters at most: 8 before the bytes and 23 times 3 are 77, and with the backslash
@@ -58,6 +60,7 @@ TEST(RegistryFile, IsWrittenAsTheEditorWritesIt) {
                                           "@=\"x\"\r\n\r\n[HKEY_CLASSES_ROOT\\a]\r\n\r\n"
                                           "[HKEY_CLASSES_ROOT\\a\\B]\r\n@=\"C:\\\\x \\\"%1\\\"\"\r\n"
                                           "\"d\"=dword:00001a2b\r\n\"empty\"=hex:\r\n"
+                                          "\"no NUL\"=hex(1):\r\n\"own NUL\"=\"a\"\r\n"
                                           "\"q\\\"\\\\\"=hex(1):61,00,0a,00,62,00,00,00\r\n\"z\"=hex:" +
                                           first + "\\\r\n  01,01,01,01,01,01,01\r\n\r\n"));
     EXPECT_EQ(Read("A\\b", ""), "C:\\x \"%1\"");
@@ -106,6 +109,22 @@ TEST(RegistryFile, IsReadAsTheEditorExportsIt) {
     }
 }
 
+TEST(RegistryFile, HasRootsThatStayAndAsManyLevelsAsTheRegistry) {
+    for (const std::size_t levels : {511U, 512U}) { // below the root, which is one, too
+        std::string path;
+        for (std::size_t level = 0; level < levels; ++level)
+            path += "\\k";
+        const TestRegistry own;
+        Put(own, Wide(Head + "[HKEY_CLASSES_ROOT" + path + "]\r\n@=\"deep\"\r\n"));
+        EXPECT_EQ(Read(path.substr(1), ""), levels == 511 ? "deep" : "none");
+    }
+    const TestRegistry own;
+    RegistryInput value = "x";
+    EXPECT_TRUE(WriteRegistryValue(HKEY_CLASSES_ROOT, "", REG_SZ, "", value));
+    EXPECT_FALSE(DeleteRegistryKey(HKEY_CLASSES_ROOT, ""));
+    EXPECT_EQ(Read("", ""), "x");
+}
+
 TEST(RegistryFile, TextsInHexAreWideInTheNewVersionOnly) {
     const std::pair<Bytes, const char*> cases[] = {
         {Wide(Head + "[HKEY_CLASSES_ROOT\\k]\r\n@=hex(1):43,00,e9,00,00,4e,00,00\r\n"), "C\xE9?"},
@@ -122,6 +141,13 @@ TEST(RegistryFile, TextsInHexAreWideInTheNewVersionOnly) {
     const TestRegistry own;
     Put(own, Bytes(older.begin(), older.end()));
     EXPECT_EQ(Read("k", ""), "C\xE9");
+    for (const char type : {'1', '2', '7', '3'}) { // the last is of bytes
+        std::string file = older;
+        file[file.find("(1)") + 1] = type;
+        auto tree = ParseRegistry(Bytes(file.begin(), file.end()));
+        const Bytes& data = RegistryTree::FindValue(*tree.value().Find(u"HKEY_CLASSES_ROOT\\k"), u"")->Data;
+        EXPECT_EQ(data, type == '3' ? (Bytes{0x43, 0xE9, 0}) : (Bytes{0x43, 0, 0xE9, 0, 0, 0})) << type;
+    }
 }
 
 TEST(RegistryFile, StaysWholeWhateverFails) {

@@ -5,6 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <thread>
+
 #include <fcntl.h>
 #include <grp.h>
 #include <sys/file.h>
@@ -75,6 +78,7 @@ TEST(WholeFile, RefusesInWordsWhatIsNoFileAndReportsFullDisks) {
                                        {"loop", "Too many levels of symbolic links"},
                                        {"missing\\a", "No such file or directory"},
                                        {"", "names no file"},
+                                       {"disk\\.", "names no file"},
                                        {"disk\\..", "names no file"}}) {
         const FileResult saved = WriteWholeFile(folder.Inside(name), New);
         EXPECT_TRUE(!saved && saved.Reason.ends_with(reason)) << name << ": " << saved.Reason;
@@ -165,9 +169,13 @@ TEST(WholeFileDeathTest, GivesNobodyMoreRights) {
             std::_Exit(2);
         std::_Exit(WriteWholeFile(folder.Inside("a"), New) ? 0 : 1);
     };
+    const std::string leftover = folder.File(".railwright-12-34.tmp"); // of another user's save
+    WriteBytes(leftover, Old);
+    chmod(leftover.c_str(), 0666);
     for (const auto& [group, mode, owner] :
          {std::tuple(60U, 0660U, 65534U), // the group can be kept,
-          {60U, 0064U, 1U},               // but the owner would then be one of them
+          {60U, 0064U, 1U},               // but the owner would then be one of them,
+          {60U, 0661U, 1U},               // or one of the others
           {61U, 0666U, 1U}}) {            // nothing can, so that it is written in place
         WriteBytes(file, Old);
         ASSERT_TRUE(chown(file.c_str(), 1, 60) == 0 && chmod(file.c_str(), mode) == 0);
@@ -176,6 +184,10 @@ TEST(WholeFileDeathTest, GivesNobodyMoreRights) {
         EXPECT_EQ(ReadBytes(file), New);
         fs::remove(file);
     }
+    EXPECT_TRUE(fs::exists(leftover));
+    std::error_code error; // a copy is for its owner alone
+    EXPECT_TRUE(Files().OpenCopy(folder.Inside("copy"), error));
+    EXPECT_EQ(RightsOf(folder.File("copy")).Mode, 0600U);
 }
 
 TEST(WholeFile, ANewFileHasNoNameAndLeftoversAreClearedAway) {
@@ -223,7 +235,19 @@ TEST(WholeFile, TwoThatOverwriteInPlaceDoNotMixTheirContents) {
         EXPECT_TRUE(found == contents[0] || found == contents[1]) << round;
     }
     EXPECT_TRUE(aside.Names().empty());
-    const int held = open(folder.File("a").c_str(), O_RDONLY); // for ever
+    // While it waits another file takes the name, and is the one to be overwritten.
+    int held = open(folder.File("a").c_str(), O_RDONLY);
+    ASSERT_EQ(flock(held, LOCK_EX), 0);
+    WriteBytes(folder.File("b"), Old);
+    std::thread other([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        fs::rename(folder.File("b"), folder.File("a"));
+        close(held);
+    });
+    EXPECT_TRUE(save(1));
+    other.join();
+    EXPECT_EQ(ReadBytes(folder.File("a")), contents[1]);
+    held = open(folder.File("a").c_str(), O_RDONLY); // for ever
     ASSERT_EQ(flock(held, LOCK_EX), 0);
     EXPECT_EQ(save(0).Reason, "is being written by another program");
     close(held);
@@ -261,6 +285,7 @@ TEST(WholeFile, NamesAreTakenJustAsTheyAreWritten) {
     EXPECT_EQ(FileLength(FilePath::FromUser(folder.File("Tracks/a\\..\\b"))), 180);
     EXPECT_TRUE(WriteWholeFile(FilePath::FromUser(folder.File("Tracks/A\\..\\b")), New));
     EXPECT_EQ(ReadBytes(folder.File("Tracks/a\\..\\b")), Old);
+    EXPECT_EQ(Files().Status(folder.Inside(std::string(300, 'a'))).What, FileStatus::Kind::Missing);
     Bytes read;
     EXPECT_TRUE(!ReadWholeFile(folder.Inside("none"), read) && read.empty());
     EXPECT_TRUE(CreateFolders(FilePath::FromUser(folder.File("a//b\\c//"))));
