@@ -66,7 +66,7 @@ RenamerPanel::RenamerPanel(ucFrame& frame)
     QObject::connect(btnTDSRenamer, &QPushButton::clicked, btnTDSRenamer, [this] { btnTDSRenamer_Click(); });
     QObject::connect(txtTDSRenamer, &QLineEdit::returnPressed, btnTDSRenamer,
                      [this] { btnTDSRenamer_Click(); });
-    if (iDocumentKind == DocumentKinds::Track)
+    if (iDocumentKind == CurrentDocument::Track)
         Refresh3DSRenamer();
 }
 

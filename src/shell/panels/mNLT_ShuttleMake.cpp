@@ -27,7 +27,7 @@ ShuttleMakePanel::ShuttleMakePanel(ucFrame& frame)
     : btnTShuttle(AddButton(frame, "btnTShuttle", "Make Shuttle", {180, 180, 2355, 375})) {
     AddHelpText(frame, "Label8", HelpText, {180, 720, 7215, 5175});
     QObject::connect(btnTShuttle, &QPushButton::clicked, btnTShuttle, [this] { btnTShuttle_Click(); });
-    if (iDocumentKind == DocumentKinds::Track)
+    if (iDocumentKind == CurrentDocument::Track)
         UpdateShuttleButton();
 }
 
