@@ -211,7 +211,8 @@ TEST_F(TrackFile, HasNamesOfItsOwnAndALengthWithinLimits) {
     EXPECT_EQ(FileOf(TrackDocument{}).size(), LengthOfEmpty);
     Track.WoodCatwalks = {{}, 2, {{{}, 0x7FFFFFFF}, {{}, 0x7FFFFFFF}}}; // beyond what a long can count
     EXPECT_FALSE(SaveTrackFile(folder.Inside("large")));
-    Track.WoodCatwalks.Items[1].ExtraBytes -= static_cast<std::int32_t>(ComputeChunkSizes() - 0x8000'0000);
+    Track.WoodCatwalks.Items = {{{}, 0}, {{}, 0}};
+    Track.WoodCatwalks.Items[0].ExtraBytes = static_cast<std::int32_t>(0x8000'0000 - ComputeChunkSizes());
     EXPECT_EQ(ComputeChunkSizes(), 0x8000'0000); // one byte too many
     EXPECT_FALSE(SaveTrackFile(folder.Inside("large")));
 }
