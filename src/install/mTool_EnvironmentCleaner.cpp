@@ -11,6 +11,7 @@
 #include <map>
 #include <set>
 #include <string_view>
+#include <utility>
 
 namespace railwright {
 namespace {
@@ -138,8 +139,8 @@ FileResult WriteList(const FilePath& list, const std::set<FileName>& names) {
 
 /// Where the environments are.
 struct Installation {
-    explicit Installation(const FilePath& sNoLimitsPath)
-        : sNLFolder(sNoLimitsPath),
+    explicit Installation(FilePath sNoLimitsPath)
+        : sNLFolder(std::move(sNoLimitsPath)),
           sEnvFolder(Names.Find(sNLFolder, FileName(Environments))),
           Unfinished(Names.Find(sEnvFolder, FileName(UnfinishedList))) {}
 

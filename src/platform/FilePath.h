@@ -20,6 +20,8 @@ public:
     /// @return the name as it can stand in a line of output.
     std::string Shown() const;
 
+    // The checker takes the compiler's own comparison with zero for a null pointer.
+    // NOLINTNEXTLINE(modernize-use-nullptr)
     auto operator<=>(const FileName&) const = default;
 
 private:
@@ -55,6 +57,7 @@ public:
     FilePath WithEnding(std::string_view ending) const;
     FilePath operator/(const FileName& name) const;
 
+    // NOLINTNEXTLINE(modernize-use-nullptr)
     auto operator<=>(const FilePath&) const = default;
 
 private:

@@ -12,9 +12,12 @@
 namespace railwright {
 
 void LockPatiently(int descriptor, std::error_code& error) {
-    using namespace std::chrono_literals;
-    const auto end = std::chrono::steady_clock::now() + 3s;
-    for (auto wait = 100us; flock(descriptor, LOCK_EX | LOCK_NB) != 0; wait = std::min(2 * wait, 5000us)) {
+    using std::chrono::microseconds;
+    constexpr microseconds first(100);
+    constexpr microseconds longest(5000);
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(3);
+    for (microseconds wait = first; flock(descriptor, LOCK_EX | LOCK_NB) != 0;
+         wait = std::min(2 * wait, longest)) {
         if (errno != EWOULDBLOCK && errno != EINTR)
             return;
         if (std::chrono::steady_clock::now() > end) {

@@ -76,7 +76,7 @@ public:
     }
 
     std::unique_ptr<OpenFile> OpenToOverwrite(const FilePath& path, std::error_code& error) override {
-        const std::string native = path.Native();
+        const std::string& native = path.Native();
         while (!error) {
             auto file = OpenNative(native, O_RDWR | AtOnce, 0, error);
             if (file)

@@ -50,7 +50,7 @@ char PathSeparator() {
 }
 
 std::vector<std::string> StartCommandLine(int count, char** arguments) {
-    std::signal(SIGPIPE, SIG_IGN); // then a write tells that nobody reads any more
+    (void)std::signal(SIGPIPE, SIG_IGN); // then a write tells that nobody reads any more
     return {arguments + std::min(1, count), arguments + count};
 }
 

@@ -63,8 +63,8 @@ TEST(WholeFile, NamesAreUtf8InAnyCase) {
 class Held {
 public:
     Held(const std::string& file, int milliseconds) {
-        std::string command =
-            "\"" RAILWRIGHT_NEIGHBOUR "\" hold \"" + file + "\" " + std::to_string(milliseconds);
+        const std::string neighbour = RAILWRIGHT_NEIGHBOUR;
+        std::string command = '"' + neighbour + "\" hold \"" + file + "\" " + std::to_string(milliseconds);
         STARTUPINFOA start{};
         start.cb = sizeof start;
         EXPECT_TRUE(CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
