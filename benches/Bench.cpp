@@ -439,7 +439,7 @@ std::vector<Row> Rows() {
     for (Row& row : rows)
         row.Sizes = row.Kind() == "Terrain"      ? std::vector<std::int64_t>{256, 512, 1024, 2048}
                     : StandsAlone(row)           ? std::vector<std::int64_t>{1}
-                    : HasFiles(row)              ? std::vector<std::int64_t>{100, 1000}
+                    : HasFiles(row)              ? std::vector<std::int64_t>{100, 1000, 10'000}
                     : row.Name == "Track/smooth" ? std::vector<std::int64_t>{100, 500}
                     : row.Name.ends_with("Samples")
                         ? std::vector<std::int64_t>{100, 1000, 10'000}
@@ -507,5 +507,5 @@ int main(int argc, char** argv) {
     window.show();
     const std::vector<bench::Row> rows = bench::Rows();
     bench::Register(rows, std::stoll(argv[1]));
-    benchmark::RunSpecifiedBenchmarks();
+    return benchmark::RunSpecifiedBenchmarks() > 0 ? EXIT_SUCCESS : EXIT_FAILURE;
 }

@@ -81,7 +81,7 @@ public:
         ClearTrackDocument();
         for (std::int64_t line = 0; line < lines; ++line)
             Track.TrackInfo.AuthorComments +=
-                "This is line " + std::to_string(line) + " of the comments.\r\n";
+                TextOf("This is line " + std::to_string(line) + " of the comments.\r\n");
     }
 
     void MakeElement(std::int64_t nodes) {

@@ -4,7 +4,7 @@ BEGIN {
     FS = ","
     columns["Track"] = columns["Element"] = "100 1000 10000 100000 1000000"
     columns["Terrain"] = "256 512 1024 2048"
-    columns["Environments"] = columns["Textures"] = "100 1000"
+    columns["Environments"] = columns["Textures"] = "100 1000 10000"
     unit["Track"] = unit["Element"] = ", ns per node"
     unit["Terrain"] = ", ns per byte"
     unit["Environments"] = ", ns per environment"
