@@ -222,6 +222,8 @@ void Organize(const std::string& folder, const Arguments&, TextOutput& out) {
 struct Command {
     const char* Name;
     const char* Help;
+    /// What stands behind the name in an example.
+    const char* Example;
     /// What it works on, and whether it takes more than one.
     const char* On = "FILE";
     bool OnMany = false;
@@ -239,29 +241,40 @@ struct Command {
 constexpr Command Commands[] = {
     {.Name = "report",
      .Help = "print the overview of each track",
+     .Example = "harbor-comet.nltrack",
      .OnMany = true,
      .HasSeparators = true,
      .Work = PrintReport},
-    {.Name = "dump", .Help = "print the whole document as JSON", .Work = PrintDump},
-    {.Name = "polyline", .Help = "print the sampled curve as CSV", .Work = PrintPolyline},
+    {.Name = "dump",
+     .Help = "print the whole document as JSON",
+     .Example = "loop.nlelem > loop.json",
+     .Work = PrintDump},
+    {.Name = "polyline",
+     .Help = "print the sampled curve as CSV",
+     .Example = "timber-fox.nltrack > curve.csv",
+     .Work = PrintPolyline},
     {.Name = "preview",
      .Help = "draw plan.svg and side.svg",
+     .Example = "harbor-comet.nltrack -o drawings",
      .Target = "folder for the drawings",
      .TargetKind = "FOLDER",
      .Work = WritePreview},
     {.Name = "apply",
      .Help = "run tools on a file and save the result",
+     .Example = "switchback-spur.nltrack shuttle mirror=east-west -o there-and-back.nltrack",
      .Target = "file to save to, which may be the same",
      .TargetKind = "FILE",
      .HasSteps = true,
      .Work = Apply},
     {.Name = "check",
      .Help = "tell for each file whether it can be read",
+     .Example = "harbor-comet.nltrack loop.nlelem",
      .OnMany = true,
      .TellsFailures = true,
      .Work = Check},
     {.Name = "organize",
      .Help = "tidy the environments in the simulator's folder",
+     .Example = "NoLimits",
      .On = "FOLDER",
      .Work = Organize},
 };
@@ -276,8 +289,10 @@ void AddCommand(CLI::App& app, const Command& command, Arguments& arguments, con
     on->required()->type_name("");
     if (command.HasSteps) {
         added->add_option("STEP", arguments.Steps, "tool to run, as NAME or NAME=VALUE")->type_name("");
-        added->footer(StepsHelp());
     }
+    const std::string example =
+        std::string("Example: railwright-cli ") + command.Name + ' ' + command.Example;
+    added->footer(example + (command.HasSteps ? "\n" + StepsHelp() : ""));
     if (*command.Target != 0)
         added->add_option("-o", arguments.Target, command.Target)
             ->required()
