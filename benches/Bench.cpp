@@ -126,15 +126,8 @@ void CopyPlainly() {
         std::filesystem::remove(environments / texture);
     }
 }
-struct Quiet final : OrganizerProgress {
-    void Clear() override {}
-    void ShowShare(int) override {}
-    void ShowDone() override {}
-    void RunPendingEvents() override {}
-    void Tell(const std::string&) override {}
-};
 void Organize() {
-    Quiet progress;
+    OrganizerProgress progress;
     Must(OrganizeEnvironments(FilePath::FromUser("simulator"), progress), "cannot be organized");
 }
 

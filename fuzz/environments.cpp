@@ -13,14 +13,6 @@ namespace {
 
 const FilePath Simulator = FilePath::FromUser("Simulator");
 
-struct Quiet final : OrganizerProgress {
-    void Clear() override {}
-    void ShowShare(int) override {}
-    void ShowDone() override {}
-    void RunPendingEvents() override {}
-    void Tell(const std::string&) override {}
-};
-
 /// What an environment's file tells before and after a run.
 struct Environment {
     text Settings;
@@ -96,7 +88,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     NameLookup lookup, lookupAfter;
     for (const EnvironmentEntry& entry : entries)
         environments.emplace_back(files, entry, lookup);
-    Quiet progress;
+    OrganizerProgress progress;
     bool isDone = OrganizeEnvironments(Simulator, progress);
 
     const auto after = files.All;

@@ -2,6 +2,8 @@
 
 #include "base/FileName.h"
 #include "base/Text.h"
+#include "install/TextReplacement.h"
+#include "install/UnfinishedList.h"
 #include "install/mINI.h"
 #include "install/modFileIO.h"
 #include "platform/CodePage.h"
@@ -25,56 +27,6 @@ constexpr const char* UnusedFolder = "__Unused Files__";
 /// While a run organizes environments, this file names theirs. No texture can have that name, because no
 /// setting holds an equals sign.
 constexpr const char* UnfinishedList = "~unfinished=";
-constexpr TextView ListHead = "Railwright has not finished organizing these environments:";
-/// Stands behind each piece of the list, and in no name.
-constexpr char ListSeparator = '/';
-
-std::size_t FindIgnoringCase(const text& in, const text& piece, std::size_t from) {
-    return LowerCase(in, SystemCodePage()).find(LowerCase(piece, SystemCodePage()), from);
-}
-
-text ReplacedIgnoringCase(const text& in, const text& piece, const text& by) {
-    text replaced;
-    std::size_t from = 0;
-    for (std::size_t at = 0; (at = FindIgnoringCase(in, piece, from)) != text::npos; from = at + piece.size())
-        replaced += in.substr(from, at - from) + by;
-    return replaced + in.substr(from);
-}
-
-/// Pieces of a text, none of them empty, and what takes the place of each.
-using Pieces = std::map<text, text, std::less<>>;
-
-/// @return the longest piece that `rest` begins with.
-Pieces::const_iterator LongestAt(TextView rest, const Pieces& pieces) {
-    // It sorts before `rest`, and so does all that stands between them and has as much in common with it.
-    for (auto next = pieces.upper_bound(rest); next != pieces.begin(); next = pieces.upper_bound(rest)) {
-        const text& nearest = (--next)->first;
-        if (rest.starts_with(nearest))
-            return next;
-        rest = {rest.begin(), std::mismatch(rest.begin(), rest.end(), nearest.begin(), nearest.end()).first};
-    }
-    return pieces.end();
-}
-
-/// Replaces each of some pieces, wherever it stands, by what belongs to it. Where several begin, the longest
-/// is taken, and nothing is replaced twice.
-text ReplacedAtOnce(TextView in, const Pieces& pieces) {
-    text replaced;
-    while (!in.empty()) {
-        const auto piece = LongestAt(in, pieces);
-        const bool isNone = piece == pieces.end();
-        replaced += isNone ? in.substr(0, 1) : TextView(piece->second);
-        in.remove_prefix(isNone ? 1 : piece->first.size());
-    }
-    return replaced;
-}
-
-/// @param unknown set where the system cannot tell; then it counts as there.
-bool Exists(const FilePath& path, std::error_code& unknown) {
-    const FileStatus status = Files().Status(path);
-    unknown = status.Error ? status.Error : unknown;
-    return status.IsLink || status.What != FileStatus::Kind::Missing;
-}
 
 /// A file in the folder of the environments.
 struct LooseFile {
@@ -103,38 +55,6 @@ std::vector<LooseFile> FilesIn(const FilePath& folder, std::error_code& error) {
             files.push_back(file);
     }
     return files;
-}
-
-/// Reads which environments a run was cut off from finishing.
-FileResult ReadList(const FilePath& list, std::set<FileName>& names) {
-    names.clear();
-    std::error_code unknown;
-    if (!Exists(list, unknown))
-        return {};
-    if (unknown)
-        return FileResult::Failure("cannot be looked at: " + unknown.message());
-    text content;
-    FileResult read = ReadTextFile(list, content);
-    const text head = text(ListHead) + ListSeparator;
-    if (read && (Files().Status(list).IsLink || !content.starts_with(head)))
-        read = FileResult::Failure("is no list of this program's and has to go first");
-    std::size_t end = 0;
-    for (std::size_t at = head.size(); read && (end = content.find(ListSeparator, at)) != text::npos;
-         at = end + 1)
-        names.emplace(BytesOf(content.substr(at, end - at)));
-    return read;
-}
-
-FileResult WriteList(const FilePath& list, const std::set<FileName>& names) {
-    std::error_code error;
-    if (names.empty()) {
-        Files().Delete(list, error);
-        return error ? FileResult::Failure("cannot be deleted: " + error.message()) : FileResult{};
-    }
-    text content = text(ListHead) + ListSeparator;
-    for (const FileName& name : names)
-        content += TextOf(name.Native()) + ListSeparator;
-    return WriteTextFile(list, content);
 }
 
 /// Where the environments are.

@@ -35,20 +35,20 @@ struct EnvironmentScan {
     bool Complete = true;
 };
 
-/// What a run of the organizer shows while it works.
+/// What a run of the organizer shows while it works. By itself it shows nothing.
 class OrganizerProgress {
 public:
     virtual ~OrganizerProgress() = default;
     /// Clears the bar.
-    virtual void Clear() = 0;
+    virtual void Clear() {}
     /// Shows the share that is done as a red bar. @param percent 0 to 99.
-    virtual void ShowShare(int percent) = 0;
+    virtual void ShowShare([[maybe_unused]] int percent) {}
     /// Shows a green bar of full length.
-    virtual void ShowDone() = 0;
+    virtual void ShowDone() {}
     /// Lets pending events of the window run.
-    virtual void RunPendingEvents() = 0;
+    virtual void RunPendingEvents() {}
     /// Tells one thing that was done or could not be done, in one line of UTF-8.
-    virtual void Tell(const std::string& line) = 0;
+    virtual void Tell([[maybe_unused]] const std::string& line) {}
 };
 
 /// Looks at the environment files below the simulator's folder and changes nothing.

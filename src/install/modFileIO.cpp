@@ -1,5 +1,7 @@
 #include "install/modFileIO.h"
 
+#include "platform/FileOperations.h"
+
 namespace railwright {
 
 FileResult ReadFileBuffer(const FilePath& sFile, FileBuffer& buffer) {
@@ -12,6 +14,12 @@ FileResult ReadFileBuffer(const FilePath& sFile, FileBuffer& buffer) {
 FileResult WriteFileBuffer(const FilePath& sFile, const FileBuffer& buffer) {
     return sFile.IsEmpty() ? FileResult::Failure("no file is named")
                            : WriteWholeFile(sFile, buffer, Leftovers::Keep);
+}
+
+bool Exists(const FilePath& path, std::error_code& unknown) {
+    const FileStatus status = Files().Status(path);
+    unknown = status.Error ? status.Error : unknown;
+    return status.IsLink || status.What != FileStatus::Kind::Missing;
 }
 
 } // namespace railwright

@@ -3,7 +3,7 @@
 #include "platform/WholeFile.h"
 
 #include <cstdint>
-#include <string>
+#include <system_error>
 #include <vector>
 
 namespace railwright {
@@ -18,5 +18,9 @@ FileResult ReadFileBuffer(const FilePath& sFile, FileBuffer& buffer);
 /// Writes a whole file in place of what stood under the name. On failure the old file is as it was.
 /// What saves that were cut off have left in the folder stays there.
 FileResult WriteFileBuffer(const FilePath& sFile, const FileBuffer& buffer);
+
+/// @return whether anything has that name, a link to nothing included.
+/// @param unknown set where the system cannot tell; then it counts as there.
+bool Exists(const FilePath& path, std::error_code& unknown);
 
 } // namespace railwright
