@@ -158,10 +158,14 @@ text FromUtf8(std::string_view utf8, const CodePage& codePage) {
     text characters;
     characters.reserve(utf8.size());
     while (!utf8.empty()) {
-        const char32_t character = TakeCharacter(utf8);
-        const bool isOwn = character < 0x80 && codePage.Unicode[character] == character; // nearly always
-        const auto* const start = codePage.Unicode.begin() + (isOwn ? character : 0);
-        const auto* const found = std::find(start, codePage.Unicode.end(), character);
+        const auto byte = static_cast<unsigned char>(utf8.front());
+        if (byte < 0x80 && codePage.Unicode[byte] == byte) { // nearly always
+            characters += utf8.front();
+            utf8.remove_prefix(1);
+            continue;
+        }
+        const auto* const found =
+            std::find(codePage.Unicode.begin(), codePage.Unicode.end(), TakeCharacter(utf8));
         characters +=
             found == codePage.Unicode.end() ? '?' : static_cast<char>(found - codePage.Unicode.begin());
     }
