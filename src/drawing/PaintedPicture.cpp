@@ -83,9 +83,10 @@ void PaintedPicture::DrawWidth(int pixels) {
 
 QImage PaintedPicture::Drawn(double ratio) const {
     QImage picture((QSizeF(Size, Size) * ratio).toSize(), QImage::Format_RGB32);
-    picture.setDevicePixelRatio(ratio);
     picture.fill(Qt::black);
     QPainter painter(&picture);
+    // The painter ignores a ratio of the image that is below 1.
+    painter.scale(ratio, ratio);
     // A whole coordinate means the middle of its pixel.
     painter.translate(0.5, 0.5);
     std::optional<Brush> brush; // that the painter has in hand
@@ -108,6 +109,8 @@ QImage PaintedPicture::Drawn(double ratio) const {
         else
             painter.drawLine(*line);
     }
+    painter.end();
+    picture.setDevicePixelRatio(ratio);
     return picture;
 }
 

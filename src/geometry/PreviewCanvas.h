@@ -18,6 +18,11 @@ inline constexpr Rgb AxisColour = {64, 64, 64};
 inline constexpr Rgb GridColour = {32, 32, 32};
 inline constexpr Rgb CurveColour = {0, 128, 255};
 
+/// Returns whether a line of that colour is part of the grid or an axis.
+inline bool IsGround(Rgb colour) {
+    return colour == GridColour || colour == AxisColour;
+}
+
 inline void Line(PictureBox& picture, int x1, int y1, int x2, int y2, Rgb colour) {
     picture.Line(static_cast<float>(x1), static_cast<float>(y1), static_cast<float>(x2),
                  static_cast<float>(y2), colour);

@@ -2,9 +2,9 @@
 #include "base/Text.h"
 #include "base/Version.h"
 #include "documents/DocumentKinds.h"
-#include "drawing/PaintedPicture.h"
 #include "platform/FilePath.h"
 #include "platform/WholeFile.h"
+#include "thumbnailer/Thumbnail.h"
 
 #include <CLI/CLI.hpp>
 
@@ -33,10 +33,10 @@ FileResult DrawPlan(const FilePath& file, int size, QImage& drawn) {
     if (FileResult loaded = kind->Load(file); !loaded)
         return loaded;
     kind->Analyze();
-    PaintedPicture plan;
-    NoPicture side;
-    kind->Draw(plan, side);
-    drawn = plan.Drawn(static_cast<double>(size) / PictureBox::Size);
+    drawn = DrawThumbnail(size, [&](PictureBox& plan) {
+        NoPicture side;
+        kind->Draw(plan, side);
+    });
     return {};
 }
 

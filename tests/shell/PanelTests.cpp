@@ -1,7 +1,10 @@
 #include "base/Text.h"
 #include "element/mNoLimits_ElementIO_1_3.h"
+#include "geometry/Preview.h"
+#include "geometry/mNoLimits_TrackTools.h"
 #include "install/mWinRegistry.h"
 #include "tests/shell/WindowTests.h"
+#include "thumbnailer/Thumbnail.h"
 #include "tools/mNLE_Reverse.h"
 #include "tools/mNLE_Rotate.h"
 #include "tools/mNLT_3DSRenamer.h"
@@ -76,13 +79,19 @@ bool OpenWithObjects(const Program& program, const std::vector<text>& names) {
     return Open(program.Path("objects.nltrack"));
 }
 
-/// Whether a picture shows more than the greys of its ground.
-bool ShowsCurve(const QImage& picture) {
+/// The brightest part of a pixel's colour.
+int Brightness(const QImage& picture, int x, int y) {
+    return picture.pixelColor(x, y).value();
+}
+
+/// The box around all pixels that are brighter than the ground.
+QRect CurveIn(const QImage& picture) {
+    QRect box;
     for (int y = 0; y < picture.height(); ++y)
         for (int x = 0; x < picture.width(); ++x)
-            if (const QColor colour = picture.pixelColor(x, y); colour.blue() > colour.red() + 64)
-                return true;
-    return false;
+            if (Brightness(picture, x, y) > 96)
+                box |= QRect(x, y, 1, 1);
+    return box;
 }
 
 } // namespace
@@ -101,7 +110,7 @@ void WindowTests::ChangesTheDocument() {
                               window.Side().Drawn(1).toImage());
         };
         const auto opened = state();
-        QVERIFY2(ShowsCurve(std::get<2>(opened)) && ShowsCurve(std::get<3>(opened)), name);
+        QVERIFY2(!CurveIn(std::get<2>(opened)).isEmpty() && !CurveIn(std::get<3>(opened)).isEmpty(), name);
         for (const QString& step : QString(steps).split(' '))
             if (step.contains('='))
                 program.Find<QScrollBar>(step.section('=', 0, 0)).setValue(step.section('=', 1).toInt());
@@ -314,6 +323,36 @@ void WindowTests::OrganizesTheEnvironments() {
     QCOMPARE(shown(), QString("0 of 2, done"));
     QVERIFY(exists(folder / "Noon" / "Sky.bmp") && exists(folder / "__Unused Files__" / "Sky.bmp"));
     QVERIFY(!bDocumentChanged);
+}
+
+void WindowTests::FitsThumbnailsToTheCurve() {
+    for (const std::string& file : {Comet, Loop}) {
+        Program program(file);
+        const auto thumbnail = [&](int size) {
+            return DrawThumbnail(size, [&](PictureBox& plan) {
+                NoPicture side;
+                (file == Comet ? DrawTrackPreview : DrawElementPreview)(plan, side);
+            });
+        };
+        AnalyzeTrack();
+        for (const int size : {64, 128, 512}) {
+            const QRect curve = CurveIn(thumbnail(size));
+            QCOMPARE(std::max(curve.width(), curve.height()) * 8 / size, 7);
+            const QPoint offCentre = curve.topLeft() + curve.bottomRight() - QPoint(size - 1, size - 1);
+            QVERIFY(offCentre.manhattanLength() <= std::max(4, size / 64));
+        }
+        // A small picture is the large one reduced.
+        const QImage small = thumbnail(128);
+        const QImage reduced =
+            thumbnail(512).scaled(128, 128, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        int light = 0, difference = 0;
+        for (int y = 0; y < 128; ++y)
+            for (int x = 0; x < 128; ++x) {
+                light += Brightness(reduced, x, y);
+                difference += std::abs(Brightness(small, x, y) - Brightness(reduced, x, y));
+            }
+        QVERIFY2(difference < light / 4, file.c_str());
+    }
 }
 
 } // namespace railwright::testing

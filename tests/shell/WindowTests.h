@@ -99,6 +99,7 @@ private slots:
     void RenamesObjects();
     void ChoosesTheFileAssociation();
     void OrganizesTheEnvironments();
+    void FitsThumbnailsToTheCurve();
 };
 
 } // namespace railwright::testing
