@@ -19,14 +19,15 @@ public:
     }
     FilePath BehindLinks(Path path, Error) override { return path; }
     std::unique_ptr<OpenFile> OpenToRead(Path, Error) override { return std::make_unique<File>(bytes); }
-    std::unique_ptr<NewFile> OpenNew(Path, bool, Error) override { return std::make_unique<New>(bytes); }
+    std::unique_ptr<NewFile> OpenNew(Path, Path, Error) override { return std::make_unique<New>(bytes); }
     std::unique_ptr<OpenFile> OpenCopy(Path, Error) override { return {}; }
+    bool IsAbandoned(Path) override { return false; }
     std::unique_ptr<OpenFile> OpenToOverwrite(Path, Error) override { return {}; }
     void Move(Path, Path, Error) override {}
     void Delete(Path, Error) override {}
     void CreateFolder(Path, Error) override {}
     std::vector<FileName> List(Path, Error) override { return {}; }
-    void FlushFolder(Path) override {}
+    void FlushFolder(Path, Error) override {}
     void DeleteLeftovers(Path) override {}
     std::vector<FilePath> TemporaryFolders() override { return {}; }
 

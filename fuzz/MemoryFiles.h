@@ -31,7 +31,8 @@ public:
         return {kind, path.Name().Native().starts_with('.'), true, file ? std::ssize(*file) : 0};
     }
     FilePath BehindLinks(Name path, Error) override { return path; }
-    void FlushFolder(Name) override {}
+    void FlushFolder(Name, Error) override {}
+    bool IsAbandoned(Name) override { return false; }
     void DeleteLeftovers(Name) override {}
     std::vector<FilePath> TemporaryFolders() override { return {}; }
     Opened OpenToRead(Name path, Error error) override {
@@ -41,7 +42,7 @@ public:
     Opened OpenCopy(Name path, Error error) override {
         return Add(path, Bytes{}, error) ? OpenToRead(path, error) : nullptr;
     }
-    std::unique_ptr<NewFile> OpenNew(Name path, bool, Error error) override {
+    std::unique_ptr<NewFile> OpenNew(Name path, Name, Error error) override {
         const FilePath above = path.Folder();
         const bool nowhere = !above.IsEmpty() && Status(above).What != Kind::Folder;
         return Fails(nowhere, error) ? nullptr : std::make_unique<New>(*this, path);

@@ -29,7 +29,9 @@ std::size_t FindIgnoringCase(const text& in, const text& piece, std::size_t from
 text ReplacedIgnoringCase(const text& in, const text& piece, const text& by) {
     text replaced;
     std::size_t from = 0;
-    for (std::size_t at = 0; (at = FindIgnoringCase(in, piece, from)) != text::npos; from = at + piece.size())
+    const text lower = LowerCase(in, SystemCodePage());
+    const text wanted = LowerCase(piece, SystemCodePage());
+    for (std::size_t at = 0; (at = lower.find(wanted, from)) != text::npos; from = at + piece.size())
         replaced += in.substr(from, at - from) + by;
     return replaced + in.substr(from);
 }

@@ -20,12 +20,13 @@ FileResult ReadList(const FilePath& list, std::set<FileName>& names) {
     if (!Exists(list, unknown))
         return {};
     if (unknown)
-        return FileResult::Failure("cannot be looked at: " + unknown.message());
+        return FileResult::Failure("cannot be checked: " + unknown.message());
     text content;
     FileResult read = ReadTextFile(list, content);
     const text head = text(ListHead) + ListSeparator;
-    if (read && (Files().Status(list).IsLink || !content.starts_with(head)))
-        read = FileResult::Failure("is no list of this program's and has to go first");
+    const FileStatus status = Files().Status(list);
+    if (status.What == FileStatus::Kind::Folder || (read && (status.IsLink || !content.starts_with(head))))
+        read = FileResult::Failure("was not written by Railwright; move it away first");
     std::size_t end = 0;
     for (std::size_t at = head.size(); read && (end = content.find(ListSeparator, at)) != text::npos;
          at = end + 1)

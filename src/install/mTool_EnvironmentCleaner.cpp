@@ -74,15 +74,34 @@ struct Installation {
     FilePath Unfinished;
 };
 
-/// What the system cannot tell is left alone, as what is organized.
-bool IsOrganized(Installation& place, const EnvironmentEntry& entry, std::error_code& unknown) {
-    const FilePath folder = place.FolderOf(entry);
-    if (folder != place.Unfinished && Exists(folder, unknown))
-        return true;
-    const FileName file(entry.Name.Native() + std::string(EnvironmentExtension));
+/// @return whether a file can be read and names no texture.
+bool HasNoTexture(const FilePath& file) {
     text settings;
-    return ReadTextFile(place.Names.Find(place.sEnvFolder, file), settings) &&
-           FindIgnoringCase(settings, TextureKey, 0) == text::npos;
+    return ReadTextFile(file, settings) && FindIgnoringCase(settings, TextureKey, 0) == text::npos;
+}
+
+/// The file that tells whether an environment without a folder has textures. It is another one's if the name
+/// has ".env" more than once.
+FilePath DecidingFile(Installation& place, const EnvironmentEntry& entry) {
+    return place.Names.Find(place.sEnvFolder,
+                            FileName(entry.Name.Native() + std::string(EnvironmentExtension)));
+}
+
+/// If the folder cannot be checked, the environment counts as organized and is left alone.
+bool HasFolder(Installation& place, const EnvironmentEntry& entry, std::error_code& unknown) {
+    const FilePath folder = place.FolderOf(entry);
+    return folder != place.Unfinished && Exists(folder, unknown);
+}
+
+/// @return whether each texture of an environment has a line of its own that ends in CR LF.
+bool HasWholeLines(const text& settings) {
+    const text lower = LowerCase(settings, SystemCodePage());
+    for (std::size_t key = 0; (key = lower.find(TextureKey, key)) != text::npos;) {
+        key = lower.find_first_of(EndOfLine, key);
+        if (key == text::npos || TextView(lower).substr(key, 2) != EndOfLine)
+            return false;
+    }
+    return true;
 }
 
 EnvironmentScan Scan(Installation& place) {
@@ -108,14 +127,24 @@ EnvironmentScan Scan(Installation& place) {
         }
         EnvironmentEntry entry{place.sEnvFolder / file.Name,
                                FileName(WithoutEvery(file.Name.Native(), EnvironmentExtension))};
-        entry.Organized = !unfinished.contains(file.Name) && IsOrganized(place, entry, unknown);
+        if (!unfinished.contains(file.Name)) {
+            const bool hasFolder = HasFolder(place, entry, unknown);
+            const FilePath deciding = DecidingFile(place, entry);
+            entry.Organized = hasFolder || HasNoTexture(deciding);
+            if (entry.Organized && !hasFolder && deciding != entry.FilePath &&
+                !HasNoTexture(entry.FilePath)) {
+                scan.Complete = false; // its textures lie loose
+                scan.PassedOver.push_back(file.Name.Shown() + ": is skipped, because " +
+                                          deciding.Name().Shown() + " counts as the same environment");
+            }
+        }
         scan.Unorganized += entry.Organized ? 0 : 1;
         scan.EnvironmentList.push_back(std::move(entry));
     }
     scan.Known = !unknown;
     scan.Complete = scan.Complete && scan.Known;
     if (!scan.Known)
-        scan.PassedOver.push_back(place.sEnvFolder.Shown() + ": cannot be looked at: " + unknown.message());
+        scan.PassedOver.push_back(place.sEnvFolder.Shown() + ": cannot be checked: " + unknown.message());
     return scan;
 }
 
@@ -148,6 +177,10 @@ public:
         if (!unfinished.contains(entry.FilePath.Name()) ||
             !Succeeded(ReadTextFile(entry.FilePath, settings), entry.FilePath))
             return;
+        if (!HasWholeLines(settings)) {
+            Succeeded(FileResult::Failure("the line of a texture does not end in CR LF"), entry.FilePath);
+            return;
+        }
         if (FindIgnoringCase(settings, TextureKey, 0) != text::npos) { // or another file was looked at
             const text before = settings;
             std::replace(settings.begin(), settings.end(), '/', '\\');
@@ -175,11 +208,14 @@ public:
     }
 
 private:
-    /// Whether a setting can hold the environment's name; otherwise it goes on naming loose files.
+    /// @return whether a setting can hold the environment's name; otherwise it goes on naming loose files.
     bool CanBeNamed(const EnvironmentEntry& entry) {
         const std::string& name = entry.Name.Native();
+        const DocumentPath inside(FolderText(entry) + "texture");
+        const auto readBack = ParseTexturePaths(text(TextureKey) + '=' + inside.Text() + text(EndOfLine));
         const bool canBe = ToUtf8(FromUtf8(name, SystemCodePage()), SystemCodePage()) == name &&
-                           entry.Name.Shown() == name && place.FolderOf(entry) != place.Unfinished;
+                           entry.Name.Shown() == name && readBack == std::vector{inside} &&
+                           inside.StaysBelow() && place.FolderOf(entry) != place.Unfinished;
         allWell = allWell && canBe;
         if (!canBe)
             bar.Tell(entry.Name.Shown() + ": no setting can hold this name, it is passed over");
@@ -202,10 +238,15 @@ private:
         return isBegun;
     }
 
+    /// @return the environment's subfolder as a setting names it.
+    static text FolderText(const EnvironmentEntry& entry) {
+        return EnvironmentsFolder + FromUtf8(entry.Name.Native(), SystemCodePage()) + '\\';
+    }
+
     /// Copies the textures that `settings` names and makes it name the copies. @return whether all were
     /// written.
     bool RelocateTextures(text& settings, const EnvironmentEntry& entry) {
-        const text newFolder = EnvironmentsFolder + FromUtf8(entry.Name.Native(), SystemCodePage()) + '\\';
+        const text newFolder = FolderText(entry);
         Pieces newPaths;
         for (const DocumentPath& path : ParseTexturePaths(settings)) {
             const auto [known, isNew] = newPaths.try_emplace(path.Text(), path.Text());
@@ -236,7 +277,7 @@ private:
             return Succeeded(FileResult::Failure("its folder cannot be listed"), source);
         const FileStatus status = Files().Status(source);
         if (status.Error)
-            return Succeeded(FileResult::Failure("cannot be looked at: " + status.Error.message()), source);
+            return Succeeded(FileResult::Failure("cannot be checked: " + status.Error.message()), source);
         if (status.What != FileStatus::Kind::File || status.Hidden) {
             bar.Tell(shown + " is missing");
             return true;
@@ -252,10 +293,25 @@ private:
         if (!Succeeded(CreateFolders(target.Folder()), target.Folder()))
             return false;
         ClearOnce(target.Folder());
-        if (!Succeeded(WriteFileBuffer(target, texture), target))
+        if (!WriteCopy(target, texture, source, shown))
             return false;
-        bar.Tell(shown + " copied");
         bar.RunPendingEvents();
+        return true;
+    }
+
+    /// Writes a copy unless there is a file in its place, of an earlier run or the user's own, which is kept.
+    bool WriteCopy(const FilePath& target, const FileBuffer& texture, const FilePath& source,
+                   const std::string& shown) {
+        FileBuffer existing;
+        if (Files().Status(target).What == FileStatus::Kind::Missing) {
+            if (!Succeeded(WriteFileBuffer(target, texture, source), target))
+                return false;
+            bar.Tell(shown + " copied");
+        } else if (!Succeeded(ReadWholeFile(target, existing), target)) {
+            return false;
+        } else if (existing != texture) {
+            bar.Tell(shown + ": a different file is already in " + target.Shown() + " and is kept");
+        }
         return true;
     }
 
@@ -282,7 +338,7 @@ private:
         const FileStatus status = Files().Status(target);
         if (status.IsLink || status.Error) {
             Succeeded(FileResult::Failure(status.IsLink ? "is a link, no file is moved there"
-                                                        : "cannot be looked at: " + status.Error.message()),
+                                                        : "cannot be checked: " + status.Error.message()),
                       target);
             return;
         }

@@ -6,14 +6,14 @@ namespace railwright {
 
 FileResult ReadFileBuffer(const FilePath& sFile, FileBuffer& buffer) {
     buffer.clear();
-    if (sFile.IsEmpty() || !FileExists(sFile))
-        return FileResult::Failure("no such file");
+    if (FileResult found = FindFile(sFile); !found)
+        return found;
     return ReadWholeFile(sFile, buffer);
 }
 
-FileResult WriteFileBuffer(const FilePath& sFile, const FileBuffer& buffer) {
+FileResult WriteFileBuffer(const FilePath& sFile, const FileBuffer& buffer, const FilePath& model) {
     return sFile.IsEmpty() ? FileResult::Failure("no file is named")
-                           : WriteWholeFile(sFile, buffer, Leftovers::Keep);
+                           : WriteWholeFile(sFile, buffer, Leftovers::Keep, model);
 }
 
 bool Exists(const FilePath& path, std::error_code& unknown) {

@@ -15,9 +15,10 @@ using FileBuffer = std::vector<std::uint8_t>;
 /// @return why not, if no file is named, it does not exist or cannot be read; `buffer` is then empty.
 FileResult ReadFileBuffer(const FilePath& sFile, FileBuffer& buffer);
 
-/// Writes a whole file in place of what stood under the name. On failure the old file is as it was.
-/// What saves that were cut off have left in the folder stays there.
-FileResult WriteFileBuffer(const FilePath& sFile, const FileBuffer& buffer);
+/// Writes a whole file in place of an existing one. On failure the old file is as it was. Leftovers of
+/// interrupted saves stay in the folder.
+/// @param model for a new file, one whose rights it may not exceed; empty for the usual rights.
+FileResult WriteFileBuffer(const FilePath& sFile, const FileBuffer& buffer, const FilePath& model = {});
 
 /// @return whether anything has that name, a link to nothing included.
 /// @param unknown set where the system cannot tell; then it counts as there.

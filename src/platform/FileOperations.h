@@ -69,16 +69,21 @@ public:
     virtual FileStatus Status(const FilePath& path) = 0;
     /// @return the file's own name behind any symbolic links, also where the last link leads to nothing yet.
     virtual FilePath BehindLinks(const FilePath& path, std::error_code& error) = 0;
+    /// Waits for a process that overwrites the file in place.
     virtual std::unique_ptr<OpenFile> OpenToRead(const FilePath& path, std::error_code& error) = 0;
     /// Makes a file that is to take the name `path`.
-    /// @param replaces a file that stands there: the new one takes over its owner, rights and attributes.
-    /// Where that is not permitted it fails, and nobody may do with the new file what he may not do with the
-    /// old one.
-    virtual std::unique_ptr<NewFile> OpenNew(const FilePath& path, bool replaces, std::error_code& error) = 0;
-    /// Makes a file of that name for the user's eyes alone, and fails if the name is taken.
+    /// @param model the file that it gets its rights from; empty for the usual rights. `path` itself for a
+    /// file to be replaced: the new one takes over its owner, rights and attributes, and the call fails if
+    /// that is not permitted. With any other model nobody gets more rights than that file gives.
+    virtual std::unique_ptr<NewFile> OpenNew(const FilePath& path, const FilePath& model,
+                                             std::error_code& error) = 0;
+    /// Makes a file of that name that only the user may read and write, and fails if the name is taken.
     virtual std::unique_ptr<OpenFile> OpenCopy(const FilePath& path, std::error_code& error) = 0;
-    /// Opens an existing file to be read and written from its first byte on. As long as it is open, no other
-    /// process gets it in this way: that one waits a while, and fails with resource_unavailable_try_again.
+    /// @return whether the file is the user's own and no process has it open from OpenCopy.
+    virtual bool IsAbandoned(const FilePath& path) = 0;
+    /// Opens an existing file to be read and written from its first byte on. While it is open, other
+    /// processes that open it to read or overwrite wait for up to three seconds, then fail with
+    /// resource_unavailable_try_again. A request to end the process is held back until it is closed.
     virtual std::unique_ptr<OpenFile> OpenToOverwrite(const FilePath& path, std::error_code& error) = 0;
     /// Renames a file or folder and fails if the new name is taken.
     virtual void Move(const FilePath& from, const FilePath& to, std::error_code& error) = 0;
@@ -87,8 +92,9 @@ public:
     virtual void CreateFolder(const FilePath& path, std::error_code& error) = 0;
     /// @return the names of all that lies in a folder, in an order that stays the same.
     virtual std::vector<FileName> List(const FilePath& folder, std::error_code& error) = 0;
-    /// Waits until the names in a folder are on the disk itself, where the surrounding can do so.
-    virtual void FlushFolder(const FilePath& folder) = 0;
+    /// Waits until the names in a folder are on the disk itself. Does nothing if the file system cannot do
+    /// it.
+    virtual void FlushFolder(const FilePath& folder, std::error_code& error) = 0;
     /// Deletes what processes that ended in the middle of a save have left in a folder, and nothing else.
     virtual void DeleteLeftovers(const FilePath& folder) = 0;
     /// @return the folders for temporary files, the best one first.

@@ -67,8 +67,11 @@ FilePath FilePath::WithEnding(std::string_view ending) const {
     return FilePath(native + std::string(ending));
 }
 
-FilePath FilePath::operator/(const FileName& name) const {
-    return FilePath((IsEmpty() ? *this : AsFolder()).native + name.Native());
+FilePath& FilePath::operator/=(const FileName& name) {
+    if (!IsEmpty() && !native.ends_with(PathSeparator()))
+        native += PathSeparator();
+    native += name.Native();
+    return *this;
 }
 
 } // namespace railwright

@@ -55,7 +55,8 @@ public:
     FilePath AsFolder() const;
     /// @return the path with `ending` behind its name.
     FilePath WithEnding(std::string_view ending) const;
-    FilePath operator/(const FileName& name) const;
+    FilePath operator/(const FileName& name) const { return FilePath(*this) /= name; }
+    FilePath& operator/=(const FileName& name);
 
     // NOLINTNEXTLINE(modernize-use-nullptr)
     auto operator<=>(const FilePath&) const = default;

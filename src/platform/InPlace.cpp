@@ -2,7 +2,9 @@
 
 #include "platform/FileOperations.h"
 
+#include <algorithm>
 #include <array>
+#include <string_view>
 
 namespace railwright {
 namespace {
@@ -19,40 +21,54 @@ FileContent RestOf(OpenFile& from) {
     };
 }
 
-/// Copies the rest of a file to one of a new name in that folder, and to the disk.
-/// @return its path.
-FilePath CopyInto(const FilePath& folder, OpenFile& from, const std::string& name, std::error_code& error) {
-    constexpr std::size_t longest = 150; // there is always room for the rest of a name
-    FilePath path;
-    std::unique_ptr<OpenFile> copy;
+constexpr std::string_view CopyStart = "railwright-copy-";
+
+/// @return how the name of a copy ends.
+std::string CopyEnd(const FileName& of) {
+    constexpr std::size_t longest = 150; // bytes, so that the whole name is short enough
+    const std::string& name = of.Native();
+    return '-' + name.substr(name.size() - std::min(name.size(), longest));
+}
+
+/// A copy of the old content. It stays open, so that nobody takes it for an abandoned one.
+struct Copy {
+    FilePath Path;
+    std::unique_ptr<OpenFile> File;
+
+    void Delete() {
+        File.reset();
+        std::error_code ignored;
+        Files().Delete(Path, ignored);
+    }
+};
+
+/// Copies a file to one of a new name in that folder, and flushes it.
+Copy CopyInto(const FilePath& folder, OpenFile& from, const FileName& name, std::error_code& error) {
+    Copy copy;
     int number = 0;
     do {
         error.clear();
-        path = folder / FileName("railwright-copy-" + std::to_string(++number) + '-' +
-                                 name.substr(name.size() - std::min(name.size(), longest)));
-        copy = Files().OpenCopy(path, error);
+        copy.Path = folder / FileName(std::string(CopyStart) + std::to_string(++number) + CopyEnd(name));
+        copy.File = Files().OpenCopy(copy.Path, error);
     } while (error == std::errc::file_exists);
-    if (!copy)
-        return path;
+    if (!copy.File)
+        return copy;
     from.Rewind(error);
     if (!error)
-        Fill(*copy, RestOf(from), error);
-    if (!error) {
-        Files().FlushFolder(folder);
-        return path;
-    }
-    copy.reset();
-    std::error_code ignored;
-    Files().Delete(path, ignored);
-    return path;
+        Fill(*copy.File, RestOf(from), error);
+    if (!error)
+        Files().FlushFolder(folder, error);
+    if (error)
+        copy.Delete();
+    return copy;
 }
 
-void PutBack(const FilePath& copy, OpenFile& file, std::error_code& error) {
-    const auto old = Files().OpenToRead(copy, error);
-    if (old)
+void PutBack(OpenFile& copy, OpenFile& file, std::error_code& error) {
+    copy.Rewind(error);
+    if (!error)
         file.Rewind(error);
     if (!error)
-        Fill(file, RestOf(*old), error);
+        Fill(file, RestOf(copy), error);
 }
 
 } // namespace
@@ -61,14 +77,15 @@ FileResult OverwriteInPlace(const FilePath& path, const FileContent& content) {
     std::error_code error;
     const auto file = Files().OpenToOverwrite(path, error);
     if (error == std::errc::resource_unavailable_try_again)
-        return FileResult::Failure("is being written by another program");
+        return FileResult::Failure("is being read or written by another program");
     if (!file)
         return FileResult::Failure("cannot be written: " + error.message());
     error = std::make_error_code(std::errc::no_such_file_or_directory);
-    FilePath copy;
+    const std::vector<FilePath> left = LeftCopies(path.Name());
+    Copy copy;
     for (const FilePath& folder : Files().TemporaryFolders())
         if (error)
-            copy = CopyInto(folder, *file, path.Name().Native(), error);
+            copy = CopyInto(folder, *file, path.Name(), error);
     if (error)
         return FileResult::Failure("cannot be written, because it cannot be copied first: " +
                                    error.message());
@@ -77,19 +94,32 @@ FileResult OverwriteInPlace(const FilePath& path, const FileContent& content) {
     if (!error)
         Fill(*file, content, error);
     FileResult result;
+    result.OldKeptIn = left.empty() ? FilePath() : left.front();
     if (error) {
         result = FileResult::Failure("cannot be written: " + error.message());
         std::error_code restoring;
-        PutBack(copy, *file, restoring);
+        PutBack(*copy.File, *file, restoring);
         if (restoring) {
-            result.OldKeptIn = copy;
-            result.Reason += ", and its old content cannot be put back; it is in " + copy.Shown();
+            result.OldKeptIn = copy.Path;
+            result.Reason += ", and its old content cannot be put back; it is in " + copy.Path.Shown();
             return result;
         }
     }
-    std::error_code ignored;
-    Files().Delete(copy, ignored);
+    copy.Delete();
     return result;
+}
+
+std::vector<FilePath> LeftCopies(const FileName& name) {
+    std::vector<FilePath> left;
+    for (const FilePath& folder : Files().TemporaryFolders()) {
+        std::error_code ignored;
+        for (const FileName& copy : Files().List(folder, ignored))
+            if (copy.Native().starts_with(CopyStart) &&
+                (name.Native().empty() || copy.Native().ends_with(CopyEnd(name))) &&
+                Files().IsAbandoned(folder / copy))
+                left.push_back(folder / copy);
+    }
+    return left;
 }
 
 } // namespace railwright

@@ -48,7 +48,7 @@ bool DocumentPath::StaysBelow() const {
 FilePath DocumentPath::In(const FilePath& folder) const {
     FilePath place = folder;
     for (const FileName& name : Names())
-        place = place / name;
+        place /= name;
     return place;
 }
 
@@ -57,24 +57,39 @@ NameLookup::Spellings& NameLookup::SpellingsIn(const FilePath& folder) {
     if (isNew) {
         std::error_code error;
         for (const FileName& name : Files().List(folder, error))
-            known->second[Folded(name)].insert(name);
+            known->second[Folded(name)].Listed.insert(name);
         const FileStatus::Kind what = error ? Files().Status(folder).What : FileStatus::Kind::Missing;
         isComplete = isComplete && what != FileStatus::Kind::Folder && what != FileStatus::Kind::Unknown;
     }
     return known->second;
 }
 
+FilePath NameLookup::Find(const FilePath& folder, const FileName& name, bool& isListed) {
+    Similar& similar = SpellingsIn(folder)[Folded(name)];
+    isListed = !similar.Listed.empty();
+    if (!isListed && !similar.Asked)
+        similar.Asked = name;
+    if (!isListed)
+        return folder / *similar.Asked;
+    return folder / (similar.Listed.contains(name) ? name : *similar.Listed.begin());
+}
+
 FilePath NameLookup::Find(const FilePath& folder, const FileName& name) {
-    std::set<FileName>& similar = SpellingsIn(folder)[Folded(name)];
-    if (similar.empty())
-        similar.insert(name);
-    return folder / (similar.contains(name) ? name : *similar.begin());
+    bool ignored = false;
+    return Find(folder, name, ignored);
 }
 
 FilePath NameLookup::Find(const FilePath& folder, const DocumentPath& path) {
     FilePath found = folder;
-    for (const FileName& name : path.Names())
-        found = Find(found, name);
+    bool isThere = true;
+    for (const FileName& name : path.Names()) {
+        if (!isThere) {
+            found /= name;
+            continue;
+        }
+        found = Find(found, name, isThere);
+        isThere = isThere || Files().Status(found).What != FileStatus::Kind::Missing; // made meanwhile
+    }
     return found;
 }
 

@@ -4,6 +4,7 @@
 #include "platform/FilePath.h"
 
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -34,8 +35,8 @@ private:
 /// one written just so is taken, and otherwise the first in the order of their bytes, capitals before small
 /// letters.
 ///
-/// While it lives it lists each folder once. A name that is not there gets the letters in which it was asked
-/// for first, so that what is then made is found again.
+/// It lists each folder once. A name that is missing gets the letters in which it was first asked for, so
+/// that it is found again once it is made. Below a missing folder, names are taken as they are written.
 class NameLookup {
 public:
     FilePath Find(const FilePath& folder, const FileName& name);
@@ -45,9 +46,16 @@ public:
     bool IsComplete() const { return isComplete; }
 
 private:
-    using Spellings = std::map<std::string, std::set<FileName>>;
+    /// The names in a folder that are the same in lower case.
+    struct Similar {
+        std::set<FileName> Listed;
+        /// The first that was asked for while none was listed.
+        std::optional<FileName> Asked;
+    };
+    using Spellings = std::map<std::string, Similar>;
 
     Spellings& SpellingsIn(const FilePath& folder);
+    FilePath Find(const FilePath& folder, const FileName& name, bool& isListed);
 
     /// By their paths the names in each folder, by those in lower case.
     std::map<FilePath, Spellings> folders;

@@ -27,7 +27,7 @@ FileResult RequireFile(const FileStatus& status) {
     case Kind::Other:
         return FileResult::Failure("is a device or a pipe, not a file");
     case Kind::Unknown:
-        return Failed("cannot be looked at", status.Error);
+        return Failed("cannot be checked", status.Error);
     case Kind::Missing:
         return FileResult::Failure("no such file");
     case Kind::File:
@@ -36,7 +36,18 @@ FileResult RequireFile(const FileStatus& status) {
     return {};
 }
 
-/// After an exchange in whose middle the old file has gone: keeps the new one, which is all there is.
+/// @return whether the folder takes no new file, or a new file could not have the rights of the old one.
+bool TakesNoNewFile(const std::error_code& error) {
+    return error == std::errc::permission_denied || error == std::errc::operation_not_permitted ||
+           error == std::errc::read_only_file_system;
+}
+
+/// @return whether a file cannot be replaced: another user's in a sticky folder, or a mount point.
+bool CannotBeReplaced(const std::error_code& error) {
+    return error == std::errc::operation_not_permitted || error == std::errc::device_or_resource_busy;
+}
+
+/// Keeps the new file when the old one vanished during the exchange.
 FileResult Keep(NewFile& file, const FilePath& target, FileResult failed) {
     std::error_code error;
     FilePath kept;
@@ -79,6 +90,8 @@ FileResult OpenWholeFile(const FilePath& path, FileToRead& opened) {
     opened.File = Files().OpenToRead(path, error);
     if (opened.File)
         opened.Length = opened.File->Length(error);
+    if (error == std::errc::resource_unavailable_try_again)
+        return FileResult::Failure("is being written by another program");
     if (error)
         return Failed("cannot be opened", error);
     if (opened.Length > LongestFile)
@@ -129,12 +142,14 @@ void Fill(OpenFile& file, const FileContent& content, std::error_code& error) {
         file.Flush(error);
 }
 
-FileResult WriteWholeFile(const FilePath& path, std::span<const std::uint8_t> bytes, Leftovers leftovers) {
-    return WriteWholeFile(
-        path, [bytes](OpenFile& file, std::error_code& error) { WriteAll(file, bytes, error); }, leftovers);
+FileResult WriteWholeFile(const FilePath& path, std::span<const std::uint8_t> bytes, Leftovers leftovers,
+                          const FilePath& model) {
+    const auto content = [bytes](OpenFile& file, std::error_code& error) { WriteAll(file, bytes, error); };
+    return WriteWholeFile(path, content, leftovers, model);
 }
 
-FileResult WriteWholeFile(const FilePath& path, const FileContent& content, Leftovers leftovers) {
+FileResult WriteWholeFile(const FilePath& path, const FileContent& content, Leftovers leftovers,
+                          const FilePath& model) {
     if (!path.NamesFile())
         return FileResult::Failure("names no file");
     FileOperations& files = Files();
@@ -149,23 +164,24 @@ FileResult WriteWholeFile(const FilePath& path, const FileContent& content, Left
     if (error)
         return Failed("cannot be written", error);
 
-    const auto file = files.OpenNew(target, exists, error);
-    if (!file) {
-        const bool notPermitted = error == std::errc::permission_denied ||
-                                  error == std::errc::operation_not_permitted ||
-                                  error == std::errc::read_only_file_system;
-        return exists && notPermitted ? OverwriteInPlace(target, content)
-                                      : Failed("cannot be written", error);
-    }
+    auto file = files.OpenNew(target, exists ? target : model, error);
+    if (!file)
+        return exists && TakesNoNewFile(error) ? OverwriteInPlace(target, content)
+                                               : Failed("cannot be written", error);
     Fill(file->Content(), content, error);
     const bool whole = !error;
     if (whole)
         file->TakePlace(error);
     if (!error) {
-        files.FlushFolder(target.Folder());
+        files.FlushFolder(target.Folder(), error);
         if (leftovers == Leftovers::Delete)
             files.DeleteLeftovers(target.Folder());
-        return {};
+        return error ? Failed("is written, but its folder cannot be flushed to the disk", error)
+                     : FileResult{};
+    }
+    if (whole && exists && CannotBeReplaced(error)) {
+        file.reset();
+        return OverwriteInPlace(target, content);
     }
     FileResult failed = Failed("cannot be written", error);
     const bool isLost = whole && exists && files.Status(target).What == Kind::Missing;

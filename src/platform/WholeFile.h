@@ -21,9 +21,10 @@ struct FileResult {
     std::string Reason;
     /// The byte of the file that the reason speaks of, counted from 0.
     std::int64_t Byte = 0;
-    /// After a save that has lost the old file as well: the file that holds the new content, and the one that
-    /// holds the old.
+    /// After a save that failed and lost the old file: the file that holds the new content.
     FilePath KeptIn = {};
+    /// A file that holds old content: after a save that failed and could not put it back, or, after one that
+    /// succeeded, from an earlier save that was interrupted.
     FilePath OldKeptIn = {};
 
     explicit operator bool() const { return Done; }
@@ -69,16 +70,17 @@ void Fill(OpenFile& file, const FileContent& content, std::error_code& error);
 /// takes a look at all names there.
 enum class Leftovers { Delete, Keep };
 
-/// Writes a whole file. At every moment either the old file or the new one stands whole under the name: the
-/// bytes go to a new file in the same folder, to the disk, and then under the name. A symbolic link is
-/// followed; the owner, the rights and the attributes of the old file are kept. Only where the folder takes
-/// no new file, or a new one could not have the rights of the old, that one is overwritten in place. On
-/// failure the old file is as it was and no temporary file stays. Only if a file system loses the old file
-/// all the same, KeptIn or OldKeptIn names what there is of it.
+/// Writes a whole file. The content is written to a temporary file in the same folder and flushed; the file
+/// is then renamed over the old one, and the folder is flushed. Follows symbolic links; keeps the owner, the
+/// rights and the attributes of the old file. The old file is overwritten in place if the folder takes no new
+/// file, if a new one could not have its rights, or if it cannot be replaced. On failure the old file is as
+/// it was and no temporary file remains, with two exceptions: KeptIn and OldKeptIn name the content if a file
+/// system lost the old file, and a folder that cannot be flushed already has the new file.
+/// @param model for a new file, one whose rights it may not exceed; empty for the usual rights.
 FileResult WriteWholeFile(const FilePath& path, const FileContent& content,
-                          Leftovers leftovers = Leftovers::Delete);
+                          Leftovers leftovers = Leftovers::Delete, const FilePath& model = {});
 FileResult WriteWholeFile(const FilePath& path, std::span<const std::uint8_t> bytes,
-                          Leftovers leftovers = Leftovers::Delete);
+                          Leftovers leftovers = Leftovers::Delete, const FilePath& model = {});
 
 /// Makes a folder and those above it that are missing.
 FileResult CreateFolders(const FilePath& path);

@@ -172,20 +172,65 @@ TEST_F(EnvironmentOrganizer, GivesEachEnvironmentItsTexturesAndPutsTheRestAway) 
     EXPECT_EQ(Found(), Tidy);
 }
 
-TEST_F(EnvironmentOrganizer, TakesEveryExtensionOutOfANameAndOnlyWholeLines) {
+TEST_F(EnvironmentOrganizer, TakesEveryExtensionOutOfANameAndAnySeparator) {
     Fill({{"Environments/a.env.b.ENV",
-           "x.texture.path=Environments\\t.bmp\r\nz.texture.path:Environments\\v.bmp\r\n"
-           "y.texture.path=Environments\\u.bmp"},
+           "x.texture.path=Environments\\t.bmp\r\nz.texture.path:Environments\\v.bmp\r\n"},
           {"Environments/t.bmp", "t"}});
     EXPECT_EQ(ScanEnvironments(folder.Inside("")).EnvironmentList.at(0).Name, FileName("a.b"));
     EXPECT_TRUE(Organize());
-    // Behind the key stands any one character, and the last line has no end.
     EXPECT_EQ(Found().at("Environments/a.env.b.ENV"),
-              "x.texture.path=Environments\\a.b\\t.bmp\r\nz.texture.path:Environments\\a.b\\v.bmp\r\n"
-              "y.texture.path=Environments\\u.bmp\r\n");
+              "x.texture.path=Environments\\a.b\\t.bmp\r\nz.texture.path:Environments\\a.b\\v.bmp\r\n\r\n");
     EXPECT_TRUE(fs::exists(folder.Path() / "Environments/a.b/t.bmp"));
     const auto paths = ParseTexturePaths("x.texture.path=\r\ny.texture.path=s\r\nz.texture.path= \tt \r\n");
     EXPECT_TRUE(paths.size() == 2 && paths[1].Text() == "\tt"); // only blanks are taken off
+}
+
+TEST_F(EnvironmentOrganizer, MovesNothingBesideAnEnvironmentThatItCannotOrganize) {
+    const std::string texture = "t.texture.path=Environments\\t.bmp";
+    for (const auto& [name, settings] : {std::pair("a=b", texture + "\r\n"), // reads back as "ab"
+                                         {"a", texture},
+                                         {"a", texture + "\n"},
+                                         {"a", texture + "\nsun=1\r\n"},
+                                         {"a", texture + "\rsun=1\r\n"},
+                                         {"x.env", texture + "\r\n"}}) {
+        Fill({{std::string("Environments/") + name + ".env", settings},
+              {"Environments/x.env", "sun=1\r\n"}, // has none, and the name of the last
+              {"Environments/t.bmp", "t"}});
+        Tree before = Found();
+        EXPECT_FALSE(Organize()) << settings;
+        Tree after = Found();
+        after.erase("Environments/~unfinished=");
+        EXPECT_EQ(after, before);
+    }
+}
+
+TEST_F(EnvironmentOrganizer, KeepsACopyThatHasBeenChanged) {
+    const std::string list = "Railwright has not finished organizing these environments:/x.env/\r\n";
+    Fill({{"Environments/x.env",
+           "t.texture.path=Environments\\a.png\r\nt.texture.path=Environments\\b.png\r\n"},
+          {"Environments/a.png", "loose"},
+          {"Environments/b.png", "b"},
+          {"Environments/x/a.png", "edited"},
+          {"Environments/x/b.png", "b"},
+          {"Environments/~unfinished=", list}});
+    EXPECT_TRUE(Organize());
+    EXPECT_EQ(progress.copies, 0);
+    EXPECT_EQ(Found(), (Tree{{"Environments/x.env", "t.texture.path=Environments\\x\\a.png\r\n"
+                                                    "t.texture.path=Environments\\x\\b.png\r\n\r\n"},
+                             {"Environments/__Unused Files__/a.png", "loose"},
+                             {"Environments/__Unused Files__/b.png", "b"},
+                             {"Environments/x/a.png", "edited"},
+                             {"Environments/x/b.png", "b"}}));
+}
+
+TEST_F(EnvironmentOrganizer, StopsAtTheFirstMissingFolderOfAPath) {
+    std::string path = "Environments";
+    for (int level = 0; level < 20'000; ++level)
+        path += "\\a";
+    Fill({{"Environments/x.env", "t.texture.path=" + path + "\r\n"}});
+    FailingFiles files;
+    EXPECT_TRUE(Organize());
+    EXPECT_LE(files.Calls, 1000); // most of them write the settings, 100 bytes at a time
 }
 
 TEST_F(EnvironmentOrganizer, DoesNothingWithoutEnvironments) {

@@ -50,7 +50,7 @@ TEST(NameLookup, FindsNamesInAnyCaseAndTheSameEachTime) {
         {"sky\\\xE4.BMP", "Sky/\u00C4.bmp"},
         {"sky\\?.bmp", "Sky/?.bmp"}, // what the code page cannot hold is not found
         {"sky\\x\\b.bmp", "Sky/x/b.bmp"},
-        {"sky\\X\\B.bmp", "Sky/x/b.bmp"}, // what is not there has the letters in which it was first asked for
+        {"sky\\X\\B.bmp", "Sky/x/B.bmp"}, // a missing folder has the letters in which it was first asked for
     };
     for (const auto& [path, place] : cases)
         EXPECT_EQ(lookup.Find(start, DocumentPath(path)), folder.Inside(place)) << path;

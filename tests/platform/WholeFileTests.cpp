@@ -1,5 +1,7 @@
 #include "platform/WholeFile.h"
 
+#include "platform/InPlace.h"
+
 #include "tests/support/FailingFiles.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -32,18 +34,21 @@ static void ExpectNothingLost(const Situation& now, int failAt, bool stays, cons
     files.Aside = {aside.Inside(""), aside.Inside("")};
     const FileResult saved = WriteWholeFile(folder.Inside("a"), New);
     // A folder that takes no new file has the old one overwritten, and if one takes no copy another does.
-    const bool takesNoNew = failAt == 3 && fault.Cause == std::errc::permission_denied && now.HasOld;
-    const bool takesNoCopy = failAt >= 4 && failAt <= 11;
+    const bool notPermitted = fault.Cause == std::errc::operation_not_permitted;
+    const bool takesNoNew =
+        now.HasOld && ((failAt == 3 && (notPermitted || fault.Cause == std::errc::permission_denied)) ||
+                       (failAt == 9 && notPermitted)); // a file that cannot be replaced
+    const bool takesNoCopy = failAt >= 4 && failAt <= 13;
     const bool answered = !stays && (now.IsInPlace ? takesNoCopy : takesNoNew);
     EXPECT_EQ(saved.Done, failAt > now.Calls || answered);
     EXPECT_EQ(saved.Reason.empty(), saved.Done);
     const bool lost = !saved.OldKeptIn.IsEmpty();
-    EXPECT_EQ(lost, now.IsInPlace && stays && failAt > 11 && !saved);
+    EXPECT_EQ(lost, now.IsInPlace && stays && failAt > 13 && !saved);
     EXPECT_EQ(lost, saved.Reason.find("cannot be put back; it is in") != std::string::npos);
     const Bytes before = now.HasOld ? Old : Bytes{};
     EXPECT_EQ(ReadBytes(lost ? saved.OldKeptIn.Native() : folder.File("a")), saved ? New : before);
     EXPECT_EQ(folder.Names().size(), saved || now.HasOld ? 1U : 0U);
-    EXPECT_TRUE(stays || failAt == 18 || aside.Names().empty());
+    EXPECT_TRUE(stays || failAt == 20 || aside.Names().empty());
     const bool replaced = saved && !now.IsInPlace && !answered; // then the new name goes to the disk
     EXPECT_TRUE(!replaced || files.Log == (Names{"exchange", folder.Inside("a").Folder().Native()}));
     EXPECT_TRUE(!now.IsInPlace || !saved || files.Log == Names{files.Aside[0].Native()}); // with the copy
@@ -51,14 +56,16 @@ static void ExpectNothingLost(const Situation& now, int failAt, bool stays, cons
 
 TEST(WholeFile, SaveThatFailsLeavesWhatWasThere) {
     // Look, follow links, open, three writes of 100, 100 and 50 bytes, cut off, flush, exchange. In place
-    // open is another; then the old content is copied (open, go back, read, two writes, read, cut off,
-    // flush), and before the writes the file goes back to its first byte.
+    // open is another; then both folders are searched for copies and the old content is copied (open, go
+    // back, read, two writes, read, cut off, flush), and before the writes the file goes back to its first
+    // byte.
     const Situation situations[] = {{.HasOld = true, .IsInPlace = false, .Calls = 9},
                                     {.HasOld = false, .IsInPlace = false, .Calls = 9},
-                                    {.HasOld = true, .IsInPlace = true, .Calls = 17}};
+                                    {.HasOld = true, .IsInPlace = true, .Calls = 19}};
     const Fault faults[] = {{std::errc::no_space_on_device},
                             {std::errc::io_error},
                             {std::errc::permission_denied},
+                            {std::errc::operation_not_permitted},
                             {.Cause = std::errc::no_space_on_device, .WritesNothing = true}};
     for (const Situation& situation : situations)
         for (int failAt = 1; failAt <= situation.Calls + 1; ++failAt)
@@ -83,6 +90,32 @@ TEST(WholeFile, OnlyAClosedFolderIsAnsweredByWritingInPlace) {
         EXPECT_FALSE(WriteWholeFile(folder.Inside("other"), Old));
     }
     EXPECT_EQ(folder.Names(), Names{"a"});
+}
+
+TEST(WholeFile, NamesTheCopyOfAnInterruptedSaveAndReportsAFolderThatCannotBeFlushed) {
+    const TemporaryFolder folder, aside;
+    for (const char* name : {"railwright-copy-1-a", "railwright-copy-3-a", "railwright-copy-1-b"})
+        WriteBytes(aside.File(name), Old);
+    WriteBytes(folder.File("a"), Old);
+    FailingFiles files;
+    files.Aside = {aside.Inside("")};
+    EXPECT_EQ(LeftCopies(),
+              (std::vector{aside.Inside("railwright-copy-1-a"), aside.Inside("railwright-copy-1-b"),
+                           aside.Inside("railwright-copy-3-a")}));
+    std::error_code error; // one that is open is not left
+    const auto open = files.OpenCopy(aside.Inside("railwright-copy-2-b"), error);
+    EXPECT_EQ(LeftCopies(FileName("b")), std::vector{aside.Inside("railwright-copy-1-b")});
+    files.OpenNewError = std::errc::permission_denied;
+    FileResult saved = WriteWholeFile(folder.Inside("a"), New);
+    EXPECT_TRUE(saved);
+    EXPECT_EQ(saved.OldKeptIn, aside.Inside("railwright-copy-1-a"));
+    EXPECT_EQ(aside.Names().size(), 4U);
+
+    files.OpenNewError = {};
+    files.FlushFolderError = std::errc::io_error;
+    saved = WriteWholeFile(folder.Inside("a"), Old);
+    EXPECT_FALSE(saved);
+    EXPECT_EQ(ReadBytes(folder.File("a")), Old);
 }
 
 TEST(WholeFile, KeepsTheNewContentIfTheOldFileIsLost) {

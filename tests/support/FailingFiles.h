@@ -28,18 +28,23 @@ public:
         false; // an exchange breaks off in the middle: the old file is gone, the new one has no name
     bool WritesNothing = false;  // a write that fails gives no error, it only writes nothing
     std::errc OpenNewError = {}; // what OpenNew gives; no error for the system's own answer
+    std::errc FlushFolderError = {};
     std::vector<FilePath> Aside = SystemFiles().TemporaryFolders(); // for copies
     std::vector<std::string> Log = {}; // each exchange, and each folder that is flushed
 
     FileStatus Status(Name path) override { return Fails(status.Error) ? status : real.Status(path); }
     FilePath BehindLinks(Name a, Error e) override { return Fails(e) ? a : real.BehindLinks(a, e); }
     std::vector<FilePath> TemporaryFolders() override { return Aside; }
-    void FlushFolder(Name folder) override { Log.push_back(folder.Native()); }
+    void FlushFolder(Name folder, Error e) override {
+        Log.push_back(folder.Native());
+        e = FlushFolderError == std::errc{} ? e : std::make_error_code(FlushFolderError);
+    }
+    bool IsAbandoned(Name path) override { return real.IsAbandoned(path); }
     void DeleteLeftovers(Name folder) override { real.DeleteLeftovers(folder); }
     Opened OpenToRead(Name a, Error e) override { return Fails(e) ? nullptr : Wrap(real.OpenToRead(a, e)); }
-    std::unique_ptr<NewFile> OpenNew(Name path, bool replaces, Error e) override {
+    std::unique_ptr<NewFile> OpenNew(Name path, Name model, Error e) override {
         e = OpenNewError == std::errc{} ? e : std::make_error_code(OpenNewError);
-        auto file = e || Fails(e) ? nullptr : real.OpenNew(path, replaces, e);
+        auto file = e || Fails(e) ? nullptr : real.OpenNew(path, model, e);
         return file ? std::make_unique<New>(*this, path, std::move(file)) : nullptr;
     }
     Opened OpenCopy(Name path, Error e) override { return Fails(e) ? nullptr : Wrap(real.OpenCopy(path, e)); }

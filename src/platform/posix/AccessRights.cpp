@@ -52,8 +52,9 @@ bool TakeOverOwner(const struct stat& from, int to, std::error_code& error) {
         fchown(to, from.st_uid, from.st_gid) == 0)
         return true;
     constexpr uid_t unchanged = static_cast<uid_t>(-1);
+    // An owner or group that a container does not know is an invalid argument there.
     if (found.st_gid != from.st_gid && fchown(to, unchanged, from.st_gid) != 0)
-        error = LastError();
+        error = errno == EINVAL ? std::make_error_code(std::errc::operation_not_permitted) : LastError();
     // Who was the owner is now one of the others: he must not gain by it.
     const mode_t owners = from.st_mode >> 6U, others = from.st_mode >> 3U | from.st_mode;
     if (!error && (others & ~owners & 7U) != 0)

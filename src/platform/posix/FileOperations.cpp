@@ -9,6 +9,7 @@
 #include <array>
 #include <cerrno>
 #include <climits>
+#include <csignal>
 #include <cstdlib>
 
 #include <fcntl.h>
@@ -44,6 +45,12 @@ FileStatus StatusOf(const FilePath& path) {
 
 class PosixFiles final : public FileOperations {
 public:
+    /// Beyond a limit on the size of files a write is to fail; the signal would end the process. A handler,
+    /// unlike an ignored signal, is not passed on to programs that are started.
+    PosixFiles() {
+        (void)std::signal(SIGXFSZ, [](int) {});
+    }
+
     FileStatus Status(const FilePath& path) override { return StatusOf(path); }
 
     FilePath BehindLinks(const FilePath& path, std::error_code& error) override {
@@ -64,15 +71,30 @@ public:
     }
 
     std::unique_ptr<OpenFile> OpenToRead(const FilePath& path, std::error_code& error) override {
-        return OpenNative(path.Native(), O_RDONLY | AtOnce, 0, error);
+        auto file = OpenNative(path.Native(), O_RDONLY | AtOnce, 0, error);
+        if (file)
+            LockPatiently(file->Descriptor(), Lock::Shared, error);
+        return error ? nullptr : std::move(file);
     }
 
-    std::unique_ptr<NewFile> OpenNew(const FilePath& path, bool replaces, std::error_code& error) override {
-        return OpenNewNative(path.Native(), replaces, error);
+    std::unique_ptr<NewFile> OpenNew(const FilePath& path, const FilePath& model,
+                                     std::error_code& error) override {
+        return OpenNewNative(path.Native(), model.Native(), error);
     }
 
     std::unique_ptr<OpenFile> OpenCopy(const FilePath& path, std::error_code& error) override {
-        return OpenNative(path.Native(), O_WRONLY | O_CREAT | O_EXCL, S_IRUSR | S_IWUSR, error);
+        auto copy = OpenNative(path.Native(), O_RDWR | O_CREAT | O_EXCL, S_IRUSR | S_IWUSR, error);
+        if (copy)
+            LockAtOnce(copy->Descriptor(), Lock::Exclusive);
+        return copy;
+    }
+
+    bool IsAbandoned(const FilePath& path) override {
+        std::error_code error;
+        const auto file = OpenNative(path.Native(), O_RDONLY | O_NOFOLLOW | AtOnce, 0, error);
+        struct stat found {};
+        return file && fstat(file->Descriptor(), &found) == 0 && S_ISREG(found.st_mode) &&
+               found.st_uid == geteuid() && LockAtOnce(file->Descriptor(), Lock::Exclusive);
     }
 
     std::unique_ptr<OpenFile> OpenToOverwrite(const FilePath& path, std::error_code& error) override {
@@ -80,14 +102,16 @@ public:
         while (!error) {
             auto file = OpenNative(native, O_RDWR | AtOnce, 0, error);
             if (file)
-                LockPatiently(file->Descriptor(), error);
+                LockPatiently(file->Descriptor(), Lock::Exclusive, error);
             struct stat held {
             }, named{};
             if (!error)
                 Check(fstat(file->Descriptor(), &held) != 0 ? -1 : stat(native.c_str(), &named), error);
             // While it waited another file may have taken the name.
-            if (!error && held.st_ino == named.st_ino && held.st_dev == named.st_dev)
+            if (!error && held.st_ino == named.st_ino && held.st_dev == named.st_dev) {
+                file->HoldSignals();
                 return file;
+            }
         }
         return nullptr;
     }
@@ -112,11 +136,15 @@ public:
         return names;
     }
 
-    void FlushFolder(const FilePath& folder) override {
+    void FlushFolder(const FilePath& folder, std::error_code& error) override {
         const std::string native = folder.IsEmpty() ? "." : folder.Native();
-        std::error_code ignored; // not every file system can do it
-        if (const auto opened = OpenNative(native, O_RDONLY | O_DIRECTORY, 0, ignored))
-            opened->Flush(ignored);
+        std::error_code failed;
+        if (const auto opened = OpenNative(native, O_RDONLY | O_DIRECTORY, 0, failed))
+            opened->Flush(failed);
+        // Not every file system can do it, and some folders may only be written.
+        if (failed != std::errc::invalid_argument && failed != std::errc::not_supported &&
+            failed != std::errc::permission_denied)
+            error = failed ? failed : error;
     }
 
     void DeleteLeftovers(const FilePath& folder) override {

@@ -1,6 +1,7 @@
 #include "platform/posix/NewFile.h"
 
 #include "platform/posix/AccessRights.h"
+#include "platform/posix/FileLock.h"
 #include "platform/posix/Move.h"
 #include "platform/posix/PosixFile.h"
 
@@ -10,7 +11,6 @@
 #include <string_view>
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -35,22 +35,39 @@ bool IsTemporaryName(std::string_view name) {
            numbers.find_first_not_of("0123456789-") == std::string_view::npos;
 }
 
-/// @return whether nobody else has it locked.
-bool LockAtOnce(int descriptor) {
-    return flock(descriptor, LOCK_EX | LOCK_NB) == 0;
-}
-
 /// The name that the system has for what is open, whether it has another or not.
 std::string OpenName(const PosixFile& file) {
     return "/proc/self/fd/" + std::to_string(file.Descriptor());
 }
 
+/// @return the mode of a new file that gives nobody more rights than `model` does.
+mode_t ModeLike(const std::string& model) {
+    struct stat found {};
+    if (model.empty() || stat(model.c_str(), &found) != 0)
+        return 0666;
+    const mode_t others = found.st_mode & 6U;
+    const mode_t group = found.st_gid == getegid() ? found.st_mode & 060U : others << 3U;
+    return (found.st_mode & 0600U) | group | others;
+}
+
+/// @return whether names in the folder can be added but neither changed nor removed.
+bool IsAppendOnly(const std::string& folder) {
+    struct statx found {};
+    return statx(AT_FDCWD, folder.c_str(), 0, STATX_TYPE, &found) == 0 &&
+           (found.stx_attributes & STATX_ATTR_APPEND) != 0;
+}
+
 class PosixNewFile final : public NewFile {
 public:
-    PosixNewFile(std::string native, bool replaces, std::error_code& error)
+    PosixNewFile(std::string native, const std::string& model, std::error_code& error)
         : target(std::move(native)), folder(target.substr(0, target.rfind('/') + 1)) {
+        if (IsAppendOnly(folder.empty() ? "." : folder)) { // a temporary name would stay
+            error = std::make_error_code(std::errc::operation_not_permitted);
+            return;
+        }
         // What replaces a file gets its rights from that one.
-        const mode_t mode = replaces ? S_IRUSR | S_IWUSR : 0666;
+        const bool replaces = model == target;
+        const mode_t mode = replaces ? S_IRUSR | S_IWUSR : ModeLike(model);
         if (!OpenNameless(mode))
             OpenNamed(mode, error);
         if (!error && replaces)
@@ -96,7 +113,7 @@ private:
         file = OpenNative(folder.empty() ? "." : folder, O_TMPFILE | O_WRONLY, mode, ignored);
         if (!file || access(OpenName(*file).c_str(), F_OK) != 0)
             return false;
-        LockAtOnce(file->Descriptor());
+        LockAtOnce(file->Descriptor(), Lock::Exclusive);
         return true;
     }
 
@@ -113,7 +130,7 @@ private:
             temporary = name;
             struct stat found {};
             // Before the lock another process may have taken it for a leftover.
-            if ((LockAtOnce(file->Descriptor()) || errno != EWOULDBLOCK) &&
+            if ((LockAtOnce(file->Descriptor(), Lock::Exclusive) || errno != EWOULDBLOCK) &&
                 fstat(file->Descriptor(), &found) == 0 && found.st_nlink > 0)
                 return;
             temporary.clear();
@@ -136,8 +153,9 @@ private:
 
 } // namespace
 
-std::unique_ptr<NewFile> OpenNewNative(const std::string& native, bool replaces, std::error_code& error) {
-    auto file = std::make_unique<PosixNewFile>(native, replaces, error);
+std::unique_ptr<NewFile> OpenNewNative(const std::string& native, const std::string& model,
+                                       std::error_code& error) {
+    auto file = std::make_unique<PosixNewFile>(native, model, error);
     return error ? nullptr : std::move(file);
 }
 
@@ -151,8 +169,9 @@ void DeleteLeftoversIn(const std::string& nativeFolder) {
         struct stat found {
         }, named{};
         if (file && fstat(file->Descriptor(), &found) == 0 && S_ISREG(found.st_mode) &&
-            (found.st_uid == geteuid() || geteuid() == 0) && LockAtOnce(file->Descriptor()) &&
-            lstat(path.c_str(), &named) == 0 && named.st_ino == found.st_ino)
+            (found.st_uid == geteuid() || geteuid() == 0) &&
+            LockAtOnce(file->Descriptor(), Lock::Exclusive) && lstat(path.c_str(), &named) == 0 &&
+            named.st_ino == found.st_ino)
             unlink(path.c_str());
     }
 }

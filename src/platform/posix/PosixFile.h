@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/FileOperations.h"
+#include "platform/posix/HeldSignals.h"
 
 #include <string>
 #include <vector>
@@ -19,6 +20,8 @@ public:
     ~PosixFile() override;
 
     int Descriptor() const { return descriptor; }
+    /// Holds the signals that end the process until the file is closed.
+    void HoldSignals() { held = std::make_unique<HeldSignals>(); }
 
     std::size_t Read(std::span<std::uint8_t> into, std::error_code& error) override;
     std::size_t Write(std::span<const std::uint8_t> bytes, std::error_code& error) override;
@@ -29,6 +32,7 @@ public:
 
 private:
     int descriptor;
+    std::unique_ptr<HeldSignals> held;
 };
 
 /// @return the names in a folder, given in native form, in no order.

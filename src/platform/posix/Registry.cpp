@@ -53,8 +53,10 @@ std::int32_t Save(const RegistryTree& tree) {
 
 /// Keeps every other process from changing the registry as long as it is held, so that nothing is lost
 /// between the reading and the writing. The file is a new one after each change, but its folder stays.
+/// It waits for another process once: after a wait in vain, later calls give up at once until one succeeds.
 /// @return null if it cannot be had.
 std::unique_ptr<PosixFile> HoldRegistry() {
+    static bool isPatient = true;
     std::error_code error;
     const FilePath file = RegistryFile();
     const FilePath folder = Files().BehindLinks(file, error).Folder();
@@ -62,7 +64,9 @@ std::unique_ptr<PosixFile> HoldRegistry() {
         return nullptr;
     auto held = OpenNative(folder.IsEmpty() ? "." : folder.Native(), O_RDONLY | O_DIRECTORY, 0, error);
     if (held)
-        LockPatiently(held->Descriptor(), error);
+        LockPatiently(held->Descriptor(), Lock::Exclusive, error,
+                      isPatient ? LongestWait : LongestWait.zero());
+    isPatient = error != std::errc::resource_unavailable_try_again;
     return error ? nullptr : std::move(held);
 }
 

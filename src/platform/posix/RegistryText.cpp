@@ -16,9 +16,6 @@ constexpr char16_t ByteOrderMark = 0xFEFF;
 /// A line with the backslash at its end is not longer than this.
 constexpr std::size_t LongestLine = 80;
 
-/// The levels that the registry itself can have. Each key takes room for its whole path.
-constexpr std::ptrdiff_t MostLevels = 512;
-
 int DigitOf(char16_t character) {
     constexpr std::u16string_view Lower = u"0123456789abcdef";
     constexpr std::u16string_view Upper = u"0123456789ABCDEF";
@@ -92,7 +89,7 @@ private:
         const std::u16string path = text.substr(start, end - start);
         if (removes)
             tree.Remove(path);
-        else if (std::count(path.begin(), path.end(), u'\\') < MostLevels)
+        else
             key = &tree.Make(path);
     }
 

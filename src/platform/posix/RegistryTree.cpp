@@ -76,31 +76,34 @@ RegistryName FromWideBytes(const std::vector<std::uint8_t>& bytes) {
 }
 
 RegistryKey* RegistryTree::Find(const RegistryName& path) {
-    const auto found = keys.find(SortedForm(path));
-    return found == keys.end() ? nullptr : &found->second;
+    const std::string form = SortedForm(path);
+    const auto found = keys.find(form);
+    if (found != keys.end())
+        return &found->second;
+    const auto below = FirstBelow(form);
+    return below == keys.end() ? nullptr : &Make(below->second.Path.substr(0, path.size()));
 }
 
 RegistryKey& RegistryTree::Make(const RegistryName& path) {
-    const std::string form = SortedForm(path);
-    RegistryKey& made = keys[form];
-    // Those above it are there as soon as one of them is.
-    RegistryKey* key = &made;
-    for (std::size_t end = path.size(); key->Path.empty() && end > 0; key = &keys[form.substr(0, 2 * end)]) {
-        key->Path = path.substr(0, end);
-        end = path.rfind(u'\\', end - 1);
-        if (end == RegistryName::npos)
-            break;
-    }
-    return made;
+    RegistryKey& key = keys[SortedForm(path)];
+    if (key.Path.empty())
+        key.Path = path;
+    return key;
+}
+
+RegistryTree::Iterator RegistryTree::FirstBelow(const std::string& form) const {
+    const std::string start = form + std::string(Separator);
+    const auto next = keys.lower_bound(start);
+    return next != keys.end() && next->first.starts_with(start) ? next : keys.end();
 }
 
 bool RegistryTree::HasSubkeys(const RegistryName& path) const {
-    const std::string start = SortedForm(path) + std::string(Separator);
-    const auto next = keys.lower_bound(start);
-    return next != keys.end() && next->first.starts_with(start);
+    return FirstBelow(SortedForm(path)) != keys.end();
 }
 
 void RegistryTree::Remove(const RegistryName& path) {
+    if (const std::size_t end = path.rfind(u'\\'); end != RegistryName::npos && end > 0)
+        Find(path.substr(0, end)); // the key above stays
     const std::string form = SortedForm(path);
     keys.erase(form);
     keys.erase(keys.lower_bound(form + std::string(Separator)),

@@ -42,13 +42,13 @@ std::vector<std::uint8_t> ToWideBytes(std::u16string_view wide);
 /// @return UTF-16LE bytes as text; an odd last byte is left out.
 RegistryName FromWideBytes(const std::vector<std::uint8_t>& bytes);
 
-/// The keys of a registry. Names are the same in any case of letters; a key never stands without those above
-/// it.
+/// The keys of a registry. Names are the same in any case of letters. A key implies those above it, which
+/// take no memory until they are asked for.
 class RegistryTree {
 public:
     /// The key of that path, null if there is none.
     RegistryKey* Find(const RegistryName& path);
-    /// The key of that path, which is made with those above it where it is missing.
+    /// The key of that path, which is made if it is missing.
     RegistryKey& Make(const RegistryName& path);
     bool HasSubkeys(const RegistryName& path) const;
     /// Removes the key with all its subkeys.
@@ -63,6 +63,11 @@ public:
     const std::map<std::string, RegistryKey>& Keys() const { return keys; }
 
 private:
+    using Iterator = std::map<std::string, RegistryKey>::const_iterator;
+
+    /// @return the first subkey of the key of that form, the end if there is none.
+    Iterator FirstBelow(const std::string& form) const;
+
     std::map<std::string, RegistryKey> keys;
 };
 

@@ -166,8 +166,9 @@ FilePath TemporaryNameBeside(const FilePath& path) {
 /// name.
 class WindowsNewFile final : public NewFile {
 public:
-    WindowsNewFile(const FilePath& path, bool replaces, std::error_code& error)
+    WindowsNewFile(const FilePath& path, const FilePath& model, std::error_code& error)
         : target(path), temporary(TemporaryNameBeside(path)) {
+        const bool replaces = model == path; // rights otherwise come from the folder
         DWORD attributes = FILE_ATTRIBUTE_HIDDEN;
         if (replaces && (AttributesOf(target) & FILE_ATTRIBUTE_ENCRYPTED) != 0)
             attributes |= FILE_ATTRIBUTE_ENCRYPTED;
@@ -256,13 +257,20 @@ public:
                       OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, error);
     }
 
-    std::unique_ptr<NewFile> OpenNew(const FilePath& path, bool replaces, std::error_code& error) override {
-        auto file = std::make_unique<WindowsNewFile>(path, replaces, error);
+    std::unique_ptr<NewFile> OpenNew(const FilePath& path, const FilePath& model,
+                                     std::error_code& error) override {
+        auto file = std::make_unique<WindowsNewFile>(path, model, error);
         return error ? nullptr : std::move(file);
     }
 
     std::unique_ptr<OpenFile> OpenCopy(const FilePath& path, std::error_code& error) override {
-        return Opened(path, GENERIC_WRITE, 0, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, error);
+        return Opened(path, GENERIC_READ | GENERIC_WRITE, 0, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, error);
+    }
+
+    bool IsAbandoned(const FilePath& path) override {
+        HANDLE const handle = CreateFileW(NativePath(path).c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
+                                          FILE_ATTRIBUTE_NORMAL, nullptr);
+        return handle != INVALID_HANDLE_VALUE && CloseHandle(handle) != FALSE;
     }
 
     std::unique_ptr<OpenFile> OpenToOverwrite(const FilePath& path, std::error_code& error) override {
@@ -299,7 +307,8 @@ public:
         return names;
     }
 
-    void FlushFolder(const FilePath&) override {} // the file system keeps a log of its names
+    void FlushFolder(const FilePath&, std::error_code&) override {
+    } // the file system keeps a log of its names
 
     /// What lies there is hidden, and whether another process writes it cannot be told for sure.
     void DeleteLeftovers(const FilePath&) override {}

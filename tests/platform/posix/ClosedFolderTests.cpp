@@ -90,6 +90,7 @@ TEST(EnvironmentOrganizerPlaces, ReadsThroughLinksAndChangesNothingThroughThem) 
                                             {"deep/mud.bmp", "mud"},
                                             {"loose.txt", "loose"}})
             WriteBytes(folder / name, {content.begin(), content.end()});
+        fs::permissions(folder / "deep/mud.bmp", fs::perms::owner_read | fs::perms::owner_write);
         const bool isBegun = linked == "Dawn/deep"; // by a run that was cut off
         if (isBegun) {
             const std::string list = "Railwright has not finished organizing these environments:/Dawn.env/";
@@ -123,6 +124,10 @@ TEST(EnvironmentOrganizerPlaces, ReadsThroughLinksAndChangesNothingThroughThem) 
         EXPECT_EQ(std::string(settings.begin(), settings.end()) != before, isNew);
         EXPECT_EQ(fs::exists(folder / "Dawn/sky.bmp"), isNew || isBegun);
         EXPECT_EQ(fs::exists(folder / "Dawn/deep/mud.bmp"), isNew);
+        if (isNew) { // a copy is as private as its source
+            EXPECT_EQ(fs::status(folder / "Dawn/deep/mud.bmp").permissions(),
+                      fs::perms::owner_read | fs::perms::owner_write);
+        }
         for (const std::string loose : {"sky.bmp", "loose.txt"})
             EXPECT_EQ(fs::exists(folder / loose), passes || loose == linked) << loose;
         EXPECT_EQ(progress.Told.find("is a link") != std::string::npos || isBegun,

@@ -6,12 +6,17 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <csignal>
 #include <thread>
 
 #include <fcntl.h>
 #include <grp.h>
+#include <linux/fs.h>
+#include <sched.h>
 #include <sys/file.h>
+#include <sys/ioctl.h>
 #include <sys/mount.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
@@ -88,7 +93,8 @@ TEST(WholeFile, RefusesInWordsWhatIsNoFileAndReportsFullDisks) {
     EXPECT_EQ(folder.Names(), before);
     EXPECT_TRUE(fs::is_symlink(folder.File("full")) && fs::is_symlink(folder.File("loop")));
     std::error_code error; // rights that cannot be read are not those of a file that is new
-    EXPECT_TRUE(!Files().OpenNew(folder.Inside("loop"), true, error) && error && folder.Names() == before);
+    EXPECT_TRUE(!Files().OpenNew(folder.Inside("loop"), folder.Inside("loop"), error) && error &&
+                folder.Names() == before);
 
     if (mount("tmpfs", disk.c_str(), "tmpfs", 0, "size=64k") != 0)
         GTEST_SKIP() << "no file system can be mounted here";
@@ -97,6 +103,15 @@ TEST(WholeFile, RefusesInWordsWhatIsNoFileAndReportsFullDisks) {
     EXPECT_EQ(ReadBytes(disk / "a"), Old);
     EXPECT_EQ(std::distance(fs::directory_iterator(disk), fs::directory_iterator()), 1);
     umount(disk.c_str());
+
+    // A file that is itself a mount point cannot be replaced.
+    WriteBytes(folder.File("source"), Old);
+    WriteBytes(folder.File("mounted"), Old);
+    if (mount(folder.File("source").c_str(), folder.File("mounted").c_str(), "", MS_BIND, nullptr) != 0)
+        GTEST_SKIP() << "no file can be mounted here";
+    EXPECT_TRUE(WriteWholeFile(folder.Inside("mounted"), New));
+    EXPECT_EQ(ReadBytes(folder.File("source")), New);
+    umount(folder.File("mounted").c_str());
 }
 
 /// Whose a file is, what its mode allows, its access list and an attribute of the user's.
@@ -119,6 +134,85 @@ Rights RightsOf(const std::string& file) {
     };
     return {found.st_uid, found.st_gid, found.st_mode & 07777U, attribute("system.posix_acl_access"),
             attribute("user.note")};
+}
+
+TEST(WholeFile, LeavesNoTemporaryFileInAnAppendOnlyFolder) {
+    const TemporaryFolder folder;
+    WriteBytes(folder.File("a"), Old);
+    const int opened = open(folder.File("").c_str(), O_RDONLY);
+    int flags = 0;
+    const auto set = [&](bool isAppendOnly) {
+        flags = isAppendOnly ? flags | FS_APPEND_FL : flags & ~FS_APPEND_FL;
+        return ioctl(opened, FS_IOC_SETFLAGS, &flags) == 0;
+    };
+    if (ioctl(opened, FS_IOC_GETFLAGS, &flags) != 0 || !set(true)) {
+        close(opened);
+        GTEST_SKIP() << "this file system or user cannot make a folder append-only";
+    }
+    EXPECT_TRUE(WriteWholeFile(folder.Inside("a"), New));
+    EXPECT_FALSE(WriteWholeFile(folder.Inside("b"), New));
+    EXPECT_EQ(folder.Names(), Names{"a"});
+    EXPECT_EQ(ReadBytes(folder.File("a")), New);
+    EXPECT_TRUE(set(false));
+    close(opened);
+}
+
+TEST(WholeFileDeathTest, SignalsCutNoSaveOff) {
+    const TemporaryFolder folder, aside;
+    FailingFiles files;
+    files.Aside = {aside.Inside("")};
+    const auto save = [&](bool isInPlace, const FileContent& content) {
+        files.OpenNewError = isInPlace ? std::errc::permission_denied : std::errc{};
+        std::_Exit(WriteWholeFile(folder.Inside("a"), content) ? 0 : 1);
+    };
+    for (const bool isInPlace : {false, true}) {
+        WriteBytes(folder.File("a"), Old);
+        const auto beyondLimit = [&] { // 200 bytes, of 250
+            const rlimit limit = {200, 200};
+            setrlimit(RLIMIT_FSIZE, &limit);
+            save(isInPlace, [](OpenFile& file, std::error_code& error) { WriteAll(file, New, error); });
+        };
+        EXPECT_EXIT(beyondLimit(), ::testing::ExitedWithCode(1), "");
+        EXPECT_EQ(ReadBytes(folder.File("a")), Old);
+        EXPECT_TRUE(folder.Names() == Names{"a"} && aside.Names().empty());
+    }
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        WriteBytes(folder.File("a"), Old);
+        const auto interrupted = [signal](OpenFile& file, std::error_code& error) {
+            WriteAll(file, std::span(New).first(100), error);
+            kill(getpid(), signal);
+            WriteAll(file, std::span(New).subspan(100), error);
+        };
+        EXPECT_EXIT(save(true, interrupted), ::testing::KilledBySignal(signal), "");
+        EXPECT_EQ(ReadBytes(folder.File("a")), New);
+        EXPECT_TRUE(aside.Names().empty());
+    }
+}
+
+TEST(WholeFileDeathTest, OverwritesAFileWhoseOwnerAContainerDoesNotKnow) {
+    const TemporaryFolder folder;
+    WriteBytes(folder.File("a"), Old);
+    if (chown(folder.File("a").c_str(), 12345, 12345) != 0 || chmod(folder.File("a").c_str(), 0666) != 0)
+        GTEST_SKIP() << "only root can give files away";
+    const auto saveInContainer = [&] { // 0 if it was saved, 1 if not, 2 if there are no containers
+        if (unshare(CLONE_NEWUSER) != 0)
+            std::_Exit(2);
+        for (const auto& [name, content] :
+             {std::pair("setgroups", "deny"), {"uid_map", "0 0 1"}, {"gid_map", "0 0 1"}})
+            std::ofstream(std::string("/proc/self/") + name) << content;
+        std::_Exit(WriteWholeFile(folder.Inside("a"), New) ? 0 : 1);
+    };
+    if (const pid_t child = fork(); child == 0) {
+        saveInContainer();
+    } else {
+        int status = -1;
+        ASSERT_EQ(waitpid(child, &status, 0), child);
+        if (WEXITSTATUS(status) == 2)
+            GTEST_SKIP() << "this system allows no user namespaces";
+        EXPECT_EQ(status, 0);
+    }
+    EXPECT_EQ(ReadBytes(folder.File("a")), New);
+    EXPECT_EQ(RightsOf(folder.File("a")).Owner, 12345U);
 }
 
 /// An access list of version 2: each entry is a kind, rights and who, in 2, 2 and 4 bytes.
@@ -172,11 +266,13 @@ TEST(WholeFileDeathTest, GivesNobodyMoreRights) {
     const std::string leftover = folder.File(".railwright-12-34.tmp"); // of another user's save
     WriteBytes(leftover, Old);
     chmod(leftover.c_str(), 0666);
-    for (const auto& [group, mode, owner] :
-         {std::tuple(60U, 0660U, 65534U), // the group can be kept,
-          {60U, 0064U, 1U},               // but the owner would then be one of them,
-          {60U, 0661U, 1U},               // or one of the others
-          {61U, 0666U, 1U}}) {            // nothing can, so that it is written in place
+    for (const auto& [group, mode, owner, ofFolder] :
+         {std::tuple(60U, 0660U, 65534U, 0777U), // the group can be kept,
+          {60U, 0064U, 1U, 0777U},               // but the owner would then be one of them,
+          {60U, 0661U, 1U, 0777U},               // or one of the others
+          {60U, 0660U, 1U, 01777U},              // in a sticky folder nobody replaces another's file,
+          {61U, 0666U, 1U, 0777U}}) {            // nothing can be kept, so that it is written in place
+        chmod(folder.File("").c_str(), ofFolder);
         WriteBytes(file, Old);
         ASSERT_TRUE(chown(file.c_str(), 1, 60) == 0 && chmod(file.c_str(), mode) == 0);
         EXPECT_EXIT(saveAs(group), ::testing::ExitedWithCode(0), "") << mode;
@@ -194,7 +290,7 @@ TEST(WholeFile, ANewFileHasNoNameAndLeftoversAreClearedAway) {
     const TemporaryFolder folder;
     const std::string file = folder.File("a");
     std::error_code error;
-    auto begun = Files().OpenNew(folder.Inside("a"), false, error);
+    auto begun = Files().OpenNew(folder.Inside("a"), {}, error);
     const int nameless = open(folder.File("").c_str(), O_TMPFILE | O_WRONLY, 0600);
     EXPECT_EQ(folder.Names().size(), nameless >= 0 ? 0U : 1U);
     close(nameless);
@@ -228,9 +324,18 @@ TEST(WholeFile, TwoThatOverwriteInPlaceDoNotMixTheirContents) {
         const pid_t other = fork();
         if (other == 0)
             _exit(save(0) ? 0 : 1);
+        const pid_t reader = fork();
+        for (Bytes read; reader == 0; read.clear())
+            if (!ReadWholeFile(folder.Inside("a"), read) ||
+                (read != Old && read != contents[0] && read != contents[1]))
+                _exit(1); // a mixture
+            else if (read != Old)
+                _exit(0);
         EXPECT_TRUE(save(1));
-        int status = -1;
-        EXPECT_TRUE(waitpid(other, &status, 0) == other && status == 0);
+        for (const pid_t child : {other, reader}) {
+            int status = -1;
+            EXPECT_TRUE(waitpid(child, &status, 0) == child && status == 0) << round;
+        }
         const Bytes found = ReadBytes(folder.File("a"));
         EXPECT_TRUE(found == contents[0] || found == contents[1]) << round;
     }
@@ -249,7 +354,7 @@ TEST(WholeFile, TwoThatOverwriteInPlaceDoNotMixTheirContents) {
     EXPECT_EQ(ReadBytes(folder.File("a")), contents[1]);
     held = open(folder.File("a").c_str(), O_RDONLY); // for ever
     ASSERT_EQ(flock(held, LOCK_EX), 0);
-    EXPECT_EQ(save(0).Reason, "is being written by another program");
+    EXPECT_EQ(save(0).Reason, "is being read or written by another program");
     close(held);
 }
 
