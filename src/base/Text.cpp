@@ -172,15 +172,44 @@ text FromUtf8(std::string_view utf8, const CodePage& codePage) {
     return characters;
 }
 
-std::string OnOneLine(std::string_view utf8) {
+namespace {
+
+/// @param kept control characters that stay, in ASCII.
+std::string WithoutControls(std::string_view utf8, std::string_view kept) {
     constexpr char32_t Replacement = 0xFFFD;
     std::string line;
     line.reserve(utf8.size());
     while (!utf8.empty()) {
         const char32_t character = TakeCharacter(utf8);
-        AppendUtf8(line, ControlsLines(character) || character == IllFormed ? Replacement : character);
+        const bool isKept =
+            character < 0x80 && kept.find(static_cast<char>(character)) != std::string_view::npos;
+        const bool isBad = character == IllFormed || (ControlsLines(character) && !isKept);
+        AppendUtf8(line, isBad ? Replacement : character);
     }
     return line;
+}
+
+} // namespace
+
+std::string OnOneLine(std::string_view utf8) {
+    return WithoutControls(utf8, "");
+}
+
+std::string OnLines(std::string_view utf8) {
+    return WithoutControls(utf8, "\t\n\r");
+}
+
+std::string_view FirstOutside(std::string_view utf8, const CodePage& codePage) {
+    const auto isInside = [&codePage](char32_t character) {
+        return std::find(codePage.Unicode.begin(), codePage.Unicode.end(), character) !=
+               codePage.Unicode.end();
+    };
+    while (!utf8.empty()) {
+        const std::string_view rest = utf8;
+        if (!isInside(TakeCharacter(utf8)))
+            return rest.substr(0, rest.size() - utf8.size());
+    }
+    return {};
 }
 
 } // namespace railwright

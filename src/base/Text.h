@@ -44,4 +44,12 @@ text FromUtf8(std::string_view utf8, const CodePage& codePage);
 /// turn their direction, and every byte that is not well-formed becomes the replacement character.
 std::string OnOneLine(std::string_view utf8);
 
+/// Returns `utf8` as text of several lines: like OnOneLine, but with its tabs, line feeds and carriage
+/// returns.
+std::string OnLines(std::string_view utf8);
+
+/// Returns the first character of `utf8` that the code page lacks, or the first byte that is not well-formed
+/// UTF-8. It is empty if there is none.
+std::string_view FirstOutside(std::string_view utf8, const CodePage& codePage);
+
 } // namespace railwright

@@ -152,9 +152,24 @@ private:
         out << '"';
         InUtf8(characters, SystemCodePage(), [this](std::string_view utf8) {
             const std::string quoted = Json(utf8).dump();
-            out << std::string_view(quoted).substr(1, quoted.size() - 2);
+            PrintEscaped(std::string_view(quoted).substr(1, quoted.size() - 2));
         });
         out << '"';
+    }
+    /// Prints U+007F to U+009F as \u00xx, which the library leaves as they are and terminals may obey.
+    void PrintEscaped(std::string_view json) {
+        constexpr std::string_view digits = "0123456789abcdef";
+        for (std::size_t i = 0; i < json.size(); ++i) {
+            const bool isDelete = json[i] == '\x7F';
+            const bool isC1 =
+                json[i] == '\xC2' && i + 1 < json.size() && static_cast<unsigned char>(json[i + 1]) < 0xA0;
+            if (isDelete || isC1) {
+                const auto code = static_cast<unsigned char>(json[isC1 ? ++i : i]);
+                out << "\\u00" << digits[code / 16] << digits[code % 16];
+            } else {
+                out << json[i];
+            }
+        }
     }
     void Print(const Vector3& v) { Print(std::array{v.X, v.Y, v.Z}); }
     template <class Value, std::size_t Size>

@@ -87,17 +87,17 @@ Tunnels CountTunnels(std::span<const TrackSegment> segments) {
     return tunnels;
 }
 
+/// How the texts of a document go into a report. A terminal obeys control characters, the window does not.
+enum class Texts { AsStored, Printable };
+
 class Report {
 public:
-    Report(TextOutput& output, const NumberSeparators& numberSeparators)
-        : out(output), separators(numberSeparators) {}
+    Report(TextOutput& output, const NumberSeparators& numberSeparators, Texts form)
+        : out(output), separators(numberSeparators), texts(form) {}
 
     void Line(std::string_view label, std::string_view value = "") { out << label << value << EndOfLine; }
-    void Line(std::string_view label, const text& characters, const CodePage& codePage) {
-        out << label;
-        InUtf8(characters, codePage, [this](std::string_view utf8) { out << utf8; });
-        out << EndOfLine;
-    }
+    void Name(std::string_view label, const text& name) { Stored(label, name, OnOneLine); }
+    void Lines(const text& lines) { Stored("", lines, OnLines); }
     void BlankLine() { Line(""); }
     void WholeLine(const char* label, std::int64_t value, const char* behind = "") {
         Line(label, Whole(value) + behind);
@@ -126,8 +126,20 @@ public:
     }
 
 private:
+    void Stored(std::string_view label, const text& characters, std::string (*printable)(std::string_view)) {
+        out << label;
+        InUtf8(characters, SystemCodePage(), [&](std::string_view utf8) {
+            if (texts == Texts::AsStored)
+                out << utf8;
+            else
+                out << printable(utf8);
+        });
+        out << EndOfLine;
+    }
+
     TextOutput& out;
     const NumberSeparators& separators;
+    Texts texts;
 };
 
 void ReportFile(Report& report, const FilePath& sDocumentFile) {
@@ -199,8 +211,7 @@ void ReportScenery(Report& report) {
     report.WholeLine("Total Objects: ", Track.SceneryObjects.Count);
     int number = 0;
     for (const SceneryObject& object : Used(Track.SceneryObjects.Items, Track.SceneryObjects.Count))
-        report.Line("   Object " + FormatNumber(++number, "000", {}) + ": ", object.FileName,
-                    SystemCodePage());
+        report.Name("   Object " + FormatNumber(++number, "000", {}) + ": ", object.FileName);
     report.BlankLine();
 }
 
@@ -225,17 +236,17 @@ void ReportTerrain(Report& report) {
 void ReportTexts(Report& report) {
     const text& environment = Track.Environment.PreferredEnvironment;
     const text none = "-none-";
-    report.Line("Prefered Environment: ", environment.empty() ? none : environment, SystemCodePage());
+    report.Name("Prefered Environment: ", environment.empty() ? none : environment);
     report.BlankLine();
     const text& comments = Track.TrackInfo.AuthorComments;
     report.WholeLine("Author's Comments: ", static_cast<std::int64_t>(comments.size()),
                      " character(s) long.");
-    report.Line("", comments, SystemCodePage());
+    report.Lines(comments);
 }
 
 void ReportAll(TextOutput& out, const FilePath& sDocumentFile, const NumberSeparators& separators,
-               const TrackMeasures& measures) {
-    Report report(out, separators);
+               const TrackMeasures& measures, Texts texts) {
+    Report report(out, separators, texts);
     ReportFile(report, sDocumentFile);
     ReportTrack(report, measures);
     ReportSegments(report);
@@ -254,12 +265,12 @@ std::string BuildTrackOverview(const FilePath& sDocumentFile, const NumberSepara
     lines.reserve(Track.TrackInfo.AuthorComments.size() +
                   static_cast<std::size_t>(Track.SceneryObjects.Count) * LineOfObject + RestOfReport);
     TextOutput out([&](std::string_view piece) { lines += piece; });
-    ReportAll(out, sDocumentFile, separators, measures);
+    ReportAll(out, sDocumentFile, separators, measures, Texts::AsStored);
     return lines;
 }
 
 void PrintTrackOverview(TextOutput& out, const FilePath& sDocumentFile, const NumberSeparators& separators) {
-    ReportAll(out, sDocumentFile, separators, MeasureTrack());
+    ReportAll(out, sDocumentFile, separators, MeasureTrack(), Texts::Printable);
 }
 
 std::string TrackTypeName(std::int32_t TrackType) {

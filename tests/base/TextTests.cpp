@@ -50,6 +50,9 @@ TEST(Text, WhatTheCodePageCannotHoldBecomesAQuestionMark) {
     };
     for (const auto& [utf8, expected] : cases)
         EXPECT_EQ(FromUtf8(utf8, Windows1252()), expected) << ::testing::PrintToString(utf8);
+    EXPECT_EQ(FirstOutside("?\u20AC\u4E2D\u0416", Windows1252()), "\u4E2D");
+    EXPECT_EQ(FirstOutside("a\xE2\x82z", Windows1252()), "\xE2");
+    EXPECT_EQ(FirstOutside("?\u20AC\u009D", Windows1252()), "");
 }
 
 TEST(Text, HasNoControlCharactersOnALineOfOutput) {
@@ -59,6 +62,7 @@ TEST(Text, HasNoControlCharactersOnALineOfOutput) {
                                   "\u2066", "\u2069", "\xFF", "\xC3"})
         EXPECT_EQ(OnOneLine("x" + std::string(character)), "x" + bad);
     EXPECT_EQ(OnOneLine(std::string(2, 0)), bad + bad);
+    EXPECT_EQ(OnLines("a\tb\r\nc\x1B\u009B"), "a\tb\r\nc" + bad + bad);
 }
 
 TEST(Text, ComesOutWholeInPieces) {
