@@ -61,10 +61,18 @@ int Run(int count, char** words) {
     app.add_option("PICTURE", picture, "PNG file to write")->required()->type_name("");
     app.set_version_flag("--version", "railwright-thumbnailer " + std::string(Version),
                          "print the version and exit");
+    app.failure_message([](const CLI::App*, const CLI::Error& error) {
+        return OnOneLine(error.what()) + "\nRun with --help for more information.\n";
+    });
     try {
         app.parse(count, words);
     } catch (const CLI::ParseError& error) {
-        return app.exit(error, std::cout, std::cerr) == 0 ? 0 : Usage;
+        if (app.exit(error, std::cout, std::cerr) != 0)
+            return Usage;
+        if (std::cout.flush())
+            return 0;
+        std::cerr << "railwright-thumbnailer: standard output: cannot be written\n";
+        return Failed;
     }
     QImage drawn;
     FileResult result = DrawPlan(FilePath::FromUser(file), size, drawn);
