@@ -13,8 +13,8 @@ std::vector<std::string> StartCommandLine(int count, char** arguments);
 /// @return whether a user sees standard error right away, on a terminal.
 bool ErrorsGoToTerminal();
 
-/// @return all that stands behind the program's name as one UTF-8 text: on Windows just as it was given,
-/// elsewhere the arguments with a blank between each two.
+/// @return all that stands behind the program's name as one UTF-8 text: on Windows as it was given, without
+/// its double quotes, elsewhere the arguments with a blank between each two.
 std::string CommandLineText(int count, char** arguments);
 
 } // namespace railwright

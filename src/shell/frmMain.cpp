@@ -165,7 +165,6 @@ void frmMain::Form_Load(std::string commandLine) {
     }
     if (commandLine.empty())
         return;
-    std::erase(commandLine, '"');
     OpenNoLimitsFile(FilePath::FromUser(commandLine));
 }
 

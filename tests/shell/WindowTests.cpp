@@ -266,14 +266,14 @@ void WindowTests::StartsWithFileAndSimulator() {
             QCOMPARE(program.IsEnabled(name), !chosen.empty());
     }
 #ifdef Q_OS_WIN
-    const QString mark = "[.]"; // no name has an asterisk there
+    const QString mark = "[.]"; // no name has an asterisk or a quote there
 #else
-    const QString mark = "[*]";
+    const QString mark = "[*]\"";
 #endif
     const QString words = "two " + mark + " words";
     const std::string file = simulator.File(words.toStdString() + ".NLTrack");
     WriteBytes(file, ReadBytes(Comet));
-    Program program('"' + file + '"');
+    Program program(file);
     // The toolkit shows a doubled mark as one.
     QCOMPARE(program.Title(), "Railwright: " + QString(words).replace("[*]", "[*][*]") + ".NLTrack");
     // Also the panels that were not there yet when it was opened show it.

@@ -121,7 +121,9 @@ std::string CommandLineText(int, char**) {
     const std::size_t end = line.find(isQuoted ? L'"' : L' ', isQuoted ? 1 : 0);
     line.remove_prefix(end == std::wstring_view::npos ? line.size() : end + 1);
     line.remove_prefix(std::min(line.find_first_not_of(L" \t"), line.size()));
-    return FromWide(line.substr(0, line.find_last_not_of(L" \t") + 1));
+    std::wstring file(line.substr(0, line.find_last_not_of(L" \t") + 1));
+    std::erase(file, L'"');
+    return FromWide(file);
 }
 
 } // namespace railwright
