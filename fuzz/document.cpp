@@ -61,7 +61,8 @@ bool Load(const DocumentKind& kind, const Bytes& file) {
     if (const double share = static_cast<double>(peak) / static_cast<double>(file.size());
         file.size() >= 10'000 && share > largest)
         std::fprintf(stderr, "heap for each byte of a large file: %.2f\n", largest = share);
-    Require(loaded.Done == loaded.Reason.empty() && loaded.Byte >= 0 && loaded.Byte <= std::ssize(file),
+    Require(loaded.Done == loaded.Reason.empty() && loaded.Byte >= FileResult::NoByte &&
+                loaded.Byte <= std::ssize(file),
             "a failure has a reason and a byte of the file");
     Require(loaded.Done || Saved(kind) == empty[&kind == &ElementKind], "a failure leaves an empty document");
     return loaded.Done;

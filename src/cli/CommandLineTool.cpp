@@ -8,6 +8,7 @@
 #include "cli/Suggestion.h"
 #include "documents/DocumentKinds.h"
 #include "drawing/SvgPictureBox.h"
+#include "format/ChunkReader.h"
 #include "geometry/mNoLimits_TrackTools.h"
 #include "install/mTool_EnvironmentCleaner.h"
 #include "platform/FileOperations.h"
@@ -18,6 +19,7 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <cerrno>
 #include <functional>
 #include <new>
 #include <span>
@@ -40,6 +42,9 @@ struct OutputFailure {};
 
 /// A kind of document, and what this program alone does with it.
 struct Kind : DocumentKind {
+    FileResult (*Read)(const FilePath&, UnknownChunks&);
+    /// Null if it has none.
+    void (*Report)(TextOutput&, const FilePath&, const NumberSeparators&);
     void (*Dump)(TextOutput&);
     void (*PrintPolyline)(TextOutput&);
     StepResult (*Apply)(std::span<const std::string>, const StepBegins&);
@@ -68,12 +73,9 @@ void PrintElementPolyline(TextOutput& out) {
     });
 }
 
-constexpr std::array Kinds = {Kind{TrackKind, DumpTrack, PrintTrackPolyline, ApplyTrackSteps},
-                              Kind{ElementKind, DumpElement, PrintElementPolyline, ApplyElementSteps}};
-
-std::string WithByte(const FileResult& result) {
-    return result.Reason + " at byte " + std::to_string(result.Byte);
-}
+constexpr std::array Kinds = {
+    Kind{TrackKind, ReadTrackFile, PrintTrackOverview, DumpTrack, PrintTrackPolyline, ApplyTrackSteps},
+    Kind{ElementKind, ReadElementFile, nullptr, DumpElement, PrintElementPolyline, ApplyElementSteps}};
 
 /// @throws FileFailure if the file's name has neither extension.
 const Kind& KindOf(const std::string& file) {
@@ -82,16 +84,20 @@ const Kind& KindOf(const std::string& file) {
     throw FileFailure{file, OfNoKind};
 }
 
-/// @throws FileFailure if the file cannot be read.
-void Load(const DocumentKind& kind, const std::string& file) {
-    if (const FileResult loaded = kind.Load(FilePath::FromUser(file)); !loaded)
-        throw FileFailure{file, loaded.Byte > 0 ? WithByte(loaded) : loaded.Reason};
-}
+struct Loaded {
+    const Kind& Of;
+    UnknownChunks Unknown;
+};
 
-const Kind& LoadAny(const std::string& file) {
-    const Kind& kind = KindOf(file);
-    Load(kind, file);
-    return kind;
+/// @throws FileFailure if the file cannot be read.
+Loaded Load(const std::string& file) {
+    Loaded loaded = {KindOf(file), {}};
+    const FileResult result = loaded.Of.Read(FilePath::FromUser(file), loaded.Unknown);
+    if (!result) {
+        const bool hasByte = result.Byte != FileResult::NoByte;
+        throw FileFailure{file, result.Reason + (hasByte ? " at byte " + std::to_string(result.Byte) : "")};
+    }
+    return loaded;
 }
 
 /// @throws FileFailure unless it is done.
@@ -100,18 +106,34 @@ void Require(const FileResult& result, const std::string& file) {
         throw FileFailure{file, result.Reason};
 }
 
-/// @return what passes a text on to `out` with LF in the place of CR LF; behind its end there is nothing to
-/// pass.
+/// Returns an output that passes text on to `out` with LF instead of CR LF and of CR, which would send a
+/// terminal back to the start of a line.
 TextOutput WithPlainLineEnds(TextOutput& out) {
-    return TextOutput([&out, isHeld = false](std::string_view characters) mutable {
+    return TextOutput([&out, isAfterReturn = false](std::string_view characters) mutable {
         for (const char character : characters) {
-            if (isHeld && character != '\n')
-                out << '\r';
-            isHeld = character == '\r';
-            if (!isHeld)
+            if (character == '\r')
+                out << '\n';
+            else if (character != '\n' || !isAfterReturn)
                 out << character;
+            isAfterReturn = character == '\r';
         }
     });
+}
+
+/// The parser splits a word such as "[a,b]" into two. This character, which no argument has, goes before the
+/// bracket until the words are parsed.
+constexpr char Shield = '\0';
+
+std::vector<std::string> Shielded(std::vector<std::string> words) {
+    for (std::string& word : words)
+        if (word.starts_with('['))
+            word.insert(word.begin(), Shield);
+    return words;
+}
+
+std::string Unshielded(std::string word) {
+    std::erase(word, Shield);
+    return word;
 }
 
 /// What a command line says behind the command's name.
@@ -122,20 +144,31 @@ struct Arguments {
     NumberSeparators Separators = UserNumberSeparators();
     /// Where the progress is told; none if it is not.
     std::ostream* Terminal = nullptr;
+    /// Prints a message about a file on standard error.
+    std::function<void(const std::string& file, std::string_view message)> Warn;
+
+    void Unshield() {
+        for (std::vector<std::string>* const words : {&Files, &Steps})
+            std::transform(words->begin(), words->end(), words->begin(), Unshielded);
+        for (std::string* const word : {&Target, &Separators.Group, &Separators.Decimal})
+            *word = Unshielded(*word);
+    }
 };
 
 void PrintReport(const std::string& file, const Arguments& arguments, TextOutput& out) {
-    Load(TrackKind, file);
+    const Kind& kind = Load(file).Of;
+    if (kind.Report == nullptr)
+        throw FileFailure{file, "an element has no report"};
     TextOutput lines = WithPlainLineEnds(out);
-    PrintTrackOverview(lines, FilePath::FromUser(file), arguments.Separators);
+    kind.Report(lines, FilePath::FromUser(file), arguments.Separators);
 }
 
 void PrintDump(const std::string& file, const Arguments&, TextOutput& out) {
-    LoadAny(file).Dump(out);
+    Load(file).Of.Dump(out);
 }
 
 void PrintPolyline(const std::string& file, const Arguments&, TextOutput& out) {
-    LoadAny(file).PrintPolyline(out);
+    Load(file).Of.PrintPolyline(out);
 }
 
 /// Draws one of the two views straight into a file.
@@ -158,7 +191,7 @@ void WriteDrawing(const FilePath& file, const std::function<void(PictureBox&)>& 
 }
 
 void WritePreview(const std::string& file, const Arguments& arguments, TextOutput&) {
-    const Kind& kind = LoadAny(file);
+    const Kind& kind = Load(file).Of;
     const FilePath folder = FilePath::FromUser(arguments.Target);
     Require(CreateFolders(folder), arguments.Target);
     NoPicture none;
@@ -168,10 +201,11 @@ void WritePreview(const std::string& file, const Arguments& arguments, TextOutpu
                  [&](PictureBox& side) { kind.DrawWhileSampling(none, side); });
 }
 
-void Apply(const std::string& file, const Arguments& arguments, TextOutput&) {
+/// Applies the steps to a file and saves the result. @return the chunks that are not in the result.
+UnknownChunks ApplyAndSave(const std::string& file, const Arguments& arguments) {
     Progress progress(arguments.Terminal);
     progress.Tell("reading");
-    const Kind& kind = LoadAny(file);
+    const auto [kind, unknown] = Load(file);
     const auto begins = [&, &steps = arguments.Steps](std::size_t i) {
         progress.Tell("step " + std::to_string(i + 1) + " of " + std::to_string(steps.size()) + ": " +
                       std::string(NameOfStep(steps[i])));
@@ -180,12 +214,20 @@ void Apply(const std::string& file, const Arguments& arguments, TextOutput&) {
         throw FileFailure{file, applied.Reason};
     progress.Tell("writing");
     Require(kind.Save(FilePath::FromUser(arguments.Target)), arguments.Target);
+    return unknown;
+}
+
+void Apply(const std::string& file, const Arguments& arguments, TextOutput&) {
+    if (const UnknownChunks unknown = ApplyAndSave(file, arguments); unknown.Count > 0)
+        arguments.Warn(file, unknown.Described() + (unknown.Count == 1 ? " was" : " were") + " not saved");
 }
 
 void Check(const std::string& file, const Arguments&, TextOutput& out) {
-    if (const FileResult loaded = KindOf(file).Load(FilePath::FromUser(file)); !loaded)
-        throw FileFailure{file, WithByte(loaded)};
-    out << OnOneLine(file) << ": ok\n";
+    const UnknownChunks unknown = Load(file).Unknown;
+    out << OnOneLine(file) << ": ok";
+    if (unknown.Count > 0)
+        out << ", " << unknown.Described() << " will not be saved";
+    out << '\n';
 }
 
 /// Prints what the organizer does, line by line.
@@ -211,6 +253,13 @@ void Organize(const std::string& folder, const Arguments&, TextOutput& out) {
     if (folder.empty())
         throw FileFailure{folder, "no folder is named"};
     const FilePath simulator = FilePath::FromUser(folder);
+    const FileStatus status = Files().Status(simulator);
+    if (status.What == FileStatus::Kind::Missing)
+        throw FileFailure{folder, "no such folder"};
+    if (status.What == FileStatus::Kind::Unknown)
+        throw FileFailure{folder, "cannot be checked: " + status.Error.message()};
+    if (status.What != FileStatus::Kind::Folder)
+        throw FileFailure{folder, "is not a folder"};
     const FilePath environments = NameLookup().Find(simulator, FileName("Environments"));
     if (Files().Status(environments).What != FileStatus::Kind::Folder)
         throw FileFailure{folder, "there is no folder Environments in it"};
@@ -279,6 +328,11 @@ constexpr Command Commands[] = {
      .Work = Organize},
 };
 
+/// An argument that may not be empty.
+std::string Required(const std::string& value) {
+    return value.empty() ? "it is empty" : "";
+}
+
 void AddCommand(CLI::App& app, const Command& command, Arguments& arguments, const Command*& chosen) {
     CLI::App* const added = app.add_subcommand(command.Name, command.Help);
     added->callback([&command, &chosen] { chosen = &command; });
@@ -297,10 +351,11 @@ void AddCommand(CLI::App& app, const Command& command, Arguments& arguments, con
         added->add_option("-o", arguments.Target, command.Target)
             ->required()
             ->type_name(command.TargetKind)
-            ->check([](const std::string& name) { return std::string(name.empty() ? "it is empty" : ""); });
+            ->check(Required);
     if (command.HasSeparators) {
         added->add_option("--group", arguments.Separators.Group, "what stands between the thousands");
-        added->add_option("--decimal", arguments.Separators.Decimal, "what stands before the decimals");
+        added->add_option("--decimal", arguments.Separators.Decimal, "what stands before the decimals")
+            ->check(Required);
     }
 }
 
@@ -320,7 +375,8 @@ struct CommandLine {
         App.failure_message([](const CLI::App* app, const CLI::Error& error) {
             const std::vector<std::string> unknown = app->remaining();
             const bool hasCommand = unknown.empty() || !app->get_subcommands().empty();
-            return OnOneLine(error.what()) + (hasCommand ? "" : DidYouMean(unknown.front(), Commands)) +
+            return OnOneLine(Unshielded(error.what())) +
+                   (hasCommand ? "" : DidYouMean(unknown.front(), Commands)) +
                    "\nRun with --help for more information.\n";
         });
     }
@@ -337,33 +393,45 @@ void DescribeCommandLine(const std::function<void(const CLI::App&)>& describe) {
 int RunCommandLineTool(std::vector<std::string> words, std::ostream& out, std::ostream& errors,
                        std::ostream* terminal) {
     CommandLine line;
+    const auto warn = [&errors](const std::string& file, std::string_view message) {
+        errors << "railwright-cli: " << OnOneLine(file + ": " + std::string(message)) << '\n';
+    };
     line.Given.Terminal = terminal;
+    line.Given.Warn = warn;
     const Arguments& arguments = line.Given;
     try {
         std::reverse(words.begin(), words.end()); // as the parser wants them
-        line.App.parse(std::move(words));
+        line.App.parse(Shielded(std::move(words)));
+        line.Given.Unshield();
     } catch (const CLI::ParseError& error) {
-        return line.App.exit(error, out, errors) == 0 ? Done : Usage;
+        if (line.App.exit(error, out, errors) != 0)
+            return Usage;
+        line.Given.Files.clear(); // the help or the version is all there is to do
     }
-    const Command& chosen = *line.Chosen;
 
-    TextOutput output([&out](std::string_view piece) {
-        if (!out.write(piece.data(), static_cast<std::streamsize>(piece.size())))
-            throw OutputFailure{};
+    bool readerIsGone = false;
+    const auto require = [&readerIsGone](const std::ostream& written) {
+        if (written)
+            return;
+        readerIsGone = readerIsGone || errno == EPIPE;
+        throw OutputFailure{};
+    };
+    TextOutput output([&](std::string_view piece) {
+        errno = 0;
+        require(out.write(piece.data(), static_cast<std::streamsize>(piece.size())));
     });
     bool all = true;
-    const auto fail = [&](const std::string& file, std::string_view reason) {
-        const std::string told = OnOneLine(file + ": " + std::string(reason));
-        if (chosen.TellsFailures)
-            output << told << '\n';
-        else
-            errors << "railwright-cli: " << told << '\n';
+    const auto fail = [&](const std::string& file, const std::string& reason) {
         all = false;
+        if (line.Chosen->TellsFailures)
+            output << OnOneLine(file + ": " + reason) << '\n';
+        else
+            warn(file, reason);
     };
     try {
         for (const std::string& file : arguments.Files) {
             try {
-                chosen.Work(file, arguments, output);
+                line.Chosen->Work(file, arguments, output);
             } catch (const FileFailure& failure) {
                 fail(failure.File, failure.Reason);
             } catch (const std::bad_alloc&) {
@@ -371,11 +439,13 @@ int RunCommandLineTool(std::vector<std::string> words, std::ostream& out, std::o
             }
         }
         output.Flush();
-        if (!out.flush())
-            throw OutputFailure{};
+        errno = 0;
+        require(out.flush());
     } catch (const OutputFailure&) {
-        errors << "railwright-cli: standard output: cannot be written\n";
-        return Failed;
+        if (!readerIsGone) { // a reader that wants no more, such as head, is no failure
+            warn("standard output", "cannot be written");
+            return Failed;
+        }
     }
     return all ? Done : Failed;
 }

@@ -21,6 +21,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
 #include <functional>
 #include <string_view>
 #include <vector>
@@ -69,8 +70,10 @@ float NumberFrom(std::string_view word) {
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
     if (error == std::errc::invalid_argument || end != digits.data() + digits.size())
         throw BadStep{Quoted(word) + " is not a number"};
+    if (error == std::errc::result_out_of_range) // also of a number that is too small, which counts as 0
+        number = std::strtod(std::string(digits).c_str(), nullptr);
     const auto stored = static_cast<float>(number);
-    if (error == std::errc::result_out_of_range || !std::isfinite(stored))
+    if (!std::isfinite(stored))
         throw BadStep{Quoted(word) + " is not a finite number"};
     return stored;
 }
@@ -170,6 +173,14 @@ Action Shuttle(std::string_view) {
     };
 }
 
+Action Smooth(std::string_view) {
+    return [] {
+        if (Track.BezierCurve.NodeCount > SmootherNodeLimit)
+            throw BadStep{"the track has more than " + std::to_string(SmootherNodeLimit) + " nodes"};
+        SmoothTrackNodes();
+    };
+}
+
 template <void (*Tool)()>
 Action Plain(std::string_view) {
     return Tool;
@@ -187,7 +198,10 @@ Action Rename(std::string_view value) {
     const auto [end, error] = std::from_chars(value.data(), value.data() + comma, index);
     if (error != std::errc{} || end != value.data() + comma)
         throw BadStep{Quoted(value.substr(0, comma)) + " is not the number of an object"};
-    const text name = FromUtf8(value.substr(comma + 1), SystemCodePage());
+    const std::string_view typed = value.substr(comma + 1);
+    if (const std::string_view outside = FirstOutside(typed, SystemCodePage()); !outside.empty())
+        throw BadStep{"a track file cannot store the character " + Quoted(outside)};
+    const text name = FromUtf8(typed, SystemCodePage());
     if (name.size() < ShortestObjectName)
         throw BadStep{"a name has at least " + std::to_string(ShortestObjectName) + " characters"};
     return [index, name, allOfSameName] {
@@ -235,7 +249,7 @@ constexpr std::array TrackSteps = {
              ChoiceWords<TunnelModes>},
     StepKind{"shuttle", "", "lay an open track back on itself", Shuttle},
     StepKind{"backwards", "", "make the track run the other way", Plain<RebuildBackwards>},
-    StepKind{"smooth", "", "take kinks out of a track of up to 501 nodes", Plain<SmoothTrackNodes>},
+    StepKind{"smooth", "", "take kinks out of a track of up to 501 nodes", Smooth},
     StepKind{"rename", "INDEX,NAME[,this-only]",
              "give the object with that number, and those of the same name, another name", Rename},
 };

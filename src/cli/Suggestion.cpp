@@ -6,6 +6,9 @@
 namespace railwright {
 
 std::size_t EditsBetween(std::string_view typed, std::string_view name) {
+    const auto letter = [typed](std::size_t i) {
+        return static_cast<char>(typed[i] >= 'A' && typed[i] <= 'Z' ? typed[i] + 0x20 : typed[i]);
+    };
     // edits[i][j] is the number between the first i letters of the one and the first j of the other.
     std::vector<std::vector<std::size_t>> edits(typed.size() + 1, std::vector<std::size_t>(name.size() + 1));
     for (std::size_t i = 0; i <= typed.size(); ++i)
@@ -14,9 +17,9 @@ std::size_t EditsBetween(std::string_view typed, std::string_view name) {
                 edits[i][j] = i + j;
                 continue;
             }
-            const std::size_t change = typed[i - 1] == name[j - 1] ? 0 : 1;
+            const std::size_t change = letter(i - 1) == name[j - 1] ? 0 : 1;
             edits[i][j] = std::min({edits[i - 1][j] + 1, edits[i][j - 1] + 1, edits[i - 1][j - 1] + change});
-            if (i > 1 && j > 1 && typed[i - 1] == name[j - 2] && typed[i - 2] == name[j - 1])
+            if (i > 1 && j > 1 && letter(i - 1) == name[j - 2] && letter(i - 2) == name[j - 1])
                 edits[i][j] = std::min(edits[i][j], edits[i - 2][j - 2] + 1);
         }
     return edits[typed.size()][name.size()];

@@ -7,7 +7,7 @@
 namespace railwright {
 
 /// @return how many letters have to be changed, added, left out or swapped with their neighbour to make
-/// `name` of `typed`.
+/// `name`, which is in lower case, of `typed`. Case does not count.
 std::size_t EditsBetween(std::string_view typed, std::string_view name);
 
 /// @return the end of a message about a word that stands in no row of a table: ", did you mean 'X'?" with the

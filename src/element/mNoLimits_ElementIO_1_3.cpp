@@ -76,6 +76,10 @@ FileResult LoadElementFile(const FilePath& sFile) {
     return LoadDocumentFile(sFile, ElementFormat);
 }
 
+FileResult ReadElementFile(const FilePath& sFile, UnknownChunks& unknown) {
+    return ReadDocumentFile(sFile, ElementFormat, unknown);
+}
+
 FileResult SaveElementFile(const FilePath& sFile) {
     return SaveDocumentFile(sFile, ElementFormat, SizeOfELEM(), WriteELEM);
 }

@@ -40,7 +40,23 @@ void ChunkReader::Refill(std::int64_t size) {
     }
 }
 
+std::string UnknownChunks::Described() const {
+    const std::string first = "'" + FirstTag + "' (" + std::to_string(FirstSize) + " bytes at byte " +
+                              std::to_string(FirstByte) + ')';
+    return Count == 1 ? "1 unknown chunk " + first
+                      : std::to_string(Count) + " unknown chunks, the first " + first + ',';
+}
+
+void ChunkReader::CountUnknown(std::int32_t size) {
+    if (++unknown.Count > 1)
+        return;
+    unknown.FirstTag = ShownTag();
+    unknown.FirstSize = size;
+    unknown.FirstByte = tagAt;
+}
+
 const std::string& ChunkReader::Tag() {
+    tagAt = Position();
     const std::uint8_t* const read = Passed(FileSize::Tag);
     for (std::size_t i = 0; i < 4; ++i)
         tag[i] = static_cast<char>(read[i] >= 'a' && read[i] <= 'z' ? read[i] - 0x20 : read[i]);
@@ -116,12 +132,16 @@ void ChunkReader::Characters(const char* name, std::int32_t length, text& charac
     });
 }
 
-void ChunkReader::Fail(const std::string& reason, std::int64_t byte) const {
-    // Where a tag is to stand there can be anything, which no terminal should come to see.
+std::string ChunkReader::ShownTag() const {
+    // A broken file may have any bytes there, also those that control a terminal.
     std::string shown = tag;
     std::replace_if(
         shown.begin(), shown.end(), [](char character) { return character <= ' ' || character > '~'; }, '?');
-    throw BrokenFile{shown + ": " + reason, byte};
+    return shown;
+}
+
+void ChunkReader::Fail(const std::string& reason, std::int64_t byte) const {
+    throw BrokenFile{ShownTag() + ": " + reason, byte};
 }
 
 } // namespace railwright

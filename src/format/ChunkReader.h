@@ -17,6 +17,18 @@ struct BrokenFile {
     std::int64_t Byte;
 };
 
+/// The chunks of a file that this program does not know and therefore does not save.
+struct UnknownChunks {
+    std::int64_t Count = 0;
+    /// The first one: its tag in printable characters, its size field, and the position of its tag in bytes.
+    std::string FirstTag;
+    std::int32_t FirstSize = 0;
+    std::int64_t FirstByte = 0;
+
+    /// Returns how many there are and which is the first, as the subject of a sentence.
+    std::string Described() const;
+};
+
 /// @return an item whose size in a file is the smallest of its kind. A kind whose zeroed item is not the
 /// smallest has a specialisation beside its layout.
 template <class Item>
@@ -125,6 +137,11 @@ public:
         Group(values);
     }
 
+    /// Counts a chunk that this program does not know, after its tag has been read.
+    void CountUnknown(std::int32_t size);
+    /// Returns all chunks counted so far.
+    const UnknownChunks& Unknown() const { return unknown; }
+
     /// Passes over as many bytes as `count` says, which is at least 0.
     void PassOver(const char* name, std::int32_t count);
 
@@ -165,6 +182,7 @@ private:
         }
     }
 
+    std::string ShownTag() const;
     void NeedItems(std::int32_t count, std::int64_t smallest) const;
     void Characters(const char* name, std::int32_t length, text& characters);
     std::int32_t Long() { return ReadLong(Passed(FileSize::Long)); }
@@ -200,6 +218,8 @@ private:
     /// Position in the file of the byte behind the window's last.
     std::int64_t endPosition = 0;
     std::string tag = "file";
+    std::int64_t tagAt = 0;
+    UnknownChunks unknown;
     const char* countName = "";
     std::int64_t countAt = 0;
 };

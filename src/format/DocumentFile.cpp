@@ -8,23 +8,26 @@
 namespace railwright {
 
 FileResult LoadDocumentFile(const FilePath& path, const DocumentFormat& format) {
-    if (path.IsEmpty())
-        return FileResult::Failure("no file is named");
-    if (FileResult found = FindFile(path); !found)
-        return found;
+    UnknownChunks unknown;
+    const FileResult found = FindFile(path);
+    return found ? ReadDocumentFile(path, format, unknown) : found;
+}
+
+FileResult ReadDocumentFile(const FilePath& path, const DocumentFormat& format, UnknownChunks& unknown) {
     if (!HasExtension(path.Native(), format.Extension))
         return FileResult::Failure("the name does not end in " + std::string(format.Extension));
-    format.Clear();
     try {
         FileToRead opened;
         if (FileResult result = OpenWholeFile(path, opened); !result)
             return result;
+        format.Clear();
         ChunkReader reader(*opened.File, opened.Length);
         if (reader.FileLength() == 0)
-            return FileResult::Failure("the file is empty");
+            return FileResult::Failure("the file is empty", 0);
         if (reader.Tag() != format.Tag)
-            return FileResult::Failure("the file does not begin with the tag " + std::string(format.Tag));
+            return FileResult::Failure("the file does not begin with the tag " + std::string(format.Tag), 0);
         format.Read(reader);
+        unknown = reader.Unknown();
         return {};
     } catch (const BrokenFile& broken) {
         format.Clear();

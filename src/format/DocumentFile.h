@@ -23,9 +23,14 @@ struct DocumentFormat {
     void (*Read)(ChunkReader& reader);
 };
 
-/// Loads a document. A name that is empty, has another extension or is no file's is refused before the
-/// document is touched; a file that cannot be read or is broken leaves it empty.
+/// Loads a document. If the name has another extension, or the file cannot be opened, the
+/// document stays as it was. If the file cannot be read or is broken, the document is empty. Hidden files
+/// count as missing.
 FileResult LoadDocumentFile(const FilePath& path, const DocumentFormat& format);
+
+/// Loads a document like LoadDocumentFile, but from a hidden file as well.
+/// @param unknown takes the chunks of the file that are not in the document.
+FileResult ReadDocumentFile(const FilePath& path, const DocumentFormat& format, UnknownChunks& unknown);
 
 /// The longest file that the format can hold, in bytes.
 inline constexpr std::int64_t LongestFile = std::numeric_limits<FilePos>::max();

@@ -15,7 +15,7 @@ using Kind = FileStatus::Kind;
 
 constexpr std::int64_t LongestFile = std::numeric_limits<std::int32_t>::max();
 
-FileResult Failed(const char* what, const std::error_code& error, std::int64_t byte = 0) {
+FileResult Failed(const char* what, const std::error_code& error, std::int64_t byte = FileResult::NoByte) {
     return FileResult::Failure(std::string(what) + ": " + error.message(), byte);
 }
 

@@ -16,11 +16,13 @@ class OpenFile;
 
 /// Whether a file was read or written, and if not, why.
 struct FileResult {
+    static constexpr std::int64_t NoByte = -1;
+
     bool Done = true;
     /// What went wrong, as one line without the file's name; empty when Done.
     std::string Reason;
-    /// The byte of the file that the reason speaks of, counted from 0.
-    std::int64_t Byte = 0;
+    /// Position in the file that the reason refers to, in bytes, or NoByte if it concerns the whole file.
+    std::int64_t Byte = NoByte;
     /// After a save that failed and lost the old file: the file that holds the new content.
     FilePath KeptIn = {};
     /// A file that holds old content: after a save that failed and could not put it back, or, after one that
@@ -28,7 +30,7 @@ struct FileResult {
     FilePath OldKeptIn = {};
 
     explicit operator bool() const { return Done; }
-    static FileResult Failure(std::string reason, std::int64_t byte = 0) {
+    static FileResult Failure(std::string reason, std::int64_t byte = NoByte) {
         return {.Done = false, .Reason = std::move(reason), .Byte = byte};
     }
 };

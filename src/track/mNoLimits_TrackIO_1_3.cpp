@@ -30,6 +30,7 @@ void SkipChunk(ChunkReader& reader) {
     if (size < 0 || reader.Position() + size > reader.FileLength())
         throw BrokenFile{"an unknown chunk of " + std::to_string(size) + " bytes leads out of the file",
                          sizeAt};
+    reader.CountUnknown(size);
     reader.PassOver("unknown chunk", size);
     if (!reader.LettersStandAhead(0) && reader.LettersStandAhead(FileSize::Long))
         reader.PassOver("its last field", FileSize::Long);
@@ -74,6 +75,10 @@ void ForEachStoredChunk(Visit&& visit) {
 
 FileResult LoadTrackFile(const FilePath& sFile) {
     return LoadDocumentFile(sFile, TrackFormat);
+}
+
+FileResult ReadTrackFile(const FilePath& sFile, UnknownChunks& unknown) {
+    return ReadDocumentFile(sFile, TrackFormat, unknown);
 }
 
 std::int64_t ComputeChunkSizes() {

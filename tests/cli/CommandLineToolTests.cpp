@@ -89,6 +89,7 @@ TEST_F(CommandLine, TellsWhatIsNoCommandAndInOneLineWhatIsWrongWithAFile) {
     }
     for (const char* command : {"apply", "preview"}) // an empty name is no name
         EXPECT_EQ(Call({command, track, "-o", ""}).Status, 2);
+    EXPECT_EQ(Call({"report", track, "--decimal", ""}).Status, 2); // 10.9 would read 109
     const std::string gone = folder.File("gone.nltrack"), broken = folder.File("broken.nltrack"),
                       taken = folder.File("taken.nltrack"), file = folder.File("file"),
                       nowhere = folder.File("nowhere/out.nltrack");
@@ -96,7 +97,7 @@ TEST_F(CommandLine, TellsWhatIsNoCommandAndInOneLineWhatIsWrongWithAFile) {
     WriteBytes(file, {});
     std::filesystem::create_directory(taken);
     const std::pair<std::vector<std::string>, std::string> cases[] = {
-        {{"report", element}, element + ": the name does not end in .nltrack"},
+        {{"report", element}, element + ": an element has no report"},
         {{"report", broken}, broken + ": NLIM: the file ends too early at byte 6"},
         {{"dump", file}, file + ": the name ends in neither .nltrack nor .nlelem"},
         {{"preview", gone, "-o", folder.File("drawings")}, gone + ": no such file"},
@@ -107,6 +108,8 @@ TEST_F(CommandLine, TellsWhatIsNoCommandAndInOneLineWhatIsWrongWithAFile) {
         {{"apply", track, "-o", folder.File("")}, folder.File("") + ": names no file"},
         {{"apply", track, "-o", folder.File("..")}, folder.File("..") + ": names no file"},
         {{"organize", ""}, ": no folder is named"},
+        {{"organize", gone}, gone + ": no such folder"},
+        {{"organize", file}, file + ": is not a folder"},
         {{"apply", gone, "-o", output}, gone + ": no such file"}};
     for (const auto& [arguments, expected] : cases) {
         const Outcome outcome = Call(arguments);
@@ -118,16 +121,16 @@ TEST_F(CommandLine, TellsWhatIsNoCommandAndInOneLineWhatIsWrongWithAFile) {
     EXPECT_EQ(folder.Names(), (Names{"broken.nltrack", "file", "taken.nltrack"}));
     const Outcome mixed = Call({"report", gone, track}); // it goes on behind a failure
     EXPECT_TRUE(mixed.Status == 1 && mixed.Out.starts_with("File Name...: harbor-comet\n"));
-    const Outcome checked = Call({"check", track, broken, gone});
+    const Outcome checked = Call({"check", track, broken, gone, "[a,b]"});
     EXPECT_EQ(checked.Out, track + ": ok\n" + broken + ": NLIM: the file ends too early at byte 6\n" + gone +
-                               ": no such file at byte 0\n");
+                               ": no such file\n[a,b]: the name ends in neither .nltrack nor .nlelem\n");
     EXPECT_EQ(checked.Status, 1);
 }
 
 TEST_F(CommandLine, SuggestsTheNameThatIsNearestToWhatWasTyped) {
     const std::pair<std::string, std::string> near[] = {
         {"rport", "report"}, {"repoort", "report"}, {"repart", "report"},      {"reprot", "report"},
-        {"dmup", "dump"},    {"aply x", "apply"},   {"Organise o", "organize"}};
+        {"DUMP", "dump"},    {"aply x", "apply"},   {"Organise o", "organize"}};
     for (const auto& [words, meant] : near) {
         const Outcome outcome = Call(Split(words, ' '));
         EXPECT_NE(outcome.Errors.find(", did you mean '" + meant + "'?\n"), std::string::npos) << words;
@@ -138,7 +141,7 @@ TEST_F(CommandLine, SuggestsTheNameThatIsNearestToWhatWasTyped) {
         EXPECT_EQ(Call({words}).Errors.find("did you mean"), std::string::npos) << words.substr(0, 9);
     const std::tuple<std::string, std::string, std::string> steps[] = {
         {track, "mvoe=1,2,3", "a track, did you mean 'move'?"},
-        {track, "rotat", "a track, did you mean 'rotate'?"},
+        {track, "ROTAT", "a track, did you mean 'rotate'?"},
         {track, "backward=1", "a track, did you mean 'backwards'?"},
         {track, "fly", "a track"},
         {track, "revrse", "a track"}, // that is one for an element
@@ -158,7 +161,7 @@ TEST_F(CommandLine, TakesNamesAsTheyAreAndShowsThemInOneLine) {
     EXPECT_EQ(ReadBytes(odd), ReadBytes(track));
     EXPECT_EQ(Call({"check", odd}).Out, shown + ": ok\n");
     EXPECT_TRUE(Call({"report", odd}).Out.starts_with("File Name...: a\\b\uFFFD\uFFFD\n"));
-    EXPECT_EQ(Call({"check", odd + "x.nltrack"}).Out, shown + "x.nltrack: no such file at byte 0\n");
+    EXPECT_EQ(Call({"check", odd + "x.nltrack"}).Out, shown + "x.nltrack: no such file\n");
     EXPECT_EQ(Call({"apply", odd, "a\nb", "-o", odd}).Errors.find('\n'),
               Call({"apply", odd, "a\nb", "-o", odd}).Errors.size() - 1);
     EXPECT_EQ(Call({"preview", track, "-o", folder.File("c\\d")}).Status, 0);
@@ -171,11 +174,12 @@ TEST_F(CommandLine, WritesNothingIfAStepDoesNotFit) {
     const std::tuple<std::string, std::string, std::string> cases[] = {
         {"harbor-comet.nltrack", "scale=2",
          "fly = =1 move move= move=1,2 move=1,2,3,4 move=1,2,x move=1,2,+-3 move=1,2,+ move=1,2,nan "
-         "move=1e39,0,0 move=1,,2,3 "
+         "move=1e39,0,0 move=1e999,0,0 move=1,,2,3 "
          "move=1,2,3,supports scale= scale=two scale=1,2 scale=track-only rotate=inf rotate=9O mirror "
          "mirror=up mirror= mirror=north-south,x tunnels tunnels=some remove= remove=moon remove=track, "
          "shuttle shuttle=1 backwards=1 smooth= rename=1 rename=1,abcd rename=0,abcde rename=999,abcde "
-         "rename=x,abcde rename=,abcde rename=1, rename=99999999999,abcde rename=1,abcd,this-only reverse  "
+         "rename=x,abcde rename=1,abcd\u4E00 [a,b] rename=,abcde rename=1, rename=99999999999,abcde "
+         "rename=1,abcd,this-only reverse  "
          "rotate-x=90"},
         {"switchback-spur.nltrack", "shuttle", "shuttle"}, // the second one finds a closed circuit
         {"loop.nlelem", "reverse",
@@ -195,6 +199,30 @@ TEST_F(CommandLine, WritesNothingIfAStepDoesNotFit) {
     Track.TrackInfo.AuthorComments = "kept"; // because all steps are looked at before the first is run
     EXPECT_FALSE(ApplyTrackSteps(Split("remove=comments fly", ' '), {}).Done);
     EXPECT_EQ(Track.TrackInfo.AuthorComments, "kept");
+    for (const std::int32_t nodes : {501, 502}) {
+        Track.BezierCurve = {{}, nodes, List<BezierNode>(503)};
+        EXPECT_EQ(ApplyTrackSteps(Split("smooth", ' '), {}).Done, nodes == 501);
+    }
+}
+
+TEST_F(CommandLine, ReadsHiddenFilesAndReportsUnknownChunks) {
+    const std::string file = folder.File(".odd.nltrack");
+    Bytes bytes = ReadBytes(track);
+    const auto add = [&](const Bytes& chunk) {
+        ++bytes[31]; // the number of sub-chunks
+        bytes.insert(bytes.begin() + 32, chunk.begin(), chunk.end());
+        WriteBytes(file, bytes);
+    };
+    add({'w', 0x1B, 'Y', 'Z', 0, 0, 0, 5, 1, 2, 3, 4, 5});
+    EXPECT_EQ(Call({"check", file}).Out,
+              file + ": ok, 1 unknown chunk 'W?YZ' (5 bytes at byte 32) will not be saved\n");
+    add({'A', 'B', 'C', 'D', 0, 0, 0, 0});
+    const std::string both = "2 unknown chunks, the first 'ABCD' (0 bytes at byte 32), ";
+    EXPECT_EQ(Call({"check", file}).Out, file + ": ok, " + both + "will not be saved\n");
+    const Outcome applied = Call({"apply", file, "-o", file});
+    EXPECT_EQ(applied.Errors, "railwright-cli: " + file + ": " + both + "were not saved\n");
+    EXPECT_TRUE(applied.Status == 0 && ReadBytes(file) == ReadBytes(track));
+    EXPECT_EQ(Call({"check", file}).Out, file + ": ok\n");
 }
 
 TEST_F(CommandLine, KeepsEverySampleSoundBehindEveryTool) {
@@ -204,7 +232,7 @@ TEST_F(CommandLine, KeepsEverySampleSoundBehindEveryTool) {
     EXPECT_EQ(Call({"apply", track, "mirror=east-west", "mirror=east-west", "-o", output}).Status, 0);
     EXPECT_EQ(ReadBytes(output), ReadBytes(track));
     const auto tools =
-        Split("move=1,-2.5,1e1,track-only scale=0.5 rotate=-45 tunnels=toggle smooth backwards "
+        Split("move=1e1,-2.5,1e-999,track-only scale=0.5 rotate=-45 tunnels=toggle smooth backwards "
               "remove=prefab-supports,tunnels,custom-colors shuttle smooth backwards",
               ' ');
     const auto change = [](std::int32_t& count, auto& list, char to) { // to a digit, or 60 for an l
@@ -231,10 +259,10 @@ TEST_F(CommandLine, RenamesObjectsByTheirNumberAndThoseOfTheSameName) {
         Track.SceneryObjects.Items.emplace_back().FileName = name;
     Track.SceneryObjects.Count = 5;
     const std::string saved = Saved();
-    const std::pair<const char*, const char*> cases[] = {{"rename=1,a,b,\u00E9\u4E00", "11000"},
-                                                         {"rename=2,a,b,\u00E9\u4E00,this-only", "01000"},
-                                                         {"rename=4,a,b,\u00E9\u4E00", "00010"},
-                                                         {"rename=5,a,b,\u00E9\u4E00", "00001"}};
+    const std::pair<const char*, const char*> cases[] = {{"rename=1,a,b,\u00E9?", "11000"},
+                                                         {"rename=2,a,b,\u00E9?,this-only", "01000"},
+                                                         {"rename=4,a,b,\u00E9?", "00010"},
+                                                         {"rename=5,a,b,\u00E9?", "00001"}};
     for (const auto& [step, renamed] : cases) {
         ASSERT_EQ(Call({"apply", saved, step, "-o", output}).Status, 0);
         std::string flags;
@@ -248,10 +276,14 @@ TEST_F(CommandLine, RenamesObjectsByTheirNumberAndThoseOfTheSameName) {
 
 TEST_F(CommandLine, ReportsPrintsDrawsAndDumps) {
     SetStraightCurve({{0.1F, 2.5F, 0}, {0.1F, 2.5F, 3000}}, true);
-    Track.TrackInfo.AuthorComments = "one\r\ntwo\rthree";
+    Track.TrackInfo.AuthorComments = "one\r\ntwo\r\x1B\x9D\tx";
+    Track.SceneryObjects.Count = 1;
+    Track.SceneryObjects.Items = List<SceneryObject>(2);
+    Track.SceneryObjects.Items[0].FileName = "x\r\nTotal Objects: 9\x7F";
     const std::string report = Call({"report", Saved(), "--group", ".", "--decimal", "\u066B"}).Out;
     EXPECT_NE(report.find("\nTrack Length........: 6.000\u066B0"), std::string::npos) << report;
-    EXPECT_TRUE(report.ends_with("14 character(s) long.\none\ntwo\rthree\n"));
+    EXPECT_TRUE(report.ends_with("13 character(s) long.\none\ntwo\n\uFFFD\uFFFD\tx\n"));
+    EXPECT_NE(report.find("\n   Object 001: x\uFFFD\uFFFDTotal Objects: 9\uFFFD\n"), std::string::npos);
     const std::string lines = Call({"polyline", Saved()}).Out;
     EXPECT_TRUE(lines.starts_with("x,y,z,node\n0.1,2.5,0,0\n")) << lines;
     EXPECT_TRUE(lines.ends_with(",1\n0.1,2.5,0,\n")); // the closing copy belongs to no node
@@ -269,7 +301,7 @@ TEST_F(CommandLine, ReportsPrintsDrawsAndDumps) {
     SetCurve({{{1, 2.5F, -3}, {NAN, 0, 0}, {INFINITY, -INFINITY, 0}, 0.5F, true, false, true}}, false);
     TrackSegment& segment = Track.SegmentList.Segments[0];
     segment.SegmentType = SegmentKind::Lift, segment.LiftValue1 = 8, segment.Color[1] = 0x123456;
-    Track.TrackInfo.AuthorComments = "\xE9\x80\"\n";
+    Track.TrackInfo.AuthorComments = "\xE9\x80\"\n\x7F\x9D";
     Track.PreFabSupports = {{}, 2, {{0, 0}, {2, 0}, {}}, {{3, 1}, {4, 2}}};
     Track.Terrain.HasTerrain = true, Track.Terrain.GridSizeX = 2, Track.Terrain.GridSizeZ = 3;
     Track.Terrain.Heights = {0, 1, 10, 11, 20, 21};
@@ -280,7 +312,8 @@ TEST_F(CommandLine, ReportsPrintsDrawsAndDumps) {
         "FlagA": true, "FlagB": false, "FlagC": true}])"));
     const Json& lift = document["SegmentList"]["Segments"].at(0); // it has all fields, whatever the kind
     EXPECT_TRUE(lift["LiftValue1"] == 8 && lift["Color"][1] == 0x123456 && lift["BrakeFlag5"] == false);
-    EXPECT_EQ(document["TrackInfo"]["AuthorComments"], "\u00E9\u20AC\"\n");
+    EXPECT_EQ(document["TrackInfo"]["AuthorComments"], "\u00E9\u20AC\"\n\x7F\u009D");
+    EXPECT_NE(Call({"dump", Saved()}).Out.find("\u00E9\u20AC\\\"\\n\\u007f\\u009d"), std::string::npos);
     EXPECT_EQ(document["PreFabSupports"]["Nodes"].at(1)["Supports"].at(1)["SupportType"], 4);
     EXPECT_EQ(document["Terrain"]["Heights"], (Json{{0, 10, 20}, {1, 11, 21}}));
     Track.Terrain.GridSizeZ = 0, Track.Terrain.Heights = {};

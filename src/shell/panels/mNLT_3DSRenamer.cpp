@@ -99,8 +99,9 @@ void RenamerPanel::cmbTDSRenamer_Click() {
 }
 
 void RenamerPanel::btnTDSRenamer_Click() {
-    const text newName = FromUtf8(txtTDSRenamer->text().toStdString(), SystemCodePage());
-    if (newName.size() < ShortestObjectName)
+    const std::string typed = txtTDSRenamer->text().toStdString();
+    const text newName = FromUtf8(typed, SystemCodePage());
+    if (newName.size() < ShortestObjectName || !FirstOutside(typed, SystemCodePage()).empty())
         return;
     ApplyTrackTool([&] {
         RenameSceneryObject(cmbTDSRenamer->currentIndex(), newName, chkTDSRenamer->isChecked());
