@@ -1,5 +1,7 @@
 #include "geometry/mMatrix3D.h"
 
+#include "base/StoredFloat.h"
+
 #include <cmath>
 #include <cstddef>
 
@@ -53,10 +55,10 @@ Matrix3D MatrixMultiply(const Matrix3D& A, const Matrix3D& B) {
 
 Vector3 MatrixTransform(const Matrix3D& M, const Vector3& P) {
     const auto row = [&](std::size_t first) {
-        return static_cast<float>(static_cast<double>(M[first]) * static_cast<double>(P.X) +
-                                  static_cast<double>(M[first + 1]) * static_cast<double>(P.Y) +
-                                  static_cast<double>(M[first + 2]) * static_cast<double>(P.Z) +
-                                  static_cast<double>(M[first + 3]));
+        return Stored(static_cast<double>(M[first]) * static_cast<double>(P.X) +
+                      static_cast<double>(M[first + 1]) * static_cast<double>(P.Y) +
+                      static_cast<double>(M[first + 2]) * static_cast<double>(P.Z) +
+                      static_cast<double>(M[first + 3]));
     };
     return {row(0), row(4), row(8)};
 }

@@ -1,5 +1,6 @@
 #include "tools/mNLE_Reverse.h"
 
+#include "base/StoredFloat.h"
 #include "element/ElementDocument.h"
 #include "geometry/mMatrix3D.h"
 
@@ -34,7 +35,7 @@ void ReverseElement() {
         std::swap(node.ControlIn, node.ControlOut);
         for (Vector3* const point : {&node.Position, &node.ControlIn, &node.ControlOut})
             *point = MatrixTransform(carry, *point);
-        node.Roll = -node.Roll;
+        node.Roll = Stored(-node.Roll);
     }
     std::reverse(Element.Nodes.begin(), Element.Nodes.end());
 }

@@ -1,5 +1,6 @@
 #include "tools/mNLT_Backwards.h"
 
+#include "base/StoredFloat.h"
 #include "tools/mNLT_Remove.h"
 #include "track/TrackDocument.h"
 
@@ -34,8 +35,7 @@ constexpr float BackwardsLiftValue2 = -19.6333F;
 void TurnParameters(TrackSegment& segment) {
     for (const Factor& factor : Factors)
         if (segment.SegmentType == factor.SegmentType)
-            segment.*factor.Value =
-                static_cast<float>(static_cast<double>(segment.*factor.Value) * factor.By);
+            segment.*factor.Value = Stored(static_cast<double>(segment.*factor.Value) * factor.By);
     if (segment.SegmentType == SegmentKind::Lift) {
         segment.LiftValue1 = BackwardsLiftValue1;
         segment.LiftValue2 = BackwardsLiftValue2;
@@ -51,7 +51,7 @@ void RebuildBackwards() {
         std::span(Track.BezierCurve.Nodes).first(static_cast<std::size_t>(Track.BezierCurve.NodeCount));
     for (BezierNode& node : nodes) {
         std::swap(node.ControlIn, node.ControlOut);
-        node.Roll = -node.Roll;
+        node.Roll = Stored(-node.Roll);
     }
     std::reverse(nodes.begin(), nodes.end());
 

@@ -1,5 +1,6 @@
 #include "tools/mNLT_Mirror.h"
 
+#include "base/StoredFloat.h"
 #include "tools/TrackPoints.h"
 
 namespace railwright {
@@ -9,7 +10,7 @@ void MirrorTrack(int Mode, bool MirrorSupports) {
         return;
     float Vector3::*const flipped = Mode == MirrorMode::NorthSouth ? &Vector3::Z : &Vector3::X;
     ChangeTrackPoints(MirrorSupports, [&](Vector3 point) {
-        point.*flipped = -(point.*flipped);
+        point.*flipped = Stored(-(point.*flipped));
         return point;
     });
 }

@@ -1,5 +1,6 @@
 #include "tools/mNLT_ShuttleMake.h"
 
+#include "base/StoredFloat.h"
 #include "track/TrackDocument.h"
 
 #include <algorithm>
@@ -19,7 +20,7 @@ void MakeShuttle() {
         BezierNode& copy = nodes[back];
         copy = nodes[count - 1 - back];
         std::swap(copy.ControlIn, copy.ControlOut);
-        copy.Roll = -copy.Roll;
+        copy.Roll = Stored(-copy.Roll);
         segments[back] = {};
     }
     Track.BezierCurve.NodeCount = static_cast<std::int32_t>(count);

@@ -1,9 +1,17 @@
 #include "cli/Steps.h"
 #include "geometry/mNoLimits_TrackTools.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/DocumentTest.h"
 #include "tests/support/Tracks.h"
+#include "tools/mNLE_Reverse.h"
 #include "tools/mNLE_Rotate.h"
+#include "tools/mNLT_Backwards.h"
+#include "tools/mNLT_Mirror.h"
+#include "tools/mNLT_Move.h"
 #include "tools/mNLT_Overview.h"
+#include "tools/mNLT_Rotate.h"
+#include "tools/mNLT_Scale.h"
+#include "tools/mNLT_ShuttleMake.h"
+#include "tools/mNLT_Smoother.h"
 
 #include <gtest/gtest.h>
 
@@ -46,6 +54,44 @@ TEST_F(Tools, ChangeEveryPointOfTheCurveAndAtWillTheNodesOfTheSupports) {
             EXPECT_EQ(Track.FreeNodes.Items[1].Position, point);
             EXPECT_EQ(Track.BezierCurve.Nodes[0].Roll + Element.Nodes[0].Roll, 60);
         }
+}
+
+/// @return a checksum (FNV-1a) of some random documents, half of whose floats are special, after a tool.
+template <class Document>
+std::uint64_t ChecksumAfter(Document& inHand, void (*tool)()) {
+    std::uint64_t sum = 0xCBF29CE484222325;
+    for (unsigned seed = 1; seed <= 100; ++seed) {
+        inHand = Random<Document>(seed);
+        if constexpr (requires { inHand.TrackHeader; })
+            inHand.TrackHeader.Trains.resize(13); // one for the train that is left when it runs backwards
+        tool();
+        for (const unsigned char byte : FileOf(inHand))
+            sum = (sum ^ byte) * 0x100000001B3;
+    }
+    return sum;
+}
+
+// The same values with every compiler and at every optimization.
+TEST_F(Tools, StoreTheSameBitsAndOneNaNWithEveryCompiler) {
+    const auto move = [] { MoveTrack({0.1F, 0, -1e3F}, true); };
+    const auto turn = [] { RotateElement(ElementAxis::X, 12.5F); };
+    const std::tuple<const char*, void (*)(), std::uint64_t> ofTracks[] = {
+        {"move", move, 0x90325104015A6E5B},
+        {"scale", [] { ScaleTrack(-1, true); }, 0xFE1F54DC9087D3F3},
+        {"rotate", [] { RotateTrack(33, true); }, 0xFC25A42E7C4C19B3},
+        {"mirror", [] { MirrorTrack(MirrorMode::EastWest, true); }, 0xE992330B168DD403},
+        {"shuttle", MakeShuttle, 0x39914E55D04BAF66},
+        {"backwards", RebuildBackwards, 0x260B33EF3066EDE8},
+        {"smooth", SmoothTrackNodes, 0x98672005AC748922}};
+    for (const auto& [name, tool, sum] : ofTracks)
+        EXPECT_EQ(ChecksumAfter(Track, tool), sum) << name;
+    EXPECT_EQ(ChecksumAfter(Element, turn), 0xAE7DB11895F5EFAF);
+    EXPECT_EQ(ChecksumAfter(Element, ReverseElement), 0x7A8C376BF8F00A70);
+    for (const std::uint32_t bits : {0x7F800001U, 0xFF800001U, 0xFFC00123U}) {
+        SetCurve({{{}, {}, {}, std::bit_cast<float>(bits)}}, false);
+        RebuildBackwards();
+        EXPECT_EQ(std::bit_cast<std::uint32_t>(Track.BezierCurve.Nodes[0].Roll), 0x7FC00000U);
+    }
 }
 
 // The element leads from the origin to (20, 5, 30) and ends there in the direction of each row. The origin,

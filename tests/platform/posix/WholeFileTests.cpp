@@ -325,12 +325,14 @@ TEST(WholeFile, TwoThatOverwriteInPlaceDoNotMixTheirContents) {
         if (other == 0)
             _exit(save(0) ? 0 : 1);
         const pid_t reader = fork();
-        for (Bytes read; reader == 0; read.clear())
+        while (reader == 0) {
+            Bytes read;
             if (!ReadWholeFile(folder.Inside("a"), read) ||
                 (read != Old && read != contents[0] && read != contents[1]))
                 _exit(1); // a mixture
-            else if (read != Old)
+            if (read != Old)
                 _exit(0);
+        }
         EXPECT_TRUE(save(1));
         for (const pid_t child : {other, reader}) {
             int status = -1;
