@@ -1,7 +1,7 @@
 #include "shell/WindowTables.h"
 
+#include "WebPages.h"
 #include "platform/Desktop.h"
-#include "shell/WebPages.h"
 #include "shell/panels/About.h"
 #include "shell/panels/mNLE_Reverse.h"
 #include "shell/panels/mNLE_Rotate.h"
@@ -32,8 +32,11 @@ void Show() {
     frmMain::Instance().ShowTab(Tab);
 }
 
-void Visit(const char* page) {
-    OpenWebPage(frmMain::Instance().Handle(), page);
+/// Makes the entry that opens one of WebPages.
+template <std::size_t Page>
+constexpr MenuRow PageEntry(const char* name, QLatin1String caption) {
+    return {name, caption, "mnuHI", [] { OpenWebPage(frmMain::Instance().Handle(), WebPages[Page]); },
+            *WebPages[Page] != '\0'};
 }
 
 constexpr std::array Headings = {
@@ -88,16 +91,14 @@ constexpr std::array Menus = {
     MenuRow{"mnuNLFileAssoc", QLatin1String("File Association"), "mnuNL", Show<Tabs::FileAssociation>},
     MenuRow{"mnuH", QLatin1String("Info"), nullptr, nullptr},
     MenuRow{"mnuHI", QLatin1String("Internet"), "mnuH", nullptr},
-    MenuRow{"mnuHINoLimits", QLatin1String("NoLimits Website"), "mnuHI", [] { Visit(WebPages::NoLimits); }},
+    PageEntry<0>("mnuHINoLimits", QLatin1String("NoLimits Website")),
     MenuRow{"mnuHI1", Separator, "mnuHI", nullptr},
-    MenuRow{"mnuHIVesna", QLatin1String("Vesna's NoLimits Tools"), "mnuHI", [] { Visit(WebPages::Vesna); }},
+    PageEntry<1>("mnuHIVesna", QLatin1String("Vesna's NoLimits Tools")),
     MenuRow{"mnuHI2", Separator, "mnuHI", nullptr},
-    MenuRow{"mnuHIRidehaven", QLatin1String("Ridehaven"), "mnuHI", [] { Visit(WebPages::Ridehaven); }},
-    MenuRow{"mnuHISweetgrade", QLatin1String("Sweetgrade"), "mnuHI", [] { Visit(WebPages::Sweetgrade); }},
-    MenuRow{"mnuHILoopkammer", QLatin1String("Loopkammer (German)"), "mnuHI",
-            [] { Visit(WebPages::Loopkammer); }},
-    MenuRow{"mnuHIBrisko", QLatin1String("Brisko's Texture Tutorials"), "mnuHI",
-            [] { Visit(WebPages::Brisko); }},
+    PageEntry<2>("mnuHIRidehaven", QLatin1String("Ridehaven")),
+    PageEntry<3>("mnuHISweetgrade", QLatin1String("Sweetgrade")),
+    PageEntry<4>("mnuHILoopkammer", QLatin1String("Loopkammer (German)")),
+    PageEntry<5>("mnuHIBrisko", QLatin1String("Brisko's Texture Tutorials")),
     MenuRow{"mnuH1", Separator, "mnuH", nullptr},
     MenuRow{"mnuHAbout", QLatin1String("About..."), "mnuH", Show<Tabs::About>},
 };

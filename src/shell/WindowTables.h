@@ -58,6 +58,7 @@ struct MenuRow {
     const char* Above;
     /// What it does; a menu and a line do nothing.
     void (*Click)();
+    bool IsEnabled = true;
 };
 extern const std::span<const MenuRow> MenuRows;
 
