@@ -1,8 +1,11 @@
 #include "shell/ControlStyle.h"
 
+#include "shell/Controls.h"
+
 #include <algorithm>
 #include <cmath>
 
+#include <QApplication>
 #include <QPainter>
 #include <QStyleOption>
 
@@ -20,6 +23,11 @@ void MoveCloser(QPainter& painter, const QString& text, double excess) {
 }
 
 } // namespace
+
+void ControlStyle::polish(QApplication* application) {
+    QProxyStyle::polish(application);
+    QApplication::setFont(ControlFont());
+}
 
 int ControlStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
     constexpr int lineHeight = 13;

@@ -9,6 +9,9 @@ namespace railwright {
 class ControlStyle final : public QProxyStyle {
 public:
     using QProxyStyle::QProxyStyle;
+    /// Sets the typeface of everything that has none of its own: menus, message boxes, tooltips.
+    void polish(QApplication* application) override;
+    using QProxyStyle::polish;
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
     QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
                          const QWidget* widget) const override;

@@ -3,8 +3,10 @@
 #include <QCheckBox>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMenuBar>
 #include <QPainter>
 #include <QRadioButton>
+#include <QShortcut>
 #include <QStyle>
 #include <QStyleOption>
 
@@ -18,21 +20,6 @@ QFont FontOf(const QStringList& families, double points) {
     font.setFamilies(families);
     font.setPixelSize(qRound(points * PixelsPerPoint));
     return font;
-}
-
-bool IsEnter(const QKeyEvent& event) {
-    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-}
-
-/// Marks the control that has the keyboard, once the user has touched a key.
-void DrawFocus(QWidget& control) {
-    if (!control.hasFocus() || !control.window()->testAttribute(Qt::WA_KeyboardFocusChange))
-        return;
-    QStyleOptionFocusRect option;
-    option.initFrom(&control);
-    option.backgroundColor = control.palette().color(QPalette::Window);
-    QPainter painter(&control);
-    control.style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, &control);
 }
 
 } // namespace
@@ -52,6 +39,16 @@ QFont ReportFont() {
     QFont font = FontOf({"Courier New", "Liberation Mono", "Cousine"}, 8.25);
     font.setStyleHint(QFont::Monospace);
     return font;
+}
+
+void DrawFocus(QWidget& control) {
+    if (!control.hasFocus() || !control.window()->testAttribute(Qt::WA_KeyboardFocusChange))
+        return;
+    QStyleOptionFocusRect option;
+    option.initFrom(&control);
+    option.backgroundColor = control.palette().color(QPalette::Window);
+    QPainter painter(&control);
+    control.style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, &control);
 }
 
 QString Indexed(const char* name, int index) {
@@ -74,7 +71,7 @@ QLabel* AddHelpText(QWidget& container, const QString& name, const QString& text
 }
 
 QPushButton* AddButton(QWidget& container, const QString& name, const QString& caption, const Place& place) {
-    return Placed(new QPushButton(caption, &container), name, place);
+    return Placed(new Button(caption, &container), name, place);
 }
 
 QCheckBox* AddCheckBox(QWidget& container, const QString& name, const QString& caption, const Place& place,
@@ -116,8 +113,15 @@ void ScrollBar::keyPressEvent(QKeyEvent* event) {
     setInvertedControls(true);
 }
 
+void Button::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        click();
+    else
+        QPushButton::keyPressEvent(event);
+}
+
 LinkLabel::LinkLabel(QWidget& container, const QString& name, const QString& caption, const Place& place)
-    : QPushButton(caption, &container) {
+    : Button(caption, &container) {
     Placed(this, name, place);
     setFont(ControlFont());
     setCursor(Qt::PointingHandCursor);
@@ -134,16 +138,9 @@ void LinkLabel::paintEvent(QPaintEvent* /*event*/) {
     DrawFocus(*this);
 }
 
-void LinkLabel::keyPressEvent(QKeyEvent* event) {
-    if (IsEnter(*event))
-        click();
-    else
-        QPushButton::keyPressEvent(event);
-}
-
 PictureButton::PictureButton(QWidget& container, const QString& name, const QString& purpose,
                              const QIcon& picture, const Place& place)
-    : QPushButton(&container) {
+    : Button(&container) {
     Placed(this, name, place);
     setAccessibleName(purpose);
     setToolTip(purpose);
@@ -156,13 +153,6 @@ void PictureButton::paintEvent(QPaintEvent* /*event*/) {
     icon().paint(&painter, rect());
     painter.end();
     DrawFocus(*this);
-}
-
-void PictureButton::keyPressEvent(QKeyEvent* event) {
-    if (IsEnter(*event))
-        click();
-    else
-        QPushButton::keyPressEvent(event);
 }
 
 Picture::Picture(QWidget& container, const QString& name, const QString& purpose, const Place& place,
@@ -182,6 +172,12 @@ void Picture::paintEvent(QPaintEvent* /*event*/) {
     QRect inside(QPoint(), size);
     inside.moveCenter(rect().center());
     icon.paint(&painter, inside);
+}
+
+void OpenWithF10(QMenuBar& bar) {
+    const auto* const key = new QShortcut(Qt::Key_F10, &bar);
+    QObject::connect(key, &QShortcut::activated, &bar,
+                     [&bar] { bar.setActiveAction(bar.actions().constFirst()); });
 }
 
 QIcon Artwork(const QString& name) {

@@ -11,6 +11,7 @@
 
 class QCheckBox;
 class QLabel;
+class QMenuBar;
 class QRadioButton;
 
 namespace railwright {
@@ -38,6 +39,9 @@ struct FontStyle {
 QFont ControlFont(double points = 8.25, FontStyle style = {});
 /// The typeface of the report, Courier New or one that takes the same room.
 QFont ReportFont();
+
+/// Marks the control if it has the keyboard focus, once the user has pressed a key.
+void DrawFocus(QWidget& control);
 
 /// @return the name of a control in an array, such as "btnRemove(0)".
 QString Indexed(const char* name, int index);
@@ -76,18 +80,26 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 };
 
-/// A label that acts when it is clicked, or when Enter or Space is pressed on it.
-class LinkLabel final : public QPushButton {
+/// A button that Enter presses as well as Space.
+class Button : public QPushButton {
+public:
+    using QPushButton::QPushButton;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+};
+
+/// A label that acts as a button.
+class LinkLabel final : public Button {
 public:
     LinkLabel(QWidget& container, const QString& name, const QString& caption, const Place& place);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
 };
 
-/// A picture that acts in the same way.
-class PictureButton final : public QPushButton {
+/// A picture that acts as a button.
+class PictureButton final : public Button {
 public:
     /// @param purpose what a screen reader calls it, and what is shown while the mouse rests on it.
     PictureButton(QWidget& container, const QString& name, const QString& purpose, const QIcon& picture,
@@ -95,7 +107,6 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
 };
 
 /// A picture in the middle of its place, as sharp as the screen can show it.
@@ -116,6 +127,9 @@ private:
     QIcon icon;
     QSize size;
 };
+
+/// Makes F10 open the first menu of the bar.
+void OpenWithF10(QMenuBar& bar);
 
 /// @return one of the pictures that come with the program.
 QIcon Artwork(const QString& name);

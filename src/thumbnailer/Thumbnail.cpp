@@ -133,7 +133,7 @@ private:
     QPointF origin;
     double penWidth = lineWidth;
     double turn = 0;
-    /// A stroke that is not drawn yet, and where it has come to.
+    /// The stroke that is not drawn yet, without the last steps up to `end`.
     QPolygonF pending;
     QPointF end;
     Rgb brush;

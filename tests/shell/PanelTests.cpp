@@ -166,7 +166,7 @@ void WindowTests::FollowsTheTrack() {
     const QWidget& button = program.Find("btnTShuttle");
     for (int round = 0; round < 2; ++round) {
         QVERIFY(Open(Example("switchback-spur.nltrack")) && button.isEnabled());
-        program.Click("btnTShuttle");
+        QTest::keyClick(&program.Find("btnTShuttle"), Qt::Key_Enter);
         QVERIFY(Track.SegmentList.ClosedCircuit && !button.isEnabled());
     }
     QCOMPARE(program.Marks("chkRemove", 13), QString("----X--------"));
@@ -183,11 +183,16 @@ void WindowTests::FollowsTheTrack() {
     QCOMPARE(line.text(), QString());
     // The report follows while it is seen.
     program.Choose("mnuTOverview");
-    const auto& report = program.Find<QPlainTextEdit>("txtOverview");
+    auto& report = program.Find<QPlainTextEdit>("txtOverview");
     for (const auto& [tool, tunnels] : {std::pair("btnTTunnel(1)", 1), {"btnTTunnel(2)", 0}}) {
-        program.Click(tool);
+        QTest::keyClick(&program.Find(tool), Qt::Key_Return);
         QVERIFY(report.toPlainText().contains(QString("Actual Tunnels...: %1\n").arg(tunnels)));
     }
+    program.Window().setAttribute(Qt::WA_KeyboardFocusChange);
+    QVERIFY(QTest::qWaitForWindowActive(&program.Window()));
+    const QImage without = report.grab().toImage();
+    report.setFocus();
+    QVERIFY(report.hasFocus() && report.grab().toImage() != without);
 }
 
 void WindowTests::RenamesObjects() {

@@ -1,8 +1,11 @@
 #include "tests/shell/ShownWidget.h"
 
+#include <algorithm>
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDialogButtonBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QTest>
@@ -33,6 +36,10 @@ QString ShownWidget::Seen() const {
     const auto* const box = qobject_cast<const QMessageBox*>(&widget);
     if (box == nullptr)
         return widget.windowTitle();
+    constexpr int widest = 500;
+    if (const auto* const label = box->findChild<QLabel*>("qt_msgbox_label");
+        label->width() < std::min(widest, label->fontMetrics().size(0, box->text()).width()))
+        return "a text that is wrapped";
     static const QStringList icons = {"None", "Information", "Warning", "Critical", "Question"};
     QStringList buttons;
     for (const auto button : {QMessageBox::Ok, QMessageBox::Yes, QMessageBox::No, QMessageBox::Cancel})

@@ -1,8 +1,10 @@
 #include "platform/Desktop.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 #include <QGuiApplication>
+#include <QLabel>
 #include <QMessageBox>
 
 namespace railwright {
@@ -42,6 +44,10 @@ MessageAnswer ShowMessageBox(WindowHandle owner, const std::string& text, const 
     box.setText(QString::fromStdString(text).remove('\r'));
     box.setStandardButtons(ButtonsOf(buttons));
     box.setIcon(IconOf(icon));
+    // The box would wrap a line on a small screen.
+    constexpr int widest = 600; // pixels
+    if (auto* const label = box.findChild<QLabel*>("qt_msgbox_label"))
+        label->setMinimumWidth(std::min(label->sizeHint().width(), widest));
     switch (box.exec()) {
     case QMessageBox::Yes:
         return MessageAnswer::Yes;

@@ -8,11 +8,33 @@
 #include <QPlainTextEdit>
 
 namespace railwright {
+namespace {
+
+/// A text that shows in its frame whether it has the keyboard focus.
+class ReportBox final : public QPlainTextEdit {
+public:
+    explicit ReportBox(QWidget* parent) : QPlainTextEdit(parent) {
+        constexpr int markWidth = 2;
+        setViewportMargins(markWidth, markWidth, markWidth, markWidth);
+    }
+
+protected:
+    bool event(QEvent* event) override {
+        const bool done = QPlainTextEdit::event(event);
+        if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
+            update();
+        if (event->type() == QEvent::Paint)
+            DrawFocus(*this);
+        return done;
+    }
+};
+
+} // namespace
 
 OverviewPanel::OverviewPanel(ucFrame& panel) : frame(panel) {}
 
 void OverviewPanel::MakeBox() {
-    txtOverview = Placed(new QPlainTextEdit(&frame), "txtOverview", {60, 60, 7455, 6015});
+    txtOverview = Placed(new ReportBox(&frame), "txtOverview", {60, 60, 7455, 6015});
     txtOverview->setAccessibleName("Overview");
     txtOverview->setFont(ReportFont());
     txtOverview->setReadOnly(true);
