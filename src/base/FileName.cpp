@@ -3,15 +3,12 @@
 #include <algorithm>
 
 namespace railwright {
-namespace {
 
 bool SameIgnoringCase(std::string_view name, std::string_view lowerCase) {
     return std::equal(name.begin(), name.end(), lowerCase.begin(), lowerCase.end(), [](char a, char lower) {
         return (a >= 'A' && a <= 'Z' ? static_cast<char>(a + 0x20) : a) == lower;
     });
 }
-
-} // namespace
 
 bool HasExtension(std::string_view path, std::string_view extension) {
     return path.size() >= extension.size() &&

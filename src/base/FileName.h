@@ -9,6 +9,9 @@ namespace railwright {
 inline constexpr std::string_view TrackExtension = ".nltrack";
 inline constexpr std::string_view ElementExtension = ".nlelem";
 
+/// Compares ASCII letters in any case. @param lowerCase in lower case.
+bool SameIgnoringCase(std::string_view name, std::string_view lowerCase);
+
 /// @return whether the name's last characters are `extension`, which is in lower case; the case of the name's
 /// own letters does not matter.
 bool HasExtension(std::string_view path, std::string_view extension);

@@ -38,25 +38,6 @@ constexpr CodePage MakeWindows1252() {
     return page;
 }
 
-void AppendUtf8(std::string& out, char32_t character) {
-    const auto append = [&out](char32_t bits) { out += static_cast<char>(bits); };
-    if (character < 0x80) {
-        append(character);
-    } else if (character < 0x800) {
-        append(0xC0 | (character >> 6));
-        append(0x80 | (character & 0x3F));
-    } else if (character < 0x10000) {
-        append(0xE0 | (character >> 12));
-        append(0x80 | ((character >> 6) & 0x3F));
-        append(0x80 | (character & 0x3F));
-    } else {
-        append(0xF0 | (character >> 18));
-        append(0x80 | ((character >> 12) & 0x3F));
-        append(0x80 | ((character >> 6) & 0x3F));
-        append(0x80 | (character & 0x3F));
-    }
-}
-
 constexpr char32_t IllFormed = 0xFFFFFFFF;
 
 /// Takes one character off the front of `utf8`: the whole of a well-formed one, or a single ill-formed byte.
@@ -112,6 +93,25 @@ bool IsAscii(std::string_view characters) {
 }
 
 } // namespace
+
+void AppendUtf8(std::string& out, char32_t character) {
+    const auto append = [&out](char32_t bits) { out += static_cast<char>(bits); };
+    if (character < 0x80) {
+        append(character);
+    } else if (character < 0x800) {
+        append(0xC0 | (character >> 6));
+        append(0x80 | (character & 0x3F));
+    } else if (character < 0x10000) {
+        append(0xE0 | (character >> 12));
+        append(0x80 | ((character >> 6) & 0x3F));
+        append(0x80 | (character & 0x3F));
+    } else {
+        append(0xF0 | (character >> 18));
+        append(0x80 | ((character >> 12) & 0x3F));
+        append(0x80 | ((character >> 6) & 0x3F));
+        append(0x80 | (character & 0x3F));
+    }
+}
 
 const CodePage& Windows1252() {
     static constexpr CodePage page = MakeWindows1252();

@@ -29,6 +29,9 @@ std::string BytesOf(TextView characters);
 /// @return `characters` in lower case, accented letters included.
 text LowerCase(text characters, const CodePage& codePage);
 
+/// Appends a Unicode character as UTF-8.
+void AppendUtf8(std::string& out, char32_t character);
+
 /// @return `characters` as UTF-8.
 std::string ToUtf8(const text& characters, const CodePage& codePage);
 

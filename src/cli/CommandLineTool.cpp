@@ -93,10 +93,8 @@ struct Loaded {
 Loaded Load(const std::string& file) {
     Loaded loaded = {KindOf(file), {}};
     const FileResult result = loaded.Of.Read(FilePath::FromUser(file), loaded.Unknown);
-    if (!result) {
-        const bool hasByte = result.Byte != FileResult::NoByte;
-        throw FileFailure{file, result.Reason + (hasByte ? " at byte " + std::to_string(result.Byte) : "")};
-    }
+    if (!result)
+        throw FileFailure{file, result.WithByte()};
     return loaded;
 }
 
@@ -213,7 +211,11 @@ UnknownChunks ApplyAndSave(const std::string& file, const Arguments& arguments) 
     if (const StepResult applied = kind.Apply(arguments.Steps, begins); !applied.Done)
         throw FileFailure{file, applied.Reason};
     progress.Tell("writing");
-    Require(kind.Save(FilePath::FromUser(arguments.Target)), arguments.Target);
+    const FileResult saved = kind.Save(FilePath::FromUser(arguments.Target));
+    Require(saved, arguments.Target);
+    if (!saved.OldKeptIn.IsEmpty())
+        arguments.Warn(arguments.Target,
+                       "an earlier save was interrupted; the old content is in " + saved.OldKeptIn.Native());
     return unknown;
 }
 

@@ -18,8 +18,9 @@ enum class MessageAnswer { Ok, Yes, No, Cancel };
 /// Shows a message and waits for the answer. A box that is closed without one answers Cancel where it has
 /// such a button, No where it has not, and Ok where that is the only one.
 /// @param text plain text, its lines set apart by CR LF.
+/// @param details plain text below it; may be empty.
 MessageAnswer ShowMessageBox(WindowHandle owner, const std::string& text, const std::string& title,
-                             MessageButtons buttons, MessageIcon icon);
+                             MessageButtons buttons, MessageIcon icon, const std::string& details = {});
 
 /// Shows a web page in the user's browser. A failure goes without a word.
 void OpenWebPage(WindowHandle owner, const std::string& address);

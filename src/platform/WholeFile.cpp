@@ -60,7 +60,7 @@ FileResult Keep(NewFile& file, const FilePath& target, FileResult failed) {
     failed.Reason += ", and the file of that name is gone";
     if (!error) {
         failed.KeptIn = kept;
-        failed.Reason += "; what was to be in it is in " + kept.Shown();
+        failed.Reason += "; the new content is in " + kept.Shown();
     }
     return failed;
 }

@@ -30,6 +30,10 @@ struct FileResult {
     FilePath OldKeptIn = {};
 
     explicit operator bool() const { return Done; }
+    /// Returns the reason with its position, if it has one.
+    std::string WithByte() const {
+        return Byte == NoByte ? Reason : Reason + " at byte " + std::to_string(Byte);
+    }
     static FileResult Failure(std::string reason, std::int64_t byte = NoByte) {
         return {.Done = false, .Reason = std::move(reason), .Byte = byte};
     }

@@ -1,5 +1,6 @@
 #include "shell/frmMain.h"
 
+#include "base/FileName.h"
 #include "shell/Controls.h"
 #include "shell/WindowTables.h"
 #include "shell/mMain.h"
@@ -55,7 +56,7 @@ frmMain::frmMain() {
     setFont(ControlFont());
     setAcceptDrops(true);
     afterDrop.setSingleShot(true);
-    connect(&afterDrop, &QTimer::timeout, this, [this] { OpenNoLimitsFile(dropped); });
+    connect(&afterDrop, &QTimer::timeout, this, [this] { OpenDropped(); });
     afterPaint.setSingleShot(true);
     connect(&afterPaint, &QTimer::timeout, this, [this] { BuildAllPanels(); });
 
@@ -222,32 +223,52 @@ void frmMain::mnuExit_Click() {
     EndProcess();
 }
 
+MessageAnswer frmMain::AskAboutChanges() const {
+    return bDocumentChanged
+               ? ShowMessageBox(Handle(), "There are unsaved changes to the file.\r\nSave changes?",
+                                "Unsaved Changes", MessageButtons::YesNoCancel, MessageIcon::Question)
+               : MessageAnswer::No;
+}
+
 bool frmMain::Form_Unload() {
-    if (!bDocumentChanged)
-        return true;
-    const MessageAnswer answer =
-        ShowMessageBox(Handle(), "There are unsaved changes to the file.\r\nSave changes?", "Unsaved Changes",
-                       MessageButtons::YesNoCancel, MessageIcon::Question);
+    const MessageAnswer answer = AskAboutChanges();
     // With a save that failed the window stays, or the changes would be gone.
     if (answer == MessageAnswer::Yes)
         return SaveNoLimitsFile();
     return answer != MessageAnswer::Cancel;
 }
 
-/// The one file that is dragged, as the user knows it; empty for anything else.
-static QString DraggedFile(const QDropEvent& event) {
+void frmMain::OpenDropped() {
+    const MessageAnswer answer = AskAboutChanges();
+    if (answer == MessageAnswer::Yes)
+        SaveNoLimitsFile();
+    const bool keepsChanges = bDocumentChanged && answer != MessageAnswer::No;
+    if (!keepsChanges)
+        OpenNoLimitsFile(dropped);
+}
+
+/// @return the one track or element that is dragged, as the user knows it; empty for anything else.
+static FilePath DraggedFile(const QDropEvent& event) {
     const QList<QUrl> addresses = event.mimeData()->urls();
-    return addresses.size() == 1 ? addresses.first().toLocalFile() : QString();
+    const std::string file = addresses.size() == 1 ? addresses.first().toLocalFile().toStdString() : "";
+    const bool isKnown = HasExtension(file, TrackExtension) || HasExtension(file, ElementExtension);
+    return isKnown ? FilePath::FromUser(file) : FilePath();
+}
+
+/// The file is only read: for another action the program that it comes from might delete it.
+static void AcceptCopy(QDropEvent& event) {
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
 }
 
 void frmMain::dragEnterEvent(QDragEnterEvent* event) {
-    if (!DraggedFile(*event).isEmpty())
-        event->acceptProposedAction();
+    if (!DraggedFile(*event).IsEmpty())
+        AcceptCopy(*event);
 }
 
 void frmMain::dropEvent(QDropEvent* event) {
-    event->acceptProposedAction();
-    dropped = FilePath::FromUser(DraggedFile(*event).toStdString());
+    AcceptCopy(*event);
+    dropped = DraggedFile(*event);
     // The program that the file comes from waits until the drop is over.
     afterDrop.start();
 }

@@ -65,6 +65,8 @@ public:
     void UpdateMenus();
     /// Marks the document as changed, and the title with a star.
     void HasChanged();
+    /// @return whether the title has the star of a changed document.
+    bool HasStar() const { return windowTitle().endsWith('*'); }
     /// Shows the name of the document's file in the title, without a star.
     void ShowFileName();
 
@@ -90,7 +92,7 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
-    /// A file that is dropped on the window opens as if it were chosen in the dialog.
+    /// A track or element that is dropped on the window is opened, after a question about unsaved changes.
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
@@ -105,9 +107,12 @@ private:
     void BuildMenu();
     void EnableLabels(ToolGroup group, bool enabled);
 
-    /// Asks about unsaved changes.
+    /// Asks about unsaved changes. @return No if there are none.
+    MessageAnswer AskAboutChanges() const;
     /// @return whether the window may close.
     bool Form_Unload();
+    /// Opens the dropped file unless the user wants to keep changes that are not saved.
+    void OpenDropped();
 
     /// A file that was dropped, and the moment at which it opens.
     FilePath dropped;

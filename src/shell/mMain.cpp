@@ -4,9 +4,11 @@
 #include "install/mWinRegistry.h"
 #include "platform/CodePage.h"
 #include "platform/Desktop.h"
+#include "platform/InPlace.h"
 #include "platform/NameLookup.h"
 #include "platform/UserLocale.h"
 #include "platform/WholeFile.h"
+#include "platform/WinePrefix.h"
 #include "shell/frmMain.h"
 #include "shell/mFileDialog.h"
 #include "shell/panels/mNLT_3DSRenamer.h"
@@ -14,6 +16,7 @@
 #include "shell/panels/mNLT_ShuttleMake.h"
 #include "tools/mNLT_Overview.h"
 
+#include <algorithm>
 #include <array>
 #include <new>
 #include <optional>
@@ -55,8 +58,20 @@ FilePath AskForFile(FileDialog dialog) {
     return FilePath::FromUser(dialog.sFileName);
 }
 
-void ShowError(const std::string& text) {
-    ShowMessageBox(frmMain::Instance().Handle(), text, "Error", MessageButtons::Ok, MessageIcon::Exclamation);
+/// @param reason of a file, shown below the text.
+void ShowError(const std::string& text, const FilePath& file = {}, const std::string& reason = {}) {
+    ShowMessageBox(frmMain::Instance().Handle(), text, "Error", MessageButtons::Ok, MessageIcon::Exclamation,
+                   reason.empty() ? "" : file.Name().Shown() + ": " + reason);
+}
+
+void ShowNote(const std::string& text, const std::string& details = {}) {
+    ShowMessageBox(frmMain::Instance().Handle(), text, "Note", MessageButtons::Ok, MessageIcon::Information,
+                   details);
+}
+
+/// After a failed open the controls still show the document of before, but its data may be gone.
+void ShowNoDocument(const std::string& toDo) {
+    ShowNote("There is no document to " + toDo + '.');
 }
 
 /// The folder beside the program, of the registry, or of the user's choice.
@@ -66,7 +81,9 @@ std::optional<FilePath> SimulatorFolder() {
         return beside;
     text registered;
     if (ReadRegistryValue(HKEY_CURRENT_USER, "Software\\NoLimits Coasters", "InstPath", registered))
-        return FilePath::FromWindowsForm(ToUtf8(registered, SystemCodePage()));
+        return FromWindowsPath(ToUtf8(registered, SystemCodePage()));
+    if (const auto installed = ReadWineRegistry("software\\nolimits coasters", "instpath"))
+        return FromWindowsPath(*installed);
 
     const WindowHandle owner = frmMain::Instance().Handle();
     if (ShowMessageBox(owner,
@@ -81,8 +98,7 @@ std::optional<FilePath> SimulatorFolder() {
                                         .sDefaultExt = "exe"});
     if (chosen.IsEmpty())
         return std::nullopt;
-    ShowMessageBox(owner, "To prevent this message in the future, run Railwright from your NoLimits Folder.",
-                   "Note", MessageButtons::Ok, MessageIcon::Information);
+    ShowNote("To prevent this message in the future, run Railwright from your NoLimits Folder.");
     return chosen.Folder();
 }
 
@@ -101,13 +117,13 @@ bool RunWaiting(const std::function<void()>& task) {
 
 /// Opens a file whose extension tells what it is.
 bool OpenDocument(const FilePath& file, const DocumentFlow& flow) {
-    bool loaded = false;
+    FileResult loaded;
     {
         const WaitPointer wait;
-        loaded = flow.Load(file).Done;
+        loaded = flow.Load(file);
     }
     if (!loaded) {
-        ShowError(flow.Text("Error Loading # File!"));
+        ShowError(flow.Text("Error Loading # File!"), file, loaded.WithByte());
         return false;
     }
     sDocumentFile = file;
@@ -115,9 +131,21 @@ bool OpenDocument(const FilePath& file, const DocumentFlow& flow) {
     return RunWaiting(flow.Refresh);
 }
 
+/// After a save under a name with another extension, sDocumentFile tells no format.
+/// @param name becomes the name that was really written.
+/// @return whether the user wants to go on with it.
+bool AskForWrittenName(const DocumentFlow& flow, FilePath& name) {
+    name = name.WithEnding(flow.Extension);
+    return ShowMessageBox(frmMain::Instance().Handle(),
+                          "The document was saved as " + name.Name().Shown() +
+                              ".\r\nSave it under that name again?",
+                          "Save As", MessageButtons::YesNo, MessageIcon::Question) == MessageAnswer::Yes;
+}
+
+/// @param offered what the field of the dialog begins with.
 /// @return the name chosen to save under, empty on Cancel.
-FilePath AskForName(const DocumentFlow& flow) {
-    FileDialog dialog = {.sFileName = sDocumentFile.Native(),
+FilePath AskForName(const DocumentFlow& flow, const FilePath& offered) {
+    FileDialog dialog = {.sFileName = offered.Native(),
                          .sFilter = flow.Filter(),
                          .sInitialDir = sNoLimitsPath.Native(),
                          .sDialogTitle = flow.Text("Save NoLimits # File..."),
@@ -128,7 +156,8 @@ FilePath AskForName(const DocumentFlow& flow) {
 }
 
 void ApplyTool(std::int16_t kind, const std::function<void()>& change, void (*refresh)()) {
-    // After a failed open the controls of the document before are still there, but not its data.
+    if (iDocumentKind == CurrentDocument::None)
+        ShowNoDocument("change");
     if (iDocumentKind != kind)
         return;
     RunWaiting([&] {
@@ -159,7 +188,7 @@ bool OpenNoLimitsFile(FilePath sFile) {
     bDocumentChanged = false;
     const DocumentFlow* const flow = KindOf(DocumentFlows, sFile.Native());
     if (flow == nullptr) {
-        ShowError("Unknown File Type!");
+        ShowError("Unknown File Type!", sFile, OfNoKind);
         sDocumentFile = {};
     }
     if (flow == nullptr || !OpenDocument(sFile, *flow)) {
@@ -174,32 +203,47 @@ bool OpenNoLimitsFile(FilePath sFile) {
 }
 
 bool SaveNoLimitsFile() {
-    // What a failed open has left is not written over anything.
-    const DocumentFlow* const flow =
-        iDocumentKind == CurrentDocument::None ? nullptr : KindOf(DocumentFlows, sDocumentFile.Native());
-    if (flow != nullptr) {
-        const FilePath chosen = AskForName(*flow);
+    frmMain& window = frmMain::Instance();
+    if (iDocumentKind == CurrentDocument::None) {
+        ShowNoDocument("save");
+        if (sDocumentFile.IsEmpty() && !window.HasStar())
+            window.ShowFileName();
+        return true;
+    }
+    const DocumentFlow& flow = *std::find_if(DocumentFlows.begin(), DocumentFlows.end(),
+                                             [](const auto& each) { return each.Number == iDocumentKind; });
+    FilePath offered = sDocumentFile;
+    if (HasExtension(offered.Native(), flow.Extension) || AskForWrittenName(flow, offered)) {
+        const FilePath chosen = AskForName(flow, offered);
         if (chosen.IsEmpty())
             return true;
         FileResult saved;
         {
             const WaitPointer wait;
-            saved = flow->Save(chosen);
+            saved = flow.Save(chosen);
         }
         if (!saved) {
-            std::string message = flow->Text("Error Saving # File!");
-            if (!saved.KeptIn.IsEmpty())
-                message += "\r\nWhat was to be saved is in " + saved.KeptIn.Shown();
-            if (!saved.OldKeptIn.IsEmpty())
-                message += "\r\nWhat the file held before is in " + saved.OldKeptIn.Shown();
-            ShowError(message);
+            ShowError(flow.Text("Error Saving # File!"), chosen, saved.Reason);
             return false;
         }
         sDocumentFile = chosen;
+        if (!HasExtension(chosen.Native(), flow.Extension))
+            ShowNote("The document was saved as " + chosen.WithEnding(flow.Extension).Name().Shown() + '.');
+        if (!saved.OldKeptIn.IsEmpty())
+            ShowNote("An earlier save of this file was interrupted. What the file held before is in",
+                     saved.OldKeptIn.Shown());
     }
     bDocumentChanged = false;
-    frmMain::Instance().ShowFileName();
+    window.ShowFileName();
     return true;
+}
+
+void ShowInterruptedSaves() {
+    std::string paths;
+    for (const FilePath& copy : LeftCopies())
+        paths += copy.Shown() + "\r\n";
+    if (!paths.empty())
+        ShowNote("A save was interrupted. What the file held before is in", paths);
 }
 
 void RefreshTrackTools() {

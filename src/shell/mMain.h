@@ -34,10 +34,14 @@ bool LocateNoLimitsPath();
 /// @return whether a document was opened.
 bool OpenNoLimitsFile(FilePath sFile);
 
-/// Asks for a name and saves the document under it, in the format that the extension of sDocumentFile tells.
-/// With no document nothing is asked or written. A save that fails leaves everything as it was.
+/// Asks for a name and saves the document under it. Without a document it says so and writes nothing. If the
+/// document was saved under a name with another extension, it first asks whether to go on with the name that
+/// was written; otherwise nothing is written. A save that fails leaves everything as it was.
 /// @return false only if a save was tried and failed.
 bool SaveNoLimitsFile();
+
+/// Tells where interrupted saves have left the old content of files, if there are any.
+void ShowInterruptedSaves();
 
 /// Brings all that shows Track up to date: previews, report, and the panels of Shuttle Make and of
 /// the 3DS Renamer. It marks no change.
@@ -45,8 +49,8 @@ void RefreshTrackTools();
 /// The same for Element.
 void RefreshElementTools();
 
-/// What the button of a track tool does: changes Track, refreshes, marks the change. Nothing happens while
-/// the document in hand is no track.
+/// Runs a track tool: changes Track, refreshes, marks the change. Without a document it says so; with an
+/// element it does nothing.
 void ApplyTrackTool(const std::function<void()>& change);
 /// The same for a tool of elements.
 void ApplyElementTool(const std::function<void()>& change);

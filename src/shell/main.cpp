@@ -3,6 +3,7 @@
 #include "shell/Accessibility.h"
 #include "shell/ControlStyle.h"
 #include "shell/frmMain.h"
+#include "shell/mMain.h"
 
 #include <QApplication>
 
@@ -38,6 +39,7 @@ int main(int argc, char** argv) {
     railwright::frmMain window;
     window.Form_Load(railwright::CommandLineText(argc, argv));
     window.show();
+    railwright::ShowInterruptedSaves();
     QApplication::setQuitOnLastWindowClosed(true);
     return QApplication::exec();
 }

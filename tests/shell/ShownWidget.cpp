@@ -45,7 +45,9 @@ QString ShownWidget::Seen() const {
     for (const auto button : {QMessageBox::Ok, QMessageBox::Yes, QMessageBox::No, QMessageBox::Cancel})
         if (const QAbstractButton* const there = box->button(button))
             buttons += PlainCaption(*there);
-    return QStringList{box->windowTitle(), box->text(), icons[box->icon()], buttons.join(',')}.join('|');
+    const QString details = box->informativeText();
+    const QString text = details.isEmpty() ? box->text() : box->text() + '\n' + details;
+    return QStringList{box->windowTitle(), text, icons[box->icon()], buttons.join(',')}.join('|');
 }
 
 // An answer may bring up the next box before it returns, and a timer does not run within itself: it is given

@@ -1,4 +1,5 @@
 #include "tests/shell/WindowTests.h"
+#include "base/Text.h"
 #include "install/mWinRegistry.h"
 #include "shell/mFileDialog.h"
 #include "shell/ucFrame.h"
@@ -78,6 +79,14 @@ QString Enabled(Program& program) {
 
 constexpr const char* SaveTrackTitle = "Save NoLimits Track File...";
 
+const QString UnsavedChanges =
+    "Unsaved Changes|There are unsaved changes to the file.\nSave changes?|Question|"
+    "Yes,No,Cancel";
+
+QString NothingTo(const QString& what) {
+    return "Note|There is no document to " + what + ".|Information|OK";
+}
+
 /// Makes an unsaved change and tells the first node's place on X.
 float Change(Program& program) {
     program.Click("btnTMirror(1)");
@@ -111,13 +120,16 @@ void WindowTests::EnablesByTheDocument() {
     Program program;
     QCOMPARE(program.Title(), QString("Railwright"));
     QCOMPARE(Shown(program), Expected(Cases[0]));
-    // Save answers with no document too: nothing is asked and the title shows the empty name.
+    // Save answers with no document too: the title shows the empty name.
+    program.Box(NothingTo("save"), "OK");
     program.Click("imgToolBar(1)");
     QCOMPARE(program.Title(), QString("Railwright: "));
     QCOMPARE(Enabled(program), QString("--XX-XX-----------XX--"));
     for (const std::string& file : {Comet, Loop, Comet, Comet, Loop}) {
         // Unsaved changes go without a question, but not with Escape.
         program.Choose("mnuTMove");
+        if (iDocumentKind == CurrentDocument::None)
+            program.Box(NothingTo("change"), "OK");
         program.Click("btnTTunnel(0)");
         const QString before = program.Title();
         program.File("Open NoLimits File...", "").File("Open NoLimits File...", file);
@@ -294,22 +306,52 @@ void WindowTests::StartsWithFileAndSimulator() {
         QVERIFY(found.IsEnabled("lblNolimitsTools(1)"));
     }
     QVERIFY(DeleteRegistryKey(HKEY_CURRENT_USER, key));
+#ifndef Q_OS_WIN
+    // Off Windows it is in Wine's registry, on one of Wine's drives.
+    const TemporaryFolder prefix;
+    std::filesystem::create_directories(prefix.File("drive_c/Spiele/NoLimits \u00DF"));
+    std::filesystem::create_directory(prefix.File("dosdevices"));
+    std::filesystem::create_symlink("../drive_c", prefix.File("dosdevices/c:"));
+    const std::string wine =
+        "WINE REGISTRY Version 2\n\n[Software\\\\NoLimits] 17\n\"InstPath\"=\"Z:\\\\no\"\n\n"
+        "[Software\\\\NoLimits Coasters] 17\n#time=1d\n\"instPath\"=dword:00000001\n"
+        "\"InstPath\"=\"C:\\\\spiele\\\\NoLimits \\xdf\"\n";
+    WriteBytes(prefix.File("user.reg"), {wine.begin(), wine.end()});
+    qputenv("WINEPREFIX", QByteArray::fromStdString(prefix.File("")));
+    {
+        const Program found("", false);
+        QVERIFY(sNoLimitsPath == FilePath::FromUser(prefix.File("drive_c/Spiele/NoLimits \u00DF/")));
+    }
+    // The program's own registry takes precedence.
+    RegistryInput own = TextOf("Z:" + FilePath::FromUser(simulator.File("")).InWindowsForm());
+    QVERIFY(WriteRegistryValue(HKEY_CURRENT_USER, key, REG_SZ, "InstPath", own));
+    {
+        const Program found("", false);
+        QVERIFY(sNoLimitsPath == simulator.Inside(""));
+    }
+    QVERIFY(DeleteRegistryKey(HKEY_CURRENT_USER, key));
+    qunsetenv("WINEPREFIX");
+#endif
 }
 
 void WindowTests::FailsToOpen() {
     const QString track = "Error Loading Track File!", unknown = "Unknown File Type!";
-    for (const auto& [name, content, message] : std::vector<std::tuple<std::string, std::string, QString>>{
-             {"wrong-tag.nltrack", "NLEL----", track},
-             {"CUT-OFF.NLTRACK", "NLIM", track},
-             {"broken.nlelem", "NLIM----", "Error Loading Element File!"},
-             {"other.txt", "NLIM", unknown},
-             {"nltrack", "NLIM", unknown}}) {
+    const QString ofNoKind = "the name ends in neither .nltrack nor .nlelem";
+    for (const auto& [name, content, message, reason] :
+         std::vector<std::tuple<std::string, std::string, QString, QString>>{
+             {"wrong-tag.nltrack", "NLEL----", track, "the file does not begin with the tag NLIM at byte 0"},
+             {"CUT-OFF.NLTRACK", "NLIM", track, "NLIM: the file ends too early at byte 4"},
+             {"broken.nlelem", "NLIM----", "Error Loading Element File!",
+              "the file does not begin with the tag ELEM at byte 0"},
+             {"other.txt", "NLIM", unknown, ofNoKind},
+             {"nltrack", "NLIM", unknown, ofNoKind}}) {
         Program program(Example("switchback-spur.nltrack"));
         const FilePath left = message == unknown ? FilePath() : sDocumentFile;
         program.Choose("mnuTMirror");
         Change(program);
         WriteBytes(program.Path(name), {content.begin(), content.end()});
-        program.Box("Error|" + message + "|Warning|OK", "OK");
+        program.Box("Error|" + message + '\n' + QString::fromStdString(name) + ": " + reason + "|Warning|OK",
+                    "OK");
         QVERIFY2(!Open(program.Path(name)), name.c_str());
         QCOMPARE(program.Title(), QString("Railwright: switchback-spur.nltrack*"));
         QVERIFY(program.Find("ucFTab(6)").isVisible() && program.Find("lblTrackTools(0)").isEnabled());
@@ -318,11 +360,16 @@ void WindowTests::FailsToOpen() {
         const std::int32_t nodes = Track.BezierCurve.NodeCount;
         for (const char* const button : {"btnTMove(0)", "btnTScale", "btnTRotate", "btnTMirror(0)",
                                          "btnTTunnel(0)", "btnTShuttle", "btnRemove(2)", "btnTBackwards",
-                                         "btnTSmoother", "btnTDSRenamer", "btnEReverse", "btnERotate(0)"})
+                                         "btnTSmoother", "btnTDSRenamer", "btnEReverse", "btnERotate(0)"}) {
+            if (program.IsEnabled(button)) // the track has no objects to rename
+                program.Box(NothingTo("change"), "OK");
             program.Click(button);
+        }
         QVERIFY(program.Report() == report && Track.BezierCurve.NodeCount == nodes && !bDocumentChanged);
+        program.Box(NothingTo("save"), "OK");
         program.Choose("mnuSaveAs");
         QVERIFY2(iDocumentKind == CurrentDocument::None && sDocumentFile == left, name.c_str());
+        QCOMPARE(program.Title(), QString("Railwright: switchback-spur.nltrack*"));
     }
 }
 
@@ -334,7 +381,7 @@ void WindowTests::Saves() {
     QString offered;
     program.File(SaveTrackTitle, "", &offered)
         .File(SaveTrackTitle, program.Path("taken.dat"))
-        .Box("Error|Error Saving Track File!|Warning|OK", "OK")
+        .Box("Error|Error Saving Track File!\ntaken.dat: is a folder|Warning|OK", "OK")
         .File(SaveTrackTitle, program.Path("saved"));
     for (int failure = 0; failure < 2; ++failure) {
         program.Choose("mnuSaveAs");
@@ -347,18 +394,30 @@ void WindowTests::Saves() {
     QVERIFY(Open(program.Path("saved.nltrack")));
     QCOMPARE(Track.BezierCurve.Nodes[0].Position.X, x);
     // The name of a file that exists is asked about. Another extension is left alone by the dialog, and the
-    // writer adds its own behind it. From then on the name tells no format: nothing is asked or written.
+    // writer adds its own behind it. From then on the name tells no format: if the user does not go on with
+    // the name that was written, nothing is written.
     program.File(SaveTrackTitle, program.Path("saved.nltrack"))
         .Box(OverwriteQuestion(SaveTrackTitle, "saved.nltrack"), "Yes")
-        .File(SaveTrackTitle, program.Path("other.dat"));
+        .File(SaveTrackTitle, program.Path("other.dat"))
+        .Box("Note|The document was saved as other.dat.nltrack.|Information|OK", "OK");
     const float back = Change(program);
     program.Choose("mnuSaveAs");
     program.Choose("mnuSaveAs");
     QCOMPARE(program.Title(), QString("Railwright: other.dat"));
-    Change(program);
+    const QString again = "Save As|The document was saved as other.dat.nltrack.\nSave it under that name "
+                          "again?|Question|Yes,No";
+    const float forth = Change(program);
+    program.Box(again, "No");
     program.Choose("mnuSaveAs");
-    QVERIFY(!bDocumentChanged && Open(program.Path("other.dat.nltrack")));
-    QCOMPARE(Track.BezierCurve.Nodes[0].Position.X, back);
+    QVERIFY(!bDocumentChanged && program.Title() == "Railwright: other.dat");
+    program.Box(again, "Yes").File(SaveTrackTitle, program.Path("third.nltrack"), &offered);
+    program.Choose("mnuSaveAs");
+    QCOMPARE(offered, QString("other.dat.nltrack"));
+    QCOMPARE(program.Title(), QString("Railwright: third.nltrack"));
+    for (const auto& [file, place] : {std::pair("other.dat.nltrack", back), {"third.nltrack", forth}}) {
+        QVERIFY(Open(program.Path(file)));
+        QCOMPARE(Track.BezierCurve.Nodes[0].Position.X, place);
+    }
     QVERIFY(Open(Loop));
     // No code page has all letters of this name.
     const std::string turned = "turned  \u6771\u4EAC \u0416";
@@ -385,12 +444,14 @@ void WindowTests::KeepsTheOldFileOfASaveThatFails() {
         const bool fails = failing <= calls;
         program.File(title, file);
         program.Box(OverwriteQuestion(title, "a.nlelem"), "Yes");
-        if (fails)
-            program.Box("Error|Error Saving Element File!|Warning|OK", "OK");
         FailingFiles files;
         files.FailAt = failing;
         // The full disk and the broken one by turns; without a right the old file would be overwritten.
         files.Cause = failing % 2 == 0 ? std::errc::no_space_on_device : std::errc::io_error;
+        const QString cannot = failing == 1 ? "cannot be checked: " : "cannot be written: ";
+        const QString why = QString::fromStdString(std::make_error_code(files.Cause).message());
+        if (fails)
+            program.Box("Error|Error Saving Element File!\na.nlelem: " + cannot + why + "|Warning|OK", "OK");
         program.Choose("mnuSaveAs");
         QVERIFY(bDocumentChanged == fails && program.Title().endsWith('*') == fails);
         QVERIFY((ReadBytes(file) == old) == fails && program.Names() == std::vector<std::string>{"a.nlelem"});
@@ -454,8 +515,10 @@ void WindowTests::SaysWhereTheContentIsThatLostItsFile() {
     const QString title = "Save NoLimits Element File...";
     program.File(title, file)
         .Box(OverwriteQuestion(title, "a.nlelem"), "Yes")
-        .Box("Error|Error Saving Element File!\nWhat was to be saved is in " + QString::fromStdString(left) +
-                 "|Warning|OK",
+        .Box("Error|Error Saving Element File!\na.nlelem: cannot be written: " +
+                 QString::fromStdString(std::error_code(1177, std::system_category()).message()) +
+                 ", and the file of that name is gone; the new content is in " +
+                 QString::fromStdString(left) + "|Warning|OK",
              "OK");
     program.Choose("mnuSaveAs");
     QVERIFY(ReadBytes(left) == ReadBytes(Loop) && program.Names().size() == 1);
@@ -466,31 +529,42 @@ void WindowTests::OpensAFileThatIsDropped() {
     const auto drop = [&](const QList<QUrl>& addresses) {
         QMimeData data;
         data.setUrls(addresses);
-        QDragEnterEvent enter({100, 100}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        // The source offers to move the file, and would delete its own.
+        QDragEnterEvent enter({100, 100}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
+        enter.setDropAction(Qt::MoveAction);
         QApplication::sendEvent(&program.Window(), &enter);
         if (!enter.isAccepted())
             return false;
-        QDropEvent dropped({100, 100}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QDropEvent dropped({100, 100}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
+        dropped.setDropAction(Qt::MoveAction);
         QApplication::sendEvent(&program.Window(), &dropped);
         QTest::qWait(1);
-        return true;
+        return enter.dropAction() == Qt::CopyAction && dropped.dropAction() == Qt::CopyAction;
     };
     const QUrl comet = QUrl::fromLocalFile(QString::fromStdString(Comet));
-    QVERIFY(!drop({}) && !drop({comet, comet}) && !drop({QUrl("page:somewhere")}));
+    const QUrl other = QUrl::fromLocalFile(QString::fromStdString(program.Path("other.txt")));
+    QVERIFY(!drop({}) && !drop({comet, comet}) && !drop({QUrl("page:somewhere")}) && !drop({other}));
     QCOMPARE(program.Title(), QString("Railwright: loop.nlelem"));
     QVERIFY(drop({comet}));
     QCOMPARE(program.Title(), QString("Railwright: harbor-comet.nltrack"));
-    program.Box("Error|Unknown File Type!|Warning|OK", "OK");
-    QVERIFY(drop({QUrl::fromLocalFile(QString::fromStdString(program.Path("other.txt")))}));
+    // Changes are kept on Cancel and if no name is chosen.
+    for (const QString answer : {"Cancel", "Yes", "No"}) {
+        bDocumentChanged = false;
+        Change(program);
+        program.Box(UnsavedChanges, answer);
+        if (answer == "Yes")
+            program.File(SaveTrackTitle, "");
+        const QUrl loop = QUrl::fromLocalFile(QString::fromStdString(Loop));
+        QVERIFY(drop({loop}));
+        QCOMPARE(program.Title() == "Railwright: loop.nlelem", answer == "No");
+    }
 }
 
 void WindowTests::ClosesAsAnswered() {
-    const QString question = "Unsaved Changes|There are unsaved changes to the file.\nSave changes?|Question|"
-                             "Yes,No,Cancel";
     for (const QString answer : {"", "Cancel", "No", "Yes, and no name", "Yes"}) {
         Program program(Comet);
         if (!answer.isEmpty() && Change(program) != 0)
-            program.Box(question, answer.section(',', 0, 0));
+            program.Box(UnsavedChanges, answer.section(',', 0, 0));
         const std::string name = answer == "Yes" ? program.Path("closed.nltrack") : "";
         if (answer.startsWith("Yes"))
             program.File(SaveTrackTitle, name);

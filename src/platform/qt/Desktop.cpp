@@ -37,11 +37,12 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
 } // namespace
 
 MessageAnswer ShowMessageBox(WindowHandle owner, const std::string& text, const std::string& title,
-                             MessageButtons buttons, MessageIcon icon) {
+                             MessageButtons buttons, MessageIcon icon, const std::string& details) {
     QMessageBox box(QWidget::find(static_cast<WId>(owner)));
     box.setWindowTitle(QString::fromStdString(title));
     box.setTextFormat(Qt::PlainText);
     box.setText(QString::fromStdString(text).remove('\r'));
+    box.setInformativeText(QString::fromStdString(details).remove('\r'));
     box.setStandardButtons(ButtonsOf(buttons));
     box.setIcon(IconOf(icon));
     // The box would wrap a line on a small screen.

@@ -3,6 +3,7 @@
 #include "platform/FilePath.h"
 #include "platform/List.h"
 #include "platform/UserLocale.h"
+#include "platform/WinePrefix.h"
 #include "platform/windows/Wide.h"
 
 #include <algorithm>
@@ -76,6 +77,18 @@ const CodePage& SystemCodePage() {
 NumberSeparators UserNumberSeparators() {
     const NumberSeparators user = {Setting(LOCALE_STHOUSAND), Setting(LOCALE_SDECIMAL)};
     return user.Decimal.empty() ? NumberSeparators{} : user;
+}
+
+std::optional<std::string> ReadWineRegistry(std::string_view, std::string_view) {
+    return std::nullopt;
+}
+
+FilePath FromWindowsPath(std::string_view path) {
+    return FilePath::FromWindowsForm(path);
+}
+
+std::string ForWindowsPrograms(const FilePath& path) {
+    return path.InWindowsForm();
 }
 
 char PathSeparator() {

@@ -1,6 +1,7 @@
 #include "shell/panels/mTool_TrackAssociation.h"
 
 #include "install/mTool_TrackAssociation.h"
+#include "platform/WinePrefix.h"
 #include "shell/Controls.h"
 #include "shell/frmMain.h"
 #include "shell/mFileDialog.h"
@@ -120,7 +121,7 @@ void FileAssociationPanel::AddIcon(ucFrame& frame) {
 }
 
 void FileAssociationPanel::Prepare() {
-    PrepareFileAssociation(sNoLimitsPath.InWindowsForm());
+    PrepareFileAssociation(ForWindowsPrograms(sNoLimitsPath));
     btnNLAssoc->setEnabled(true);
     LoadIcons();
 }
@@ -142,7 +143,7 @@ void FileAssociationPanel::btnNLAssoc_Click() {
                          .bTerraform = chkNLAssocRtClk[2]->isChecked(),
                          .bTool = chkNLAssocRtClk[3]->isChecked(),
                          .iIcon = static_cast<std::int16_t>(SelectedIn(optNLAssocIcon)),
-                         .sIconFile = FilePath::FromUser(txtNLAssoc->text().toStdString()).InWindowsForm()});
+                         .sIconFile = ForWindowsPrograms(FilePath::FromUser(txtNLAssoc->text().toStdString()))});
 }
 
 void FileAssociationPanel::optNLAssocDblClk_Click(std::size_t Index) {
