@@ -149,11 +149,13 @@ void frmMain::BuildMenu() {
         QAction* const entry =
             row.Caption == Separator ? above->addSeparator() : above->addAction(row.Caption);
         entry->setObjectName(row.Name);
+        entry->setEnabled(row.IsEnabled);
         // No system moves an entry into a menu of its own.
         entry->setMenuRole(QAction::NoRole);
         if (row.Click != nullptr)
             connect(entry, &QAction::triggered, this, [click = row.Click] { click(); });
     }
+    OpenWithF10(*menuBar());
 }
 
 void frmMain::Form_Load(std::string commandLine) {

@@ -19,7 +19,9 @@
 #include "tools/mNLT_TunnelTest.h"
 #include "track/mNoLimits_TrackIO_1_3.h"
 
+#include <QApplication>
 #include <QComboBox>
+#include <QDesktopServices>
 #include <QRadioButton>
 
 namespace railwright::testing {
@@ -365,6 +367,29 @@ void WindowTests::FitsThumbnailsToTheCurve() {
             }
         QVERIFY2(difference < light / 4, file.c_str());
     }
+}
+
+void WindowTests::OpensMenusAndPages() {
+    Program program;
+    QVERIFY(QTest::qWaitForWindowActive(&program.Window()));
+    QTest::keyClick(&program.Window(), Qt::Key_F10);
+    QWidget* const menu = QApplication::activePopupWidget();
+    QVERIFY(menu != nullptr && menu->objectName() == "mnuF");
+    QCOMPARE(menu->font().families(), ControlFont().families());
+    QTest::keyClick(menu, Qt::Key_Escape);
+#ifdef HAS_PAGE
+    const QString page = "https://ridehaven.example/?a=1&b=%20c#d";
+#else
+    const QString page;
+#endif
+    for (const char* const entry :
+         {"mnuHINoLimits", "mnuHIVesna", "mnuHISweetgrade", "mnuHILoopkammer", "mnuHIBrisko"})
+        QVERIFY2(!program.IsEnabled(entry), entry);
+    QCOMPARE(program.IsEnabled("mnuHIRidehaven"), !page.isEmpty());
+    QDesktopServices::setUrlHandler("https", this, "Visit");
+    program.Choose("mnuHIRidehaven");
+    QDesktopServices::unsetUrlHandler("https");
+    QCOMPARE(visited, page);
 }
 
 } // namespace railwright::testing

@@ -17,6 +17,7 @@
 #include <QPlainTextEdit>
 #include <QTest>
 #include <QTimer>
+#include <QUrl>
 
 namespace railwright::testing {
 
@@ -100,6 +101,14 @@ private slots:
     void ChoosesTheFileAssociation();
     void OrganizesTheEnvironments();
     void FitsThumbnailsToTheCurve();
+    void OpensMenusAndPages();
+public slots:
+    void Visit(const QUrl& page) {
+        visited = page.toString(QUrl::FullyEncoded);
+    }
+
+private:
+    QString visited;
 };
 
 } // namespace railwright::testing
