@@ -4,8 +4,8 @@
 
 namespace railwright {
 
-/// @return the code page in which documents hold their texts: the system's ANSI code page where it has one of
-/// single bytes, Windows-1252 everywhere else.
+/// Returns the code page of texts in documents: the system's ANSI code page if it is a single-byte one,
+/// otherwise Windows-1252.
 const CodePage& SystemCodePage();
 
 } // namespace railwright

@@ -5,16 +5,16 @@
 
 namespace railwright {
 
-/// @return the arguments behind the program's name, as UTF-8, and readies standard output and standard error
-/// for UTF-8 text with LF line ends. An argument with "*" or "?" stands for the files it fits, where the
-/// user's shell leaves that to the program. `count` and `arguments` are those of main.
+/// Returns the arguments of main after the program's name, as UTF-8. Sets standard output and standard error
+/// to UTF-8 text with LF line ends. Expands "*" and "?" to the matching files if the user's shell does not do
+/// that.
 std::vector<std::string> StartCommandLine(int count, char** arguments);
 
-/// @return whether a user sees standard error right away, on a terminal.
+/// Returns whether standard error is a terminal.
 bool ErrorsGoToTerminal();
 
-/// @return all that stands behind the program's name as one UTF-8 text: on Windows as it was given, without
-/// its double quotes, elsewhere the arguments with a blank between each two.
+/// Returns everything after the program's name as one UTF-8 text. On Windows, this is the original command
+/// line without double quotes. Elsewhere, it is the arguments joined by blanks.
 std::string CommandLineText(int count, char** arguments);
 
 } // namespace railwright

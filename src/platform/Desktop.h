@@ -7,7 +7,7 @@
 
 namespace railwright {
 
-/// A window as the platform numbers it.
+/// The platform's native handle of a window.
 using WindowHandle = std::intptr_t;
 inline constexpr WindowHandle NoWindow = -1;
 
@@ -15,20 +15,20 @@ enum class MessageButtons { Ok, YesNo, YesNoCancel };
 enum class MessageIcon { Question, Information, Exclamation };
 enum class MessageAnswer { Ok, Yes, No, Cancel };
 
-/// Shows a message and waits for the answer. A box that is closed without one answers Cancel where it has
-/// such a button, No where it has not, and Ok where that is the only one.
-/// @param text plain text, its lines set apart by CR LF.
-/// @param details plain text below it; may be empty.
+/// Shows a message and waits for the answer. A box closed without an answer returns Cancel, else No, else Ok,
+/// depending on its buttons.
+/// @param text plain text; lines end with CR LF.
+/// @param details plain text below the message; may be empty.
 MessageAnswer ShowMessageBox(WindowHandle owner, const std::string& text, const std::string& title,
                              MessageButtons buttons, MessageIcon icon, const std::string& details = {});
 
-/// Shows a web page in the user's browser. A failure goes without a word.
+/// Opens a web page in the user's browser. Ignores failures.
 void OpenWebPage(WindowHandle owner, const std::string& address);
 
-/// @return the folder of the running program.
+/// Returns the folder of the running program.
 FilePath ProgramFolder();
 
-/// While it lives, the pointer tells the user to wait.
+/// Shows the wait cursor during its lifetime.
 class WaitPointer {
 public:
     WaitPointer();
@@ -37,10 +37,10 @@ public:
     WaitPointer& operator=(const WaitPointer&) = delete;
 };
 
-/// Lets the events that wait for the window take place.
+/// Processes the pending events of the window.
 void RunPendingEvents();
 
-/// Ends the process at once; nothing is asked and no window is told.
+/// Ends the process at once, without asking the user or notifying any window.
 [[noreturn]] void EndProcess();
 
 } // namespace railwright

@@ -12,7 +12,7 @@ std::string UpToNul(const std::string& buffer) {
     return buffer.substr(0, buffer.find('\0'));
 }
 
-/// The labels and masks of a filter in the platform's form.
+/// Parses a filter list in the platform's form.
 std::vector<FileFilter> FiltersOf(const std::string& filter) {
     std::vector<std::string> pieces;
     for (std::size_t at = 0; at < filter.size() && filter[at] != '\0'; at += pieces.back().size() + 1)
@@ -28,8 +28,8 @@ std::size_t CharacterCount(const std::string& utf8) {
         std::count_if(utf8.begin(), utf8.end(), [](char unit) { return (unit & 0xC0) != 0x80; }));
 }
 
-/// Puts a string into a buffer of `size` characters, NULs behind it.
-/// @return whether there was room for it and one NUL.
+/// Puts a string into a buffer of `size` characters and pads it with NULs.
+/// @return whether the string and at least one NUL fit.
 bool Fill(std::string& buffer, const std::string& content, std::size_t size) {
     const std::size_t length = CharacterCount(content);
     if (length >= size)

@@ -12,99 +12,98 @@
 
 namespace railwright {
 
-/// What stands under a name on the disk.
+/// The status of a path on the disk.
 struct FileStatus {
-    /// Other is a device, a pipe or the like. Unknown is what the system cannot tell.
+    /// Other is a device, a pipe or similar. Unknown means that the system reported an error.
     enum class Kind { Missing, File, Folder, Other, Unknown };
     Kind What = Kind::Missing;
-    /// Kept out of the user's sight: by the hidden or system attribute, or by its name.
+    /// Hidden by the hidden or system attribute, or by its name.
     bool Hidden = false;
-    /// The user may change its content.
+    /// The user may change the content.
     bool Writable = false;
-    /// Bytes; 0 for anything that is not a file.
+    /// Bytes; 0 for anything except a file.
     std::int64_t Length = 0;
-    /// Why it is Unknown.
+    /// The reason for Unknown.
     std::error_code Error = {};
-    /// The name is that of a link to another place. All else here is told of that place where the surrounding
-    /// follows it; one that leads nowhere is Missing.
+    /// The path is a symbolic link. The other fields describe the link's target on systems that follow links.
+    /// A dangling link is Missing.
     bool IsLink = false;
 };
 
-/// A file that is open. It is closed when it goes; what could fail then, Flush has told.
+/// An open file. Closed on destruction. Flush reports any write error first.
 class OpenFile {
 public:
     virtual ~OpenFile() = default;
-    /// @return the number of bytes read, 0 at the end of the file or on failure.
+    /// Returns the number of bytes read; 0 at the end of the file or on failure.
     virtual std::size_t Read(std::span<std::uint8_t> into, std::error_code& error) = 0;
-    /// @return the number of bytes written, which may be fewer than given.
+    /// Returns the number of bytes written, possibly fewer than given.
     virtual std::size_t Write(std::span<const std::uint8_t> bytes, std::error_code& error) = 0;
-    /// Cuts the file off at the place that the writing has reached.
+    /// Truncates the file at the current position.
     virtual void CutOff(std::error_code& error) = 0;
-    /// Waits until what was written is on the disk itself.
+    /// Flushes the written data to the disk.
     virtual void Flush(std::error_code& error) = 0;
-    /// Goes back to the first byte.
+    /// Moves the position to the first byte.
     virtual void Rewind(std::error_code& error) = 0;
-    /// @return bytes.
+    /// Returns the length in bytes.
     virtual std::int64_t Length(std::error_code& error) = 0;
 };
 
-/// A new file on its way to its name. Until it has one it is out of the user's sight, without any name where
-/// the system can do so, and it is gone when this goes.
+/// A new file that has not yet got its final name. Until then it is hidden, and nameless if the system allows
+/// that. Destruction deletes it unless it was given a name.
 class NewFile {
 public:
     virtual ~NewFile() = default;
     virtual OpenFile& Content() = 0;
-    /// Takes its name in one step, and the place of a file that stands there.
+    /// Gives the file its final name in one step. Replaces any existing file of that name.
     virtual void TakePlace(std::error_code& error) = 0;
-    /// Takes another name instead, and fails if that is taken.
+    /// Gives the file another name instead. Fails if that name exists.
     virtual void KeepAs(const FilePath& path, std::error_code& error) = 0;
 };
 
-/// The single calls by which the program reads or changes the disk, one implementation for each surrounding.
-/// A name is taken just as it is written. A call that fails sets `error` and changes nothing.
+/// All system calls that read or change the disk, with one implementation per platform. Names are used
+/// exactly as given. On failure, a call sets `error` and changes nothing.
 class FileOperations {
 public:
     virtual ~FileOperations() = default;
 
     virtual FileStatus Status(const FilePath& path) = 0;
-    /// @return the file's own name behind any symbolic links, also where the last link leads to nothing yet.
+    /// Resolves symbolic links, including a dangling last one. Returns the path of the target.
     virtual FilePath BehindLinks(const FilePath& path, std::error_code& error) = 0;
-    /// Waits for a process that overwrites the file in place.
+    /// Opens a file to read. Waits while another process overwrites the file in place.
     virtual std::unique_ptr<OpenFile> OpenToRead(const FilePath& path, std::error_code& error) = 0;
-    /// Makes a file that is to take the name `path`.
-    /// @param model the file that it gets its rights from; empty for the usual rights. `path` itself for a
-    /// file to be replaced: the new one takes over its owner, rights and attributes, and the call fails if
-    /// that is not permitted. With any other model nobody gets more rights than that file gives.
+    /// Creates a temporary file that will get the name `path`.
+    /// @param model the file whose rights the new one gets; empty for the default rights. If it equals
+    /// `path`, the new file replaces that file and takes over its owner, rights and attributes; the call
+    /// fails if that is not permitted. With any other model, nobody gets more rights than the model grants.
     virtual std::unique_ptr<NewFile> OpenNew(const FilePath& path, const FilePath& model,
                                              std::error_code& error) = 0;
-    /// Makes a file of that name that only the user may read and write, and fails if the name is taken.
+    /// Creates a file that only the user may read and write. Fails if the name exists.
     virtual std::unique_ptr<OpenFile> OpenCopy(const FilePath& path, std::error_code& error) = 0;
-    /// @return whether the file is the user's own and no process has it open from OpenCopy.
+    /// Returns whether the file belongs to the user and no process still has it open from OpenCopy.
     virtual bool IsAbandoned(const FilePath& path) = 0;
-    /// Opens an existing file to be read and written from its first byte on. While it is open, other
-    /// processes that open it to read or overwrite wait for up to three seconds, then fail with
-    /// resource_unavailable_try_again. A request to end the process is held back until it is closed.
+    /// Opens an existing file to read and overwrite from its first byte. Other processes that open it wait
+    /// for a moment, then fail; on POSIX after three seconds, with resource_unavailable_try_again. POSIX
+    /// systems hold back termination signals until the file is closed.
     virtual std::unique_ptr<OpenFile> OpenToOverwrite(const FilePath& path, std::error_code& error) = 0;
-    /// Renames a file or folder and fails if the new name is taken.
+    /// Renames a file or folder. Fails if the new name exists.
     virtual void Move(const FilePath& from, const FilePath& to, std::error_code& error) = 0;
     virtual void Delete(const FilePath& path, std::error_code& error) = 0;
-    /// Makes one folder, whose parent exists.
+    /// Creates one folder. Its parent must exist.
     virtual void CreateFolder(const FilePath& path, std::error_code& error) = 0;
-    /// @return the names of all that lies in a folder, in an order that stays the same.
+    /// Returns the names of all entries of a folder, in a stable order.
     virtual std::vector<FileName> List(const FilePath& folder, std::error_code& error) = 0;
-    /// Waits until the names in a folder are on the disk itself. Does nothing if the file system cannot do
-    /// it.
+    /// Flushes the entries of a folder to the disk. Does nothing if the file system does not support that.
     virtual void FlushFolder(const FilePath& folder, std::error_code& error) = 0;
-    /// Deletes what processes that ended in the middle of a save have left in a folder, and nothing else.
+    /// Deletes only the temporary files left in a folder by interrupted saves.
     virtual void DeleteLeftovers(const FilePath& folder) = 0;
-    /// @return the folders for temporary files, the best one first.
+    /// Returns the folders for temporary files, best first.
     virtual std::vector<FilePath> TemporaryFolders() = 0;
 };
 
-/// The operations in force: the system's own, or those that a test has put in their place.
+/// Returns the current operations: the system's own, or the replacement that a test has set.
 FileOperations& Files();
 
-/// While it lives, Files() is `replacement`.
+/// Makes Files() return `replacement` during its lifetime.
 class ScopedFileOperations {
 public:
     explicit ScopedFileOperations(FileOperations& replacement);
@@ -116,7 +115,7 @@ private:
     FileOperations* before;
 };
 
-/// The system's own operations; each surrounding supplies them.
+/// Returns the system's own operations.
 FileOperations& SystemFiles();
 
 } // namespace railwright

@@ -5,22 +5,22 @@
 
 namespace railwright {
 
-/// @return what parts the names of a path here: "/", on Windows a backslash. Where it is "/", a backslash is
-/// a letter of a name like any other.
+/// Returns the separator of names in a path: a backslash on Windows, "/" elsewhere. With "/", a backslash is
+/// an ordinary character of a name.
 char PathSeparator();
 
-/// The name of one entry of a folder. Whatever letters it has, it is never a path.
+/// The name of one folder entry. Never interpreted as a path, whatever characters it contains.
 class FileName {
 public:
     FileName() = default;
-    /// @param name as the system lists it, as UTF-8.
+    /// @param name the name as listed by the system, in UTF-8.
     explicit FileName(std::string name) : native(std::move(name)) {}
 
     const std::string& Native() const { return native; }
-    /// @return the name as it can stand in a line of output.
+    /// Returns the name for one line of output, with control characters replaced.
     std::string Shown() const;
 
-    // The checker takes the compiler's own comparison with zero for a null pointer.
+    // clang-tidy mistakes the comparison with zero that the compiler generates for a null pointer.
     // NOLINTNEXTLINE(modernize-use-nullptr)
     auto operator<=>(const FileName&) const = default;
 
@@ -28,32 +28,32 @@ private:
     std::string native;
 };
 
-/// A place on the disk. There is no way into it or out of it but those that say which form is meant.
+/// A path on the disk. Every conversion names the form it expects or returns.
 class FilePath {
 public:
     FilePath() = default;
-    /// A path as the user, another program or the system gave it.
+    /// Converts a path given by the user, another program or the system.
     static FilePath FromUser(std::string_view path);
-    /// A path in the form of Windows, as the registry holds it: a backslash parts names everywhere.
+    /// Converts a path with backslashes between its names, as in the registry.
     static FilePath FromWindowsForm(std::string_view path);
 
-    /// @return the path as the system's calls take it and the user knows it, as UTF-8.
+    /// Returns the path as the user and the system's calls use it, in UTF-8.
     const std::string& Native() const { return native; }
-    /// @return the path as it can stand in a line of output.
+    /// Returns the path for one line of output, with control characters replaced.
     std::string Shown() const;
-    /// @return the path with a backslash between its names.
+    /// Returns the path with a backslash between its names.
     std::string InWindowsForm() const;
 
     bool IsEmpty() const { return native.empty(); }
-    /// @return whether it can be a file's: it does not end in a separator, "." or "..".
+    /// Returns whether the path can name a file: it does not end in a separator, "." or "..".
     bool NamesFile() const;
-    /// @return what stands behind the last separator.
+    /// Returns the part after the last separator.
     FileName Name() const;
-    /// @return the folder that it lies in; empty if it has none. Separators at its end do not count.
+    /// Returns the parent folder; empty if there is none. Ignores trailing separators.
     FilePath Folder() const;
-    /// @return the path with a separator at its end.
+    /// Returns the path with a trailing separator.
     FilePath AsFolder() const;
-    /// @return the path with `ending` behind its name.
+    /// Returns the path with `ending` appended to its name.
     FilePath WithEnding(std::string_view ending) const;
     FilePath operator/(const FileName& name) const { return FilePath(*this) /= name; }
     FilePath& operator/=(const FileName& name);

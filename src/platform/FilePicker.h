@@ -10,41 +10,41 @@
 
 namespace railwright {
 
-/// A row in the list of file kinds.
+/// An entry in the list of file types.
 struct FileFilter {
     std::string Label;
-    /// Masks with ";" between them.
+    /// Masks separated by ";".
     std::string Masks;
 };
 
 enum class FilePurpose { Open, Save };
 
-/// What a file dialog is to show.
+/// The request to a file dialog.
 struct FileQuestion {
     WindowHandle Owner = NoWindow;
     FilePurpose Purpose = FilePurpose::Open;
     std::vector<FileFilter> Filters;
-    /// The filter to begin with, from 1.
+    /// Index of the initial filter, from 1.
     std::int32_t FilterIndex = 0;
-    /// The name in the field. Its folder, if it has one, is where the dialog begins.
+    /// The initial name. Its folder, if it has one, is the initial folder.
     FilePath Path;
-    /// Where the dialog begins otherwise; empty leaves it to the dialog.
+    /// The initial folder if Path has none. If empty, the dialog chooses the folder.
     FilePath Folder;
     std::string Title;
     /// OFN_ flags.
     std::int32_t Flags = 0;
-    /// Added to a name without one; without a dot.
+    /// The extension added to a name without one. Has no leading dot.
     std::string DefaultExtension;
 };
 
 struct PickedFile {
     FilePath Path;
-    /// The filter in use, from 1.
+    /// Index of the selected filter, from 1.
     std::int32_t FilterIndex = 0;
 };
 
-/// Lets the user pick one file, modally. Paths may have any length.
-/// @return nothing on Cancel.
+/// Lets the user pick one file, modally. Does not limit the length of paths.
+/// @return nothing on cancel.
 std::optional<PickedFile> PickFile(const FileQuestion& question);
 
 } // namespace railwright

@@ -9,7 +9,7 @@
 namespace railwright {
 namespace {
 
-/// The rest of an open file as the content of another.
+/// Returns the rest of an open file as content for another file.
 FileContent RestOf(OpenFile& from) {
     return [&from](OpenFile& to, std::error_code& error) {
         std::array<std::uint8_t, 0x8000> piece{};
@@ -23,14 +23,14 @@ FileContent RestOf(OpenFile& from) {
 
 constexpr std::string_view CopyStart = "railwright-copy-";
 
-/// @return how the name of a copy ends.
+/// Returns the end of a copy's name.
 std::string CopyEnd(const FileName& of) {
-    constexpr std::size_t longest = 150; // bytes, so that the whole name is short enough
+    constexpr std::size_t longest = 150; // bytes; keeps the whole name short enough
     const std::string& name = of.Native();
     return '-' + name.substr(name.size() - std::min(name.size(), longest));
 }
 
-/// A copy of the old content. It stays open, so that nobody takes it for an abandoned one.
+/// A copy of the old content. Stays open so that no process treats it as abandoned.
 struct Copy {
     FilePath Path;
     std::unique_ptr<OpenFile> File;
@@ -42,7 +42,7 @@ struct Copy {
     }
 };
 
-/// Copies a file to one of a new name in that folder, and flushes it.
+/// Copies a file into a folder under a new name, then flushes it.
 Copy CopyInto(const FilePath& folder, OpenFile& from, const FileName& name, std::error_code& error) {
     Copy copy;
     int number = 0;

@@ -6,20 +6,19 @@
 
 namespace railwright {
 
-/// Memory for a list, from the surrounding: a long list comes in large pages where there are such, which the
-/// system hands out several times as fast. Throws std::bad_alloc.
-/// @param size in bytes, the same for both.
+/// Allocates memory for a list. Uses large pages for a long list if the system has them, because they are
+/// allocated several times as fast. Throws std::bad_alloc.
+/// @param size in bytes. Pass the same size to FreeFromList.
 void* AllocateForList(std::size_t size);
 void FreeFromList(void* memory, std::size_t size) noexcept;
 
-/// The allocator of a List.
 template <class Item>
 struct ListAllocator {
     using value_type = Item;
 
     ListAllocator() = default;
     template <class Other>
-    ListAllocator(const ListAllocator<Other>&) {} // as every allocator converts, without a word
+    ListAllocator(const ListAllocator<Other>&) {} // implicit, as in every allocator
 
     Item* allocate(std::size_t count) {
         if (count > static_cast<std::size_t>(-1) / 2 / sizeof(Item))
@@ -31,7 +30,7 @@ struct ListAllocator {
     bool operator==(const ListAllocator&) const = default;
 };
 
-/// A list of the records of a document, or of what is worked out from them: they can be very long.
+/// A list of the records of a document, or of values computed from them. Can be very long.
 template <class Item>
 using List = std::vector<Item, ListAllocator<Item>>;
 

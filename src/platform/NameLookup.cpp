@@ -11,7 +11,7 @@ namespace {
 
 constexpr TextView Separators = "\\/";
 
-/// All that stands between the separators of a path.
+/// Splits a path at its separators, including empty pieces.
 std::vector<text> Pieces(const text& path) {
     std::vector<text> pieces;
     for (std::size_t start = 0; start <= path.size();) {
@@ -22,7 +22,7 @@ std::vector<text> Pieces(const text& path) {
     return pieces;
 }
 
-/// A name in lower case; one that the code page cannot hold is only equal to itself.
+/// Returns a name in lower case. A name that the code page cannot represent is returned unchanged.
 std::string Folded(const FileName& name) {
     const text characters = FromUtf8(name.Native(), SystemCodePage());
     const bool holds = ToUtf8(characters, SystemCodePage()) == name.Native();
@@ -88,7 +88,7 @@ FilePath NameLookup::Find(const FilePath& folder, const DocumentPath& path) {
             continue;
         }
         found = Find(found, name, isThere);
-        isThere = isThere || Files().Status(found).What != FileStatus::Kind::Missing; // made meanwhile
+        isThere = isThere || Files().Status(found).What != FileStatus::Kind::Missing; // created meanwhile
     }
     return found;
 }

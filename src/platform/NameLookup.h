@@ -11,18 +11,17 @@
 
 namespace railwright {
 
-/// A path that stands in a document, from some folder on: names in the code page, parted by backslashes or
-/// slashes.
+/// A relative path in a document: names in the code page, separated by backslashes or slashes.
 class DocumentPath {
 public:
     explicit DocumentPath(text path) : characters(std::move(path)) {}
 
     const text& Text() const { return characters; }
-    /// @return its names, without those that do not count.
+    /// Returns its names without empty ones and ".".
     std::vector<FileName> Names() const;
-    /// @return whether it cannot lead out of its folder: up, to another drive, or to no file at all.
+    /// Returns whether the path stays in its folder: it contains no "..", no drive and no NUL.
     bool StaysBelow() const;
-    /// @return where it leads from a folder on if every name is taken just as it is written.
+    /// Returns the path appended to a folder, with every name exactly as written.
     FilePath In(const FilePath& folder) const;
 
     bool operator==(const DocumentPath&) const = default;
@@ -31,25 +30,24 @@ private:
     text characters;
 };
 
-/// Finds on the disk what a document names, in any case of letters. Of names that differ in nothing else, the
-/// one written just so is taken, and otherwise the first in the order of their bytes, capitals before small
-/// letters.
+/// Finds the files and folders that a document names, ignoring case. An exact match takes precedence over
+/// names that differ only in case. Otherwise the first of them in byte order is used, so capitals come before
+/// small letters.
 ///
-/// It lists each folder once. A name that is missing gets the letters in which it was first asked for, so
-/// that it is found again once it is made. Below a missing folder, names are taken as they are written.
+/// Lists each folder once. For a missing name, the spelling of the first request is kept, so that later
+/// requests find the file once it is created. Names in a missing folder are used as written.
 class NameLookup {
 public:
     FilePath Find(const FilePath& folder, const FileName& name);
     FilePath Find(const FilePath& folder, const DocumentPath& path);
-    /// @return whether every folder that it had to look at could be listed. Where one could not, what is
-    /// there may not have been found.
+    /// Returns whether every folder searched could be listed. If not, existing files may not have been found.
     bool IsComplete() const { return isComplete; }
 
 private:
-    /// The names in a folder that are the same in lower case.
+    /// The names in a folder that are equal in lower case.
     struct Similar {
         std::set<FileName> Listed;
-        /// The first that was asked for while none was listed.
+        /// The spelling of the first request while no name is listed.
         std::optional<FileName> Asked;
     };
     using Spellings = std::map<std::string, Similar>;
@@ -57,7 +55,7 @@ private:
     Spellings& SpellingsIn(const FilePath& folder);
     FilePath Find(const FilePath& folder, const FileName& name, bool& isListed);
 
-    /// By their paths the names in each folder, by those in lower case.
+    /// Per folder, its names grouped by their lower-case form.
     std::map<FilePath, Spellings> folders;
     bool isComplete = true;
 };

@@ -4,7 +4,7 @@
 
 namespace railwright {
 
-/// @return the number separators that the user has chosen in the system. The C locale counts as "," and ".".
+/// Returns the number separators of the user's system settings. For the C locale, they are "," and ".".
 NumberSeparators UserNumberSeparators();
 
 } // namespace railwright

@@ -2,9 +2,9 @@
 
 namespace railwright {
 
-/// @return how many times as large as usual the user wants texts, beyond the resolution of the screen that
-/// the toolkit follows by itself: 1 to 2.25, but no more than a window of that size in usual pixels takes to
-/// fill the main screen.
+/// Returns the scale of texts that the user has chosen, from 1 to 2.25. Excludes the scale of the screen,
+/// which the toolkit applies itself. The scale is limited so that a window of this size, in unscaled pixels,
+/// still fits the main screen.
 double UserTextScale(int width, int height);
 
 } // namespace railwright

@@ -19,7 +19,7 @@ FileResult Failed(const char* what, const std::error_code& error, std::int64_t b
     return FileResult::Failure(std::string(what) + ": " + error.message(), byte);
 }
 
-/// What stands in the way of reading or replacing what has that status.
+/// Returns why a file with this status cannot be read or replaced.
 FileResult RequireFile(const FileStatus& status) {
     switch (status.What) {
     case Kind::Folder:
@@ -36,13 +36,13 @@ FileResult RequireFile(const FileStatus& status) {
     return {};
 }
 
-/// @return whether the folder takes no new file, or a new file could not have the rights of the old one.
+/// Returns whether the folder accepts no new file, or a new file could not get the rights of the old one.
 bool TakesNoNewFile(const std::error_code& error) {
     return error == std::errc::permission_denied || error == std::errc::operation_not_permitted ||
            error == std::errc::read_only_file_system;
 }
 
-/// @return whether a file cannot be replaced: another user's in a sticky folder, or a mount point.
+/// Returns whether a file cannot be replaced: another user's in a sticky folder, or a mount point.
 bool CannotBeReplaced(const std::error_code& error) {
     return error == std::errc::operation_not_permitted || error == std::errc::device_or_resource_busy;
 }
@@ -121,7 +121,7 @@ FileResult ReadWholeFile(const FilePath& path, std::vector<std::uint8_t>& bytes)
         bytes = {};
         return Failed("cannot be read", error, static_cast<std::int64_t>(done));
     }
-    bytes.resize(done); // shorter if another process has cut the file off meanwhile
+    bytes.resize(done); // shorter if another process truncated the file meanwhile
     return {};
 }
 
@@ -195,7 +195,7 @@ FileResult CreateFolders(const FilePath& path) {
         return above;
     std::error_code error;
     Files().CreateFolder(path, error);
-    // Another process may have made it in the meantime.
+    // Another process may have created it meanwhile.
     const bool isThere = !error || Files().Status(path).What == Kind::Folder;
     return isThere ? FileResult{} : Failed("cannot be created", error);
 }

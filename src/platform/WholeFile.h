@@ -14,23 +14,22 @@ namespace railwright {
 
 class OpenFile;
 
-/// Whether a file was read or written, and if not, why.
+/// The result of reading or writing a file.
 struct FileResult {
     static constexpr std::int64_t NoByte = -1;
 
     bool Done = true;
-    /// What went wrong, as one line without the file's name; empty when Done.
+    /// The error in one line, without the file's name; empty if Done.
     std::string Reason;
     /// Position in the file that the reason refers to, in bytes, or NoByte if it concerns the whole file.
     std::int64_t Byte = NoByte;
-    /// After a save that failed and lost the old file: the file that holds the new content.
+    /// The file that holds the new content after a failed save that lost the old file.
     FilePath KeptIn = {};
-    /// A file that holds old content: after a save that failed and could not put it back, or, after one that
-    /// succeeded, from an earlier save that was interrupted.
+    /// A file that holds old content. After a failed save, it is content that could not be restored. After a
+    /// successful one, it was left by an earlier, interrupted save.
     FilePath OldKeptIn = {};
 
     explicit operator bool() const { return Done; }
-    /// Returns the reason with its position, if it has one.
     std::string WithByte() const {
         return Byte == NoByte ? Reason : Reason + " at byte " + std::to_string(Byte);
     }
@@ -39,56 +38,57 @@ struct FileResult {
     }
 };
 
-/// @return whether a file of that name exists; folders, hidden files and system files count as absent.
+/// Returns whether the file exists. Folders, hidden files and system files count as missing.
 bool FileExists(const FilePath& path);
 
-/// @return whether there is a file of that name to be read, or what stands in the way. A file that the user
-/// does not see counts as missing.
+/// Checks that a file exists and is neither a folder nor a device. Hidden files count as missing.
 FileResult FindFile(const FilePath& path);
 
-/// @return the file's length in bytes, 0 if there is no such file.
+/// Returns the file's length in bytes; 0 if the file is missing.
 std::int64_t FileLength(const FilePath& path);
 
-/// A file that is read from its first byte on.
+/// A file opened at its first byte.
 struct FileToRead {
     std::unique_ptr<OpenFile> File;
     /// Bytes.
     std::int64_t Length = 0;
 };
 
-/// Opens a file to be read. One of 2 GiB or more is refused.
+/// Opens a file to read. Refuses files of 2 GiB or more.
 FileResult OpenWholeFile(const FilePath& path, FileToRead& opened);
 
-/// Reads a whole file. One of 2 GiB or more is refused. On failure `bytes` is empty.
+/// Reads a whole file. Refuses files of 2 GiB or more. On failure `bytes` is empty.
 FileResult ReadWholeFile(const FilePath& path, std::vector<std::uint8_t>& bytes);
 
-/// Writes all bytes to a file, however many a single call takes.
+/// Writes all bytes, with as many system calls as needed.
 void WriteAll(OpenFile& file, std::span<const std::uint8_t> bytes, std::error_code& error);
 
-/// Writes what a file is to hold into it, the same each time it is called. It does not throw, and leaves the
-/// first failure in `error`.
+/// Writes the content of a file, the same on every call. Does not throw. Stores the first failure in `error`.
 using FileContent = std::function<void(OpenFile& file, std::error_code& error)>;
 
-/// Brings the content into a file, from the place on that it stands at, and to the disk.
+/// Writes the content at the current position, truncates the file after it, then flushes it.
 void Fill(OpenFile& file, const FileContent& content, std::error_code& error);
 
-/// What becomes of files in the same folder that saves have left which ended in the middle. To find them
-/// takes a look at all names there.
+/// The treatment of files left in the folder by interrupted saves. Deleting them lists the whole folder.
 enum class Leftovers { Delete, Keep };
 
-/// Writes a whole file. The content is written to a temporary file in the same folder and flushed; the file
-/// is then renamed over the old one, and the folder is flushed. Follows symbolic links; keeps the owner, the
-/// rights and the attributes of the old file. The old file is overwritten in place if the folder takes no new
-/// file, if a new one could not have its rights, or if it cannot be replaced. On failure the old file is as
-/// it was and no temporary file remains, with two exceptions: KeptIn and OldKeptIn name the content if a file
-/// system lost the old file, and a folder that cannot be flushed already has the new file.
-/// @param model for a new file, one whose rights it may not exceed; empty for the usual rights.
+/// Writes a whole file. Follows symbolic links. Keeps the owner, the rights and the attributes of the old
+/// file.
+///
+/// The content is written to a temporary file in the same folder and flushed. That file is then renamed over
+/// the old one, and the folder is flushed. The old file is overwritten in place if the folder accepts no new
+/// file, if a new file could not get its rights, or if it cannot be replaced.
+///
+/// On failure the old file is unchanged and no temporary file remains. There are two exceptions. If the file
+/// system lost the old file or its content, KeptIn or OldKeptIn names a file that holds it. If only flushing
+/// the folder failed, the new file is already in place.
+/// @param model for a new file, the file whose rights it may not exceed; empty for the default rights.
 FileResult WriteWholeFile(const FilePath& path, const FileContent& content,
                           Leftovers leftovers = Leftovers::Delete, const FilePath& model = {});
 FileResult WriteWholeFile(const FilePath& path, std::span<const std::uint8_t> bytes,
                           Leftovers leftovers = Leftovers::Delete, const FilePath& model = {});
 
-/// Makes a folder and those above it that are missing.
+/// Creates a folder and its missing parents.
 FileResult CreateFolders(const FilePath& path);
 
 } // namespace railwright

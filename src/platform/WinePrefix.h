@@ -6,21 +6,21 @@
 #include <string>
 #include <string_view>
 
-/// Off Windows the simulator runs under Wine. These functions read the user's Wine prefix, the folder named
-/// by the environment variable WINEPREFIX, or else ~/.wine. They change nothing.
+/// Functions for the simulator, which runs under Wine off Windows. They read the user's Wine prefix: the
+/// folder in the environment variable WINEPREFIX, or ~/.wine. They change nothing.
 namespace railwright {
 
-/// Reads a text value of the user's part of Wine's registry.
-/// @param key, value ASCII in lower case, found in any case of letters; the key below HKEY_CURRENT_USER.
-/// @return UTF-8; nothing on Windows, and if there is no prefix or no such value.
+/// Reads a text value from HKEY_CURRENT_USER in Wine's registry.
+/// @param key, value ASCII in lower case; matched in any case.
+/// @return UTF-8; nothing if the prefix or the value is missing, and always nothing on Windows.
 std::optional<std::string> ReadWineRegistry(std::string_view key, std::string_view value);
 
-/// Finds the place that a path of Windows means here. Drive letters lead through the drives of the prefix; Z:
-/// is the whole file system in every case. Names are found in any case of letters. A path on an unknown drive
-/// stays as it is, as does every path on Windows.
+/// Converts a Windows path to a path on this system. Maps drive letters through the drives of the prefix; Z:
+/// is always the whole file system. Matches names in any case. Returns paths on an unknown drive unchanged,
+/// as well as every path on Windows.
 FilePath FromWindowsPath(std::string_view path);
 
-/// @return a path as programs of Windows take it: here from the drive Z: on if it is absolute.
+/// Converts a path for Windows programs. Off Windows, absolute paths get the drive Z:.
 std::string ForWindowsPrograms(const FilePath& path);
 
 } // namespace railwright
