@@ -19,10 +19,11 @@ namespace {
 using Value = std::vector<char>;
 
 constexpr const char* AccessList = "system.posix_acl_access";
-/// These tell of the old content.
+/// Attributes that describe the old content.
 constexpr std::string_view NotKept[] = {"security.capability", "security.evm", "security.ima"};
 
-/// Asks for something whose size is asked for first. @return nothing if there is none.
+/// Makes a system call that must first be asked for the size of its result. @return nothing if the result
+/// does not exist.
 template <class Call>
 std::optional<Value> Sized(Call call, std::error_code& error) {
     Value value;
@@ -35,7 +36,7 @@ std::optional<Value> Sized(Call call, std::error_code& error) {
             if (read >= 0)
                 return value;
         }
-        if (errno == ERANGE) // it has grown in between
+        if (errno == ERANGE) // the value grew meanwhile
             continue;
         if (errno != ENODATA && errno != ENOTSUP)
             error = LastError();
@@ -43,7 +44,8 @@ std::optional<Value> Sized(Call call, std::error_code& error) {
     }
 }
 
-/// The owner first, because a change of owner takes some rights away. @return whether he is kept.
+/// Changes the owner before the mode, because a change of owner clears some rights. @return whether the owner
+/// is kept.
 bool TakeOverOwner(const struct stat& from, int to, std::error_code& error) {
     struct stat found {};
     if (fstat(to, &found) != 0)
@@ -52,17 +54,17 @@ bool TakeOverOwner(const struct stat& from, int to, std::error_code& error) {
         fchown(to, from.st_uid, from.st_gid) == 0)
         return true;
     constexpr uid_t unchanged = static_cast<uid_t>(-1);
-    // An owner or group that a container does not know is an invalid argument there.
+    // In a container, an unknown owner or group is reported as an invalid argument.
     if (found.st_gid != from.st_gid && fchown(to, unchanged, from.st_gid) != 0)
         error = errno == EINVAL ? std::make_error_code(std::errc::operation_not_permitted) : LastError();
-    // Who was the owner is now one of the others: he must not gain by it.
+    // The old owner becomes one of the others and must not gain rights.
     const mode_t owners = from.st_mode >> 6U, others = from.st_mode >> 3U | from.st_mode;
     if (!error && (others & ~owners & 7U) != 0)
         error = std::make_error_code(std::errc::operation_not_permitted);
     return found.st_uid == from.st_uid;
 }
 
-/// A new file may also have got a list from its folder.
+/// Copies the access list, or removes one inherited from the folder.
 void TakeOverAccessList(const std::string& from, int to, std::error_code& error) {
     const auto list = Sized(
         [&](char* into, std::size_t size) { return getxattr(from.c_str(), AccessList, into, size); }, error);
@@ -74,7 +76,8 @@ void TakeOverAccessList(const std::string& from, int to, std::error_code& error)
         error = LastError();
 }
 
-/// What the user may not read or write is left out; what may be another kind of access list must be kept.
+/// Copies one extended attribute. Skips it if the user may not read or write it. A "system." attribute may be
+/// another kind of access list, so it must not be skipped.
 void TakeOverAttribute(const std::string& from, const char* name, int to, std::error_code& error) {
     std::error_code failed;
     const auto value =

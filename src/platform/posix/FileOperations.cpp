@@ -19,7 +19,7 @@
 namespace railwright {
 namespace {
 
-/// A named pipe would keep the program waiting for who is at its other end.
+/// Prevents blocking when a named pipe is opened.
 constexpr int AtOnce = O_NONBLOCK | O_NOCTTY;
 
 FileStatus StatusOf(const FilePath& path) {
@@ -45,8 +45,8 @@ FileStatus StatusOf(const FilePath& path) {
 
 class PosixFiles final : public FileOperations {
 public:
-    /// Beyond a limit on the size of files a write is to fail; the signal would end the process. A handler,
-    /// unlike an ignored signal, is not passed on to programs that are started.
+    /// A write beyond the file size limit must fail instead of ending the process by SIGXFSZ. A handler is
+    /// not inherited by started programs; an ignored signal would be.
     PosixFiles() {
         (void)std::signal(SIGXFSZ, [](int) {});
     }
@@ -59,7 +59,7 @@ public:
             std::array<char, PATH_MAX> target{};
             const auto length = readlink(native.c_str(), target.data(), target.size());
             if (length < 0) {
-                if (errno != EINVAL && errno != ENOENT && errno != ENOTDIR) // it is no link, or not there
+                if (errno != EINVAL && errno != ENOENT && errno != ENOTDIR) // not a link, or missing
                     error = LastError();
                 return FilePath::FromUser(native);
             }
@@ -107,7 +107,7 @@ public:
             }, named{};
             if (!error)
                 Check(fstat(file->Descriptor(), &held) != 0 ? -1 : stat(native.c_str(), &named), error);
-            // While it waited another file may have taken the name.
+            // Another file may have taken the name while this one waited for the lock.
             if (!error && held.st_ino == named.st_ino && held.st_dev == named.st_dev) {
                 file->HoldSignals();
                 return file;
@@ -141,7 +141,7 @@ public:
         std::error_code failed;
         if (const auto opened = OpenNative(native, O_RDONLY | O_DIRECTORY, 0, failed))
             opened->Flush(failed);
-        // Not every file system can do it, and some folders may only be written.
+        // Some file systems do not support this, and some folders are write-only.
         if (failed != std::errc::invalid_argument && failed != std::errc::not_supported &&
             failed != std::errc::permission_denied)
             error = failed ? failed : error;
@@ -151,7 +151,7 @@ public:
         DeleteLeftoversIn(folder.IsEmpty() ? "" : folder.AsFolder().Native());
     }
 
-    /// What lies in /var/tmp outlives a start of the system.
+    /// Files in /var/tmp survive a restart of the system.
     std::vector<FilePath> TemporaryFolders() override {
         std::vector<FilePath> folders = {FilePath::FromUser("/var/tmp"), FilePath::FromUser("/tmp")};
         if (const char* const own = std::getenv("TMPDIR"); own != nullptr && *own == '/')

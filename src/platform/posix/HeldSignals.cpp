@@ -6,7 +6,7 @@
 namespace railwright {
 namespace {
 
-/// A bit for each signal that came.
+/// One bit per pending signal.
 std::atomic<std::uint64_t> came = 0;
 static_assert(decltype(came)::is_always_lock_free);
 
@@ -20,7 +20,7 @@ void Note(int signal) {
 
 } // namespace
 
-// A mask would hold them from one thread only, and the window has several.
+// A signal mask would affect only one thread, and the window has several.
 HeldSignals::HeldSignals() {
     struct sigaction note {};
     note.sa_handler = Note;

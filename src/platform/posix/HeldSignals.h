@@ -5,8 +5,7 @@
 
 namespace railwright {
 
-/// While it lives, the signals by which users and the system ask the process to end are held back. They are
-/// delivered afterwards.
+/// Holds back the signals that ask the process to end. They are delivered on destruction.
 class HeldSignals {
 public:
     HeldSignals();

@@ -8,7 +8,7 @@ namespace {
 constexpr auto LargePage = std::size_t{2} * 1024 * 1024;
 constexpr auto Alignment = std::align_val_t{LargePage};
 
-/// From half a page on, one whole page costs less than the small ones do.
+/// From half a large page on, one large page is cheaper than many small ones.
 bool IsLong(std::size_t size) {
     return size >= LargePage / 2;
 }
@@ -20,7 +20,7 @@ void* AllocateForList(std::size_t size) {
         return ::operator new(size);
     const std::size_t pages = (size + LargePage - 1) / LargePage * LargePage;
     void* const memory = ::operator new(pages, Alignment);
-    madvise(memory, pages, MADV_HUGEPAGE); // a system without them goes on with small ones
+    madvise(memory, pages, MADV_HUGEPAGE); // if unsupported, small pages are used
     return memory;
 }
 

@@ -20,13 +20,13 @@ namespace {
 constexpr std::string_view Start = ".railwright-";
 constexpr std::string_view End = ".tmp";
 
-/// The numbered names that a new file of this process may have meanwhile.
+/// Returns a temporary name of a new file of this process.
 std::string TemporaryName(const std::string& folder, int number) {
     return folder + std::string(Start) + std::to_string(getpid()) + '-' + std::to_string(number) +
            std::string(End);
 }
 
-/// Whether it is such a name, of any process.
+/// Returns whether this is the temporary name of a file of any process.
 bool IsTemporaryName(std::string_view name) {
     if (!name.starts_with(Start) || !name.ends_with(End) || name.size() < Start.size() + End.size())
         return false;
@@ -35,12 +35,11 @@ bool IsTemporaryName(std::string_view name) {
            numbers.find_first_not_of("0123456789-") == std::string_view::npos;
 }
 
-/// The name that the system has for what is open, whether it has another or not.
+/// Returns the /proc path of an open file, which exists even for a nameless file.
 std::string OpenName(const PosixFile& file) {
     return "/proc/self/fd/" + std::to_string(file.Descriptor());
 }
 
-/// @return the mode of a new file that gives nobody more rights than `model` does.
 mode_t ModeLike(const std::string& model) {
     struct stat found {};
     if (model.empty() || stat(model.c_str(), &found) != 0)
@@ -50,7 +49,7 @@ mode_t ModeLike(const std::string& model) {
     return (found.st_mode & 0600U) | group | others;
 }
 
-/// @return whether names in the folder can be added but neither changed nor removed.
+/// Returns whether names in the folder can be added but not changed or removed.
 bool IsAppendOnly(const std::string& folder) {
     struct statx found {};
     return statx(AT_FDCWD, folder.c_str(), 0, STATX_TYPE, &found) == 0 &&
@@ -61,11 +60,11 @@ class PosixNewFile final : public NewFile {
 public:
     PosixNewFile(std::string native, const std::string& model, std::error_code& error)
         : target(std::move(native)), folder(target.substr(0, target.rfind('/') + 1)) {
-        if (IsAppendOnly(folder.empty() ? "." : folder)) { // a temporary name would stay
+        if (IsAppendOnly(folder.empty() ? "." : folder)) { // the temporary name could not be removed
             error = std::make_error_code(std::errc::operation_not_permitted);
             return;
         }
-        // What replaces a file gets its rights from that one.
+        // The mode of a replaced file is copied later.
         const bool replaces = model == target;
         const mode_t mode = replaces ? S_IRUSR | S_IWUSR : ModeLike(model);
         if (!OpenNameless(mode))
@@ -83,7 +82,7 @@ public:
     OpenFile& Content() override { return *file; }
 
     void TakePlace(std::error_code& error) override {
-        // A link takes nobody's place.
+        // linkat never replaces a file, so the file is linked to a temporary name and then renamed.
         for (int number = 0; temporary.empty(); ++number) {
             std::error_code failed;
             Link(TemporaryName(folder, number), failed);
@@ -109,7 +108,7 @@ public:
 
 private:
     bool OpenNameless(mode_t mode) {
-        std::error_code ignored; // not every file system can do it
+        std::error_code ignored; // not supported by every file system
         file = OpenNative(folder.empty() ? "." : folder, O_TMPFILE | O_WRONLY, mode, ignored);
         if (!file || access(OpenName(*file).c_str(), F_OK) != 0)
             return false;
@@ -129,7 +128,7 @@ private:
                 return;
             temporary = name;
             struct stat found {};
-            // Before the lock another process may have taken it for a leftover.
+            // Before the lock, another process may have deleted it as a leftover.
             if ((LockAtOnce(file->Descriptor(), Lock::Exclusive) || errno != EWOULDBLOCK) &&
                 fstat(file->Descriptor(), &found) == 0 && found.st_nlink > 0)
                 return;
@@ -147,7 +146,7 @@ private:
     std::string target;
     std::string folder;
     std::unique_ptr<PosixFile> file;
-    /// Empty if it has no name, or the one that it is to have.
+    /// Empty while the file is nameless, and once it has its final name.
     std::string temporary;
 };
 

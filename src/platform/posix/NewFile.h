@@ -4,13 +4,13 @@
 
 namespace railwright {
 
-/// Makes a new file beside `native`, whose name it is to take. Without a name where the file system can do
-/// so, otherwise under one that begins with a dot; the file is locked as long as it may have that.
-/// @param model native path of the file whose rights it takes; empty for the usual rights.
+/// Creates a new file in the folder of `native`, to be renamed to `native` later. It is nameless if the file
+/// system supports that. Otherwise its name begins with a dot, and the file is locked while it has that name.
+/// @param model native path of the file whose rights the new file gets; empty for the default rights.
 std::unique_ptr<NewFile> OpenNewNative(const std::string& native, const std::string& model,
                                        std::error_code& error);
 
-/// Deletes the files in a folder that have such a name and that no living process has locked.
+/// Deletes the files in a folder that have such a temporary name, unless a living process has locked them.
 void DeleteLeftoversIn(const std::string& nativeFolder);
 
 } // namespace railwright

@@ -10,7 +10,7 @@
 namespace railwright {
 namespace {
 
-/// Runs a call again for as long as a signal interrupts it. @return its result, 0 on failure.
+/// Repeats a call while signals interrupt it. @return its result; 0 on failure.
 template <class Call>
 std::int64_t Checked(Call call, std::error_code& error) {
     std::int64_t result = call();
@@ -66,7 +66,7 @@ std::vector<std::string> NamesIn(const std::string& native, std::error_code& err
     const std::unique_ptr<DIR, Closer> folder(opendir(native.c_str()));
     std::vector<std::string> names;
     if (folder)
-        errno = 0; // the end is no failure
+        errno = 0; // reaching the end is no error
     while (const dirent* entry = folder ? readdir(folder.get()) : nullptr) {
         const std::string name = static_cast<const char*>(entry->d_name);
         if (name != "." && name != "..")

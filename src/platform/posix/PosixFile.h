@@ -8,10 +8,10 @@
 
 namespace railwright {
 
-/// @return the last failure of a system call on this thread.
+/// Returns the error of the last failed system call on this thread.
 std::error_code LastError();
 
-/// An open file by its descriptor.
+/// An open file descriptor.
 class PosixFile final : public OpenFile {
 public:
     explicit PosixFile(int opened) : descriptor(opened) {}
@@ -20,7 +20,7 @@ public:
     ~PosixFile() override;
 
     int Descriptor() const { return descriptor; }
-    /// Holds the signals that end the process until the file is closed.
+    /// Holds back termination signals until the file is closed.
     void HoldSignals() { held = std::make_unique<HeldSignals>(); }
 
     std::size_t Read(std::span<std::uint8_t> into, std::error_code& error) override;
@@ -35,11 +35,12 @@ private:
     std::unique_ptr<HeldSignals> held;
 };
 
-/// @return the names in a folder, given in native form, in no order.
+/// Returns the names in a folder, unordered.
+/// @param native the native path of the folder.
 std::vector<std::string> NamesIn(const std::string& native, std::error_code& error);
 
-/// Opens a file as the system's call of that name does.
-/// @param native the path in native form.
+/// Opens a file; see open(2).
+/// @param native the native path.
 /// @return null on failure.
 std::unique_ptr<PosixFile> OpenNative(const std::string& native, int flags, unsigned mode,
                                       std::error_code& error);

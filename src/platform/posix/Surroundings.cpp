@@ -15,8 +15,8 @@
 namespace railwright {
 namespace {
 
-/// A separator as UTF-8. Of the blanks that locales use, only the plain no-break space is in every code page
-/// and font.
+/// Returns a separator as UTF-8. Replaces narrow spaces by the no-break space, the only one in every code
+/// page and font.
 std::string Separator(nl_item item, locale_t locale) {
     const std::string own = nl_langinfo_l(item, locale);
     const bool isUtf8 = std::string_view(nl_langinfo_l(CODESET, locale)) == "UTF-8";
@@ -36,11 +36,11 @@ NumberSeparators UserNumberSeparators() {
         return {};
     const NumberSeparators user = {Separator(THOUSEP, locale), Separator(RADIXCHAR, locale)};
     freelocale(locale);
-    // The C locale has a point and no separator of thousands.
+    // The C locale has no thousands separator.
     return user.Group.empty() && user.Decimal == "." ? NumberSeparators{} : user;
 }
 
-// Desktops set the resolution of texts, which the toolkit follows.
+// Desktops set the text resolution, which the toolkit follows.
 double UserTextScale(int, int) {
     return 1;
 }
@@ -50,7 +50,7 @@ char PathSeparator() {
 }
 
 std::vector<std::string> StartCommandLine(int count, char** arguments) {
-    (void)std::signal(SIGPIPE, SIG_IGN); // then a write tells that nobody reads any more
+    (void)std::signal(SIGPIPE, SIG_IGN); // so that writing to a closed pipe returns an error
     return {arguments + std::min(1, count), arguments + count};
 }
 

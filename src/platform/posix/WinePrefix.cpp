@@ -13,7 +13,7 @@
 namespace railwright {
 namespace {
 
-/// @return the folder of the prefix, which may be missing; empty if the user has no folder.
+/// Returns the folder of the prefix, which may be missing; empty if neither WINEPREFIX nor HOME is set.
 FilePath Prefix() {
     const char* const named = std::getenv("WINEPREFIX");
     if (named != nullptr && *named != '\0')
@@ -27,10 +27,10 @@ int HexDigit(char digit) {
     return value == std::string_view::npos ? -1 : static_cast<int>(value);
 }
 
-/// Reads a text up to `end`, in which a backslash escapes: "\x" and up to four digits are a character, any
-/// other letter is itself.
-/// @param line loses what is read and `end`.
-/// @return nothing if `end` does not come.
+/// Reads a text up to `end` and decodes its escapes. "\x" with up to four digits is a character; any other
+/// escaped letter is itself.
+/// @param line loses the text and `end`.
+/// @return nothing if `end` is missing.
 std::optional<std::string> TakeEscaped(std::string_view& line, char end) {
     std::string taken;
     while (!line.empty() && line.front() != end) {
@@ -55,7 +55,7 @@ std::optional<std::string> TakeEscaped(std::string_view& line, char end) {
     return taken;
 }
 
-/// @return the text that a line gives to a value, if it is a line of that value.
+/// Returns the text assigned in a line, if the line assigns this value.
 std::optional<std::string> TextOfLine(std::string_view line, std::string_view value) {
     if (!line.starts_with('"'))
         return std::nullopt;
@@ -95,7 +95,7 @@ std::optional<std::string> ReadWineRegistry(std::string_view key, std::string_vi
 FilePath FromWindowsPath(std::string_view path) {
     if (path.size() < 2 || path[1] != ':')
         return FilePath::FromWindowsForm(path);
-    // The drives have small letters.
+    // Wine names its drives in lower case.
     const std::string drive = BytesOf(LowerCase(TextOf(path.substr(0, 2)), SystemCodePage()));
     FilePath root = Prefix() / FileName("dosdevices") / FileName(drive);
     if (Prefix().IsEmpty() || Files().Status(root).What != FileStatus::Kind::Folder) {
