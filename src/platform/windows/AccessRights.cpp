@@ -12,10 +12,10 @@
 namespace railwright {
 namespace {
 
-/// The list of who may do what with a file, bit for bit.
+/// The access control list (DACL) of a file.
 class AccessList {
 public:
-    /// @param code what the system says of the attempt to read it.
+    /// @param code receives the error code of reading the list.
     AccessList(const std::wstring& path, DWORD& code) {
         PSECURITY_DESCRIPTOR read = nullptr;
         code = GetNamedSecurityInfoW(path.c_str(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr,
@@ -32,7 +32,7 @@ public:
         return list->AclSize == other.list->AclSize && std::memcmp(list, other.list, list->AclSize) == 0;
     }
 
-    /// Entries taken over from a folder stay marked as such, so that they go on following it.
+    /// Marks inherited entries as such, so that they keep following the folder.
     DWORD Give(const std::wstring& path) const {
         constexpr SECURITY_DESCRIPTOR_CONTROL follows = SE_DACL_AUTO_INHERIT_REQ | SE_DACL_AUTO_INHERITED;
         if ((control & SE_DACL_AUTO_INHERITED) != 0)
@@ -49,7 +49,7 @@ private:
         void operator()(void* memory) const { LocalFree(memory); }
     };
     std::unique_ptr<void, Free> descriptor;
-    ACL* list = nullptr; // a piece of the descriptor
+    ACL* list = nullptr; // part of the descriptor
     SECURITY_DESCRIPTOR_CONTROL control = 0;
 };
 

@@ -5,9 +5,9 @@
 
 namespace railwright {
 
-/// Gives a file the access rights of another, where its own are not the same already. On a file system
-/// without rights nothing happens.
-/// @param from, to paths as the system's calls take them.
+/// Copies the access rights of one file to another, unless they are equal already. Does nothing on a file
+/// system without rights.
+/// @param from, to native paths.
 void CopyAccessRights(const std::wstring& from, const std::wstring& to, std::error_code& error);
 
 } // namespace railwright

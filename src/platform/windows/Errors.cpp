@@ -10,7 +10,7 @@
 namespace railwright {
 namespace {
 
-/// What the callers tell apart; all other codes compare with nothing.
+/// A system error code that the callers distinguish. All other codes match no std::errc.
 struct Condition {
     DWORD Code;
     std::errc Means;

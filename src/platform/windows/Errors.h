@@ -4,8 +4,8 @@
 
 namespace railwright {
 
-/// @return the last failure of a system call on this thread. It compares with the conditions of std::errc,
-/// and its message is the system's own text in the user's language.
+/// Returns the error of the last failed system call on this thread. It is comparable with std::errc. Its
+/// message is the system's, in the user's language.
 std::error_code LastError();
 
 } // namespace railwright

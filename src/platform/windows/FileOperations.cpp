@@ -14,13 +14,13 @@
 namespace railwright {
 namespace {
 
-constexpr DWORD LongestCall = 1U << 30U; // a single call takes a 32-bit length
+constexpr DWORD LongestCall = 1U << 30U; // the length parameter has 32 bits
 
-/// Virus scanners, and folders that are kept in step with others, hold a file open for a moment. Runs a call
-/// until it succeeds, fails for another reason, or has been waited for some ten times, a second in all.
+/// Repeats a call while another program holds the file, ten times within a second. Virus scanners and
+/// synchronized folders hold files open briefly.
 template <class Call>
 BOOL Patiently(Call call, bool deniedMayPass = false) {
-    constexpr DWORD longestWait = 180; // milliseconds, reached in ten steps
+    constexpr DWORD longestWait = 180; // milliseconds
     for (DWORD wait = longestWait / 10;; wait += longestWait / 10) {
         if (call())
             return TRUE;
@@ -38,7 +38,7 @@ void Check(BOOL done, std::error_code& error) {
         error = LastError();
 }
 
-/// Whether a name that the system fails at in that way is nobody's.
+/// Returns whether the error means that the file does not exist.
 bool MeansMissing(const std::error_code& error) {
     constexpr std::array codes = {ERROR_FILE_NOT_FOUND, ERROR_PATH_NOT_FOUND, ERROR_INVALID_NAME,
                                   ERROR_BAD_PATHNAME,   ERROR_DIRECTORY,      ERROR_FILENAME_EXCED_RANGE};
@@ -105,11 +105,11 @@ DWORD AttributesOf(const FilePath& path) {
     return attributes == INVALID_FILE_ATTRIBUTES ? 0 : attributes;
 }
 
-/// Gives a new file the attributes and the date of creation of the one whose place it takes; one that takes
-/// nobody's place is no longer hidden.
+/// Copies the attributes and the creation date of the replaced file to the new one. Unhides the new file if
+/// it replaces none.
 void TakeOverProperties(const FilePath& from, const FilePath& to, std::error_code& error) {
     constexpr DWORD kept = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
-    FILE_BASIC_INFO properties{}; // a time of 0 stays as it is
+    FILE_BASIC_INFO properties{}; // a time of 0 keeps the current one
     properties.FileAttributes = FILE_ATTRIBUTE_ARCHIVE;
     WIN32_FILE_ATTRIBUTE_DATA old{};
     if (GetFileAttributesExW(NativePath(to).c_str(), GetFileExInfoStandard, &old) != FALSE) {
@@ -125,8 +125,7 @@ void TakeOverProperties(const FilePath& from, const FilePath& to, std::error_cod
               error);
 }
 
-/// A rename is one step of the file system and is on the disk when it returns. Over a file that somebody has
-/// open it is denied.
+/// Renames a file in one step and flushes the rename to the disk. Fails if the replaced file is open.
 void Rename(const FilePath& from, const FilePath& to, DWORD how, std::error_code& error) {
     const std::wstring source = NativePath(from);
     const std::wstring target = NativePath(to);
@@ -136,7 +135,7 @@ void Rename(const FilePath& from, const FilePath& to, DWORD how, std::error_code
           error);
 }
 
-/// Whether a name stands for another place; a file that is only kept in the network does not.
+/// Returns whether a path is a link. Placeholders of files stored online are not links.
 bool LeadsElsewhere(const FilePath& path) {
     WIN32_FIND_DATAW found{};
     HANDLE search = FindFirstFileW(NativePath(path).c_str(), &found);
@@ -162,13 +161,13 @@ FilePath TemporaryNameBeside(const FilePath& path) {
     }
 }
 
-/// Nobody else opens it until it is closed, so its rights are in time. It stays hidden until it takes its
-/// name.
+/// A new file that no other process can open until it is closed, so copying its rights after creation is
+/// safe. Hidden until it gets its final name.
 class WindowsNewFile final : public NewFile {
 public:
     WindowsNewFile(const FilePath& path, const FilePath& model, std::error_code& error)
         : target(path), temporary(TemporaryNameBeside(path)) {
-        const bool replaces = model == path; // rights otherwise come from the folder
+        const bool replaces = model == path; // otherwise the rights come from the folder
         DWORD attributes = FILE_ATTRIBUTE_HIDDEN;
         if (replaces && (AttributesOf(target) & FILE_ATTRIBUTE_ENCRYPTED) != 0)
             attributes |= FILE_ATTRIBUTE_ENCRYPTED;
@@ -310,7 +309,7 @@ public:
     void FlushFolder(const FilePath&, std::error_code&) override {
     } // the file system keeps a log of its names
 
-    /// What lies there is hidden, and whether another process writes it cannot be told for sure.
+    /// The leftovers are hidden, and another process may still be writing them.
     void DeleteLeftovers(const FilePath&) override {}
 
     std::vector<FilePath> TemporaryFolders() override {

@@ -11,11 +11,10 @@
 namespace railwright {
 namespace {
 
-/// As many characters as a path can have.
+/// The maximum length of a path in characters.
 constexpr std::size_t PathBuffer = 32768;
 
-/// A dialog takes the process to the folder in which it was left, where relative names would mean other
-/// files.
+/// Restores the current folder, which a dialog changes. Relative names would otherwise refer to other files.
 class KeptFolder {
 public:
     KeptFolder() : folder(GetCurrentDirectoryW(0, nullptr), 0) {
@@ -29,7 +28,7 @@ private:
     std::wstring folder;
 };
 
-/// Labels and masks by turns, each ended by a NUL; the string's own end is the last one.
+/// Joins labels and masks, each ended by a NUL. The terminator of the string is the final NUL.
 std::wstring SystemFilter(const std::vector<FileFilter>& filters) {
     std::wstring pieces;
     for (const auto& [label, masks] : filters)
@@ -63,7 +62,7 @@ std::optional<PickedFile> PickFile(const FileQuestion& question) {
     const auto show = question.Purpose == FilePurpose::Open ? ::GetOpenFileNameW : ::GetSaveFileNameW;
     bool picked = show(&dialog) != FALSE;
     if (!picked && CommDlgExtendedError() == FNERR_INVALIDFILENAME) {
-        // It does not come up with such a name in its field.
+        // The dialog does not open with this invalid name in its field.
         folder = ToWide(question.Path.Folder().Native());
         if (!folder.empty())
             dialog.lpstrInitialDir = folder.c_str();

@@ -19,8 +19,8 @@
 namespace railwright {
 namespace {
 
-/// The system's own code page, or Windows-1252 where that takes more than one byte for some character or two
-/// of its bytes mean the same.
+/// Returns the system's code page. Returns Windows-1252 if that uses several bytes for a character, or maps
+/// two bytes to the same character.
 CodePage MakeSystemCodePage() {
     CPINFO info{};
     if (GetCPInfo(CP_ACP, &info) == FALSE || info.MaxCharSize != 1)
@@ -48,7 +48,7 @@ std::string Setting(LCTYPE which) {
     return length > 0 ? FromWide({value.data(), static_cast<std::size_t>(length - 1)}) : "";
 }
 
-/// @return the files that a name with "*" or "?" in it stands for, in the order of their names.
+/// Returns the files that match a pattern with "*" or "?", sorted by name.
 std::vector<std::string> FilesThatFit(const std::wstring& pattern) {
     std::vector<std::string> files;
     WIN32_FIND_DATAW found{};
@@ -95,7 +95,7 @@ char PathSeparator() {
     return '\\';
 }
 
-// Large pages take a right here that users do not have.
+// Large pages need a privilege that users lack.
 void* AllocateForList(std::size_t size) {
     return ::operator new(size);
 }
@@ -123,7 +123,7 @@ std::vector<std::string> StartCommandLine(int, char**) {
 }
 
 bool ErrorsGoToTerminal() {
-    DWORD mode = 0; // only a console has one
+    DWORD mode = 0; // only a console has a mode
     return GetConsoleMode(GetStdHandle(STD_ERROR_HANDLE), &mode) != FALSE;
 }
 

@@ -5,13 +5,13 @@
 namespace railwright {
 namespace {
 
-/// A folder must leave room for a name of eight characters with an extension of three in it.
+/// A folder's path must leave room for a name with eight characters and an extension of three.
 constexpr std::size_t LongestPlainPath = MAX_PATH - 12;
 
 constexpr std::wstring_view LongPrefix = L"\\\\?\\";
 constexpr std::wstring_view LongNetworkPrefix = L"\\\\?\\UNC\\";
 
-/// @return `path` from its drive or server on, without "." and "..".
+/// Returns the absolute path without "." and "..".
 std::wstring FullPath(const std::wstring& path) {
     std::wstring full(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), 0);
     full.resize(GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
@@ -34,11 +34,11 @@ std::string WellFormedFromWide(std::wstring_view wide) {
     return utf8;
 }
 
-/// Names of files may hold half of a pair of UTF-16 alone. It becomes the three bytes that any other unit of
-/// its size becomes, which are not UTF-8, so that the name comes back.
+/// Length of an unpaired surrogate in UTF-8. File names may contain unpaired surrogates. Each is encoded in
+/// three bytes like any other unit of its size, which is invalid UTF-8 but restores the name.
 constexpr std::size_t HalfLength = 3;
 
-/// @return where the next half that stands alone begins, the end if there is none.
+/// Returns the position of the next unpaired surrogate; the end if there is none.
 std::size_t NextHalf(std::string_view utf8, std::size_t from) {
     for (std::size_t at = from; at + HalfLength <= utf8.size(); ++at)
         if (utf8[at] == '\xED' && (utf8[at + 1] & 0xE0) == 0xA0 && (utf8[at + 2] & 0xC0) == 0x80)

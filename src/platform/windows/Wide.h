@@ -7,15 +7,16 @@
 
 namespace railwright {
 
-/// @return `utf8` in the system's UTF-16; ill-formed bytes become the replacement character, but for those
-/// that FromWide makes.
+/// Converts UTF-8 to UTF-16. Invalid bytes become the replacement character, except for unpaired surrogates
+/// from FromWide.
 std::wstring ToWide(std::string_view utf8);
 
-/// @return `wide` as UTF-8. What is ill-formed in it, as a name of a file can be, comes back by ToWide.
+/// Converts UTF-16 to UTF-8. Encodes unpaired surrogates, as in some file names, so that ToWide restores
+/// them.
 std::string FromWide(std::wstring_view wide);
 
-/// @return a path as the system's calls take it: one that is too long for them gets the prefix that lifts the
-/// limit, on a drive as in the network.
+/// Returns a path for the system's calls. A path that is too long for them gets the prefix that lifts the
+/// limit.
 std::wstring NativePath(const FilePath& path);
 
 } // namespace railwright
