@@ -45,7 +45,7 @@ MessageAnswer ShowMessageBox(WindowHandle owner, const std::string& text, const 
     box.setInformativeText(QString::fromStdString(details).remove('\r'));
     box.setStandardButtons(ButtonsOf(buttons));
     box.setIcon(IconOf(icon));
-    // The box would wrap a line on a small screen.
+    // Without a minimum width, the box would wrap lines on a small screen.
     constexpr int widest = 600; // pixels
     if (auto* const label = box.findChild<QLabel*>("qt_msgbox_label"))
         label->setMinimumWidth(std::min(label->sizeHint().width(), widest));

@@ -15,7 +15,7 @@ QString Native(const FilePath& path) {
     return QString::fromStdString(path.Native());
 }
 
-/// The filters in the form of QFileDialog, which shows a label and hides the masks in the brackets behind it.
+/// Converts filters to the form of QFileDialog, which shows the label and hides the masks in brackets.
 QStringList NameFilters(const std::vector<FileFilter>& filters) {
     QStringList names;
     for (const auto& [label, masks] : filters)
@@ -23,8 +23,7 @@ QStringList NameFilters(const std::vector<FileFilter>& filters) {
     return names;
 }
 
-/// Opens the dialog in the folder of the name if it has one, else in the folder asked for, and puts the name
-/// into its field.
+/// Opens the dialog in the folder of the path, or else in the given folder. Puts the name into its field.
 void StartAt(QFileDialog& dialog, const FilePath& path, const FilePath& folder) {
     const QFileInfo file(Native(path));
     if (!path.Folder().IsEmpty())
@@ -39,7 +38,7 @@ void StartAt(QFileDialog& dialog, const FilePath& path, const FilePath& folder) 
 
 std::optional<PickedFile> PickFile(const FileQuestion& question) {
     QFileDialog dialog(QWidget::find(static_cast<WId>(question.Owner)));
-    // The same rules about extensions and existing files on every desktop.
+    // Applies the same rules about extensions and existing files on every desktop.
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setOption(QFileDialog::DontConfirmOverwrite, (question.Flags & OFN_OVERWRITEPROMPT) == 0);
