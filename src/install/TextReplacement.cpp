@@ -8,9 +8,10 @@
 namespace railwright {
 namespace {
 
-/// @return the longest piece that `rest` begins with.
+/// Returns the longest piece that is a prefix of `rest`; end() if there is none.
 Pieces::const_iterator LongestAt(TextView rest, const Pieces& pieces) {
-    // It sorts before `rest`, and so does all that stands between them and has as much in common with it.
+    // The prefix sorts before `rest`. All pieces between the two share that prefix, so cutting `rest` to the
+    // common start of the nearest piece skips none.
     for (auto next = pieces.upper_bound(rest); next != pieces.begin(); next = pieces.upper_bound(rest)) {
         const text& nearest = (--next)->first;
         if (rest.starts_with(nearest))

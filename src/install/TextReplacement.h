@@ -8,17 +8,17 @@
 
 namespace railwright {
 
-/// @return where `piece` stands in `in` from `from` on, in any case of letters; text::npos if nowhere.
+/// Finds `piece` in `in` from `from` on, ignoring case. Returns its position, or text::npos.
 std::size_t FindIgnoringCase(const text& in, const text& piece, std::size_t from);
 
-/// @return `in` with `by` wherever `piece` stood, in any case of letters.
+/// Returns `in` with every `piece`, in any case, replaced by `by`.
 text ReplacedIgnoringCase(const text& in, const text& piece, const text& by);
 
-/// Pieces of a text, none of them empty, and what takes the place of each.
+/// Pieces of a text, none of them empty, and their replacements.
 using Pieces = std::map<text, text, std::less<>>;
 
-/// Replaces each of some pieces, wherever it stands, by what belongs to it. Where several begin, the longest
-/// is taken, and nothing is replaced twice.
+/// Replaces every piece in one pass, so that no replacement is replaced again. The longest piece wins if
+/// several begin at the same position.
 text ReplacedAtOnce(TextView in, const Pieces& pieces);
 
 } // namespace railwright

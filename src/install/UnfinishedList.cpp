@@ -9,7 +9,7 @@ namespace railwright {
 namespace {
 
 constexpr TextView ListHead = "Railwright has not finished organizing these environments:";
-/// Stands behind each piece of the list, and in no name.
+/// Ends each entry of the list. Never part of a file name.
 constexpr char ListSeparator = '/';
 
 } // namespace

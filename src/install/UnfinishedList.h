@@ -6,11 +6,11 @@
 
 namespace railwright {
 
-/// Reads which environments a run was cut off from finishing, by the names of their files.
-/// @param names none where there is no list.
+/// Reads the list of environments that an interrupted run left unfinished.
+/// @param names receives the names of their .env files; empty if the list is missing.
 FileResult ReadList(const FilePath& list, std::set<FileName>& names);
 
-/// Writes them down. Of no names there is no list.
+/// Writes the list. An empty list deletes the file.
 FileResult WriteList(const FilePath& list, const std::set<FileName>& names);
 
 } // namespace railwright

@@ -7,12 +7,11 @@
 
 namespace railwright {
 
-/// Reads a whole file as text, one character for each byte.
-/// @return why not, if it does not exist or cannot be read; `sText` is then empty.
+/// Reads a whole file as text, one character per byte.
+/// @return the reason if the file is missing or cannot be read; `sText` is then empty.
 FileResult ReadTextFile(const FilePath& sFile, text& sText);
 
-/// Writes `sText` and a closing CR LF in place of what stood under the name. On failure the old file is as it
-/// was.
+/// Writes `sText` and a final CR LF. Replaces an existing file; on failure that is unchanged.
 FileResult WriteTextFile(const FilePath& sFile, const text& sText);
 
 } // namespace railwright

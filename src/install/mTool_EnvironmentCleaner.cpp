@@ -24,25 +24,25 @@ constexpr TextView EndOfLine = "\r\n";
 constexpr const char* Environments = "Environments";
 constexpr const char* EnvironmentsFolder = "Environments\\";
 constexpr const char* UnusedFolder = "__Unused Files__";
-/// While a run organizes environments, this file names theirs. No texture can have that name, because no
-/// setting holds an equals sign.
+/// The file that lists the unfinished environments during a run. No texture can have this name, because no
+/// setting can contain an equals sign.
 constexpr const char* UnfinishedList = "~unfinished=";
 
-/// A file in the folder of the environments.
+/// A file in the environments folder itself.
 struct LooseFile {
     FileName Name;
     bool IsLink;
 
-    /// A setting would take it for the path to some other file.
+    /// A setting would interpret the name as a path.
     bool LooksLikePath() const { return Name.Native().find('\\') != std::string::npos; }
-    /// Why it is left alone; empty if it is not.
+    /// Returns why the file is skipped; empty if it is not.
     std::string PassedOver() const {
         return LooksLikePath() ? "it has a backslash in its name" : IsLink ? "it is a link" : "";
     }
 };
 
-/// The files in a folder that are not hidden, links to files and to nothing included. A name like a path that
-/// begins with a dot does not hide its file.
+/// Returns the files in a folder that are not hidden, including links to files and dangling links. Also
+/// includes hidden files whose name looks like a path.
 std::vector<LooseFile> FilesIn(const FilePath& folder, std::error_code& error) {
     std::vector<LooseFile> files;
     for (const FileName& name : Files().List(folder, error)) {
@@ -57,43 +57,41 @@ std::vector<LooseFile> FilesIn(const FilePath& folder, std::error_code& error) {
     return files;
 }
 
-/// Where the environments are.
+/// The folders of an installation.
 struct Installation {
     explicit Installation(FilePath sNoLimitsPath)
         : sNLFolder(std::move(sNoLimitsPath)),
           sEnvFolder(Names.Find(sNLFolder, FileName(Environments))),
           Unfinished(Names.Find(sEnvFolder, FileName(UnfinishedList))) {}
 
-    /// @return the subfolder of an environment.
     FilePath FolderOf(const EnvironmentEntry& entry) { return Names.Find(sEnvFolder, entry.Name); }
 
     NameLookup Names;
     FilePath sNLFolder;
     FilePath sEnvFolder;
-    /// The list of those that are not finished.
+    /// The list of unfinished environments.
     FilePath Unfinished;
 };
 
-/// @return whether a file can be read and names no texture.
+/// Returns whether the file is readable and names no texture.
 bool HasNoTexture(const FilePath& file) {
     text settings;
     return ReadTextFile(file, settings) && FindIgnoringCase(settings, TextureKey, 0) == text::npos;
 }
 
-/// The file that tells whether an environment without a folder has textures. It is another one's if the name
-/// has ".env" more than once.
+/// Returns the .env file that decides whether an environment without a folder has textures. It belongs to
+/// another environment if the name contains ".env" more than once.
 FilePath DecidingFile(Installation& place, const EnvironmentEntry& entry) {
     return place.Names.Find(place.sEnvFolder,
                             FileName(entry.Name.Native() + std::string(EnvironmentExtension)));
 }
 
-/// If the folder cannot be checked, the environment counts as organized and is left alone.
 bool HasFolder(Installation& place, const EnvironmentEntry& entry, std::error_code& unknown) {
     const FilePath folder = place.FolderOf(entry);
     return folder != place.Unfinished && Exists(folder, unknown);
 }
 
-/// @return whether each texture of an environment has a line of its own that ends in CR LF.
+/// Returns whether every texture setting is on a line that ends in CR LF.
 bool HasWholeLines(const text& settings) {
     const text lower = LowerCase(settings, SystemCodePage());
     for (std::size_t key = 0; (key = lower.find(TextureKey, key)) != text::npos;) {
@@ -120,7 +118,8 @@ EnvironmentScan Scan(Installation& place) {
         if (!HasExtension(file.Name.Native(), EnvironmentExtension))
             continue;
         if (const std::string why = file.PassedOver(); !why.empty()) {
-            // The simulator follows a link. But no name in its files can have a backslash.
+            // The simulator follows links, so a link may hide an environment. Its names cannot contain a
+            // backslash, so such a file is none.
             scan.Complete = scan.Complete && file.LooksLikePath();
             scan.PassedOver.push_back(file.Name.Shown() + ": is passed over, " + why);
             continue;
@@ -133,7 +132,7 @@ EnvironmentScan Scan(Installation& place) {
             entry.Organized = hasFolder || HasNoTexture(deciding);
             if (entry.Organized && !hasFolder && deciding != entry.FilePath &&
                 !HasNoTexture(entry.FilePath)) {
-                scan.Complete = false; // its textures lie loose
+                scan.Complete = false; // its textures may be loose files
                 scan.PassedOver.push_back(file.Name.Shown() + ": is skipped, because " +
                                           deciding.Name().Shown() + " counts as the same environment");
             }
@@ -159,8 +158,8 @@ public:
 
     const std::vector<EnvironmentEntry>& List() const { return scan.EnvironmentList; }
 
-    /// Writes down what it sets out to organize. Environments of one name share a folder, which is no mark of
-    /// a finished one until all of them are.
+    /// Writes the list of environments to organize. Environments of the same name share a folder, so the
+    /// folder does not prove that all of them are finished.
     void Begin() {
         if (!scan.Known)
             return;
@@ -171,7 +170,7 @@ public:
             unfinished.clear();
     }
 
-    /// Gives one environment its subfolder. A texture is there before the .env file speaks of it.
+    /// Organizes one environment. Copies the textures before the .env file names them.
     void Organize(const EnvironmentEntry& entry) {
         text settings;
         if (!unfinished.contains(entry.FilePath.Name()) ||
@@ -181,7 +180,7 @@ public:
             Succeeded(FileResult::Failure("the line of a texture does not end in CR LF"), entry.FilePath);
             return;
         }
-        if (FindIgnoringCase(settings, TextureKey, 0) != text::npos) { // or another file was looked at
+        if (FindIgnoringCase(settings, TextureKey, 0) != text::npos) { // false if another .env file decided
             const text before = settings;
             std::replace(settings.begin(), settings.end(), '/', '\\');
             if (!RelocateTextures(settings, entry))
@@ -196,19 +195,20 @@ public:
         unfinished.erase(entry.FilePath.Name());
     }
 
-    /// @return whether all went well.
+    /// Finishes the run. Returns whether everything succeeded.
     bool End() {
         if (isBegun)
             WriteDown();
         if (allWell)
             MoveUnusedFiles();
-        else // what an environment still names may lie loose
+        else // a remaining environment may name loose files
             bar.Tell("No file is moved, because something could not be read or written, or was passed over");
         return allWell;
     }
 
 private:
-    /// @return whether a setting can hold the environment's name; otherwise it goes on naming loose files.
+    /// Returns whether a setting can hold the environment's name. If not, the environment keeps naming loose
+    /// files.
     bool CanBeNamed(const EnvironmentEntry& entry) {
         const std::string& name = entry.Name.Native();
         const DocumentPath inside(FolderText(entry) + "texture");
@@ -222,13 +222,13 @@ private:
         return canBe;
     }
 
-    /// Clears a folder of what a run that was cut off has left, once.
+    /// Deletes leftovers of interrupted runs from a folder, once per run.
     void ClearOnce(const FilePath& folder) {
         if (cleared.insert(folder).second)
             Files().DeleteLeftovers(folder);
     }
 
-    /// Brings the list on the disk up to date.
+    /// Updates the list on the disk.
     bool WriteDown() {
         ClearOnce(place.sEnvFolder);
         isBegun =
@@ -238,13 +238,13 @@ private:
         return isBegun;
     }
 
-    /// @return the environment's subfolder as a setting names it.
+    /// Returns the environment's subfolder in the form of a setting.
     static text FolderText(const EnvironmentEntry& entry) {
         return EnvironmentsFolder + FromUtf8(entry.Name.Native(), SystemCodePage()) + '\\';
     }
 
-    /// Copies the textures that `settings` names and makes it name the copies. @return whether all were
-    /// written.
+    /// Copies the textures that `settings` names, and changes the settings to name the copies.
+    /// @return whether all copies were written.
     bool RelocateTextures(text& settings, const EnvironmentEntry& entry) {
         const text newFolder = FolderText(entry);
         Pieces newPaths;
@@ -299,7 +299,8 @@ private:
         return true;
     }
 
-    /// Writes a copy unless there is a file in its place, of an earlier run or the user's own, which is kept.
+    /// Writes a copy, unless the file exists. An existing file is from an earlier run or the user's own, so
+    /// it is kept.
     bool WriteCopy(const FilePath& target, const FileBuffer& texture, const FilePath& source,
                    const std::string& shown) {
         FileBuffer existing;
@@ -315,16 +316,16 @@ private:
         return true;
     }
 
-    /// @return the place for a copy. Below the environment's folder each name is made as it is written, so
-    /// that two that differ in case do not become one.
+    /// Returns the path for a copy. In the environment's folder, names are used exactly as written, so that
+    /// two names that differ in case stay separate files.
     FilePath PlaceFor(const DocumentPath& copy, const text& newFolder) {
         const std::size_t inside = FindIgnoringCase(copy.Text(), newFolder, 0) + newFolder.size();
         const DocumentPath folder(copy.Text().substr(0, inside));
         return DocumentPath(copy.Text().substr(inside)).In(place.Names.Find(place.sNLFolder, folder));
     }
 
-    /// Whether one of the last `names` of a path is that of a link, or may be one. The folder of the
-    /// environments may be one.
+    /// Returns whether one of the last `names` parts of a path is a link or cannot be checked. The
+    /// environments folder itself may be a link.
     bool LeadsThroughLink(FilePath path, std::size_t names) const {
         for (; names > 0; --names, path = path.Folder())
             if (const FileStatus status = Files().Status(path);
@@ -349,7 +350,8 @@ private:
         std::erase_if(files, [](const LooseFile& file) {
             return HasExtension(file.Name.Native(), EnvironmentExtension);
         });
-        // A file in the place of an environment's folder counts as that, so it goes last.
+        // A file with the name of an environment's folder makes that environment count as organized. It is
+        // therefore moved last.
         std::set<FilePath> folders;
         for (const EnvironmentEntry& entry : List())
             folders.insert(place.FolderOf(entry));
@@ -381,10 +383,10 @@ private:
     EnvironmentScan scan;
     OrganizerProgress& bar;
     bool allWell;
-    /// The files of the environments that are still to be organized, and those that the list on the disk has.
+    /// The files of the environments still to be organized, and of those in the list on the disk.
     std::set<FileName> unfinished, listed;
     std::set<FilePath> cleared;
-    /// The list has all that are worked on.
+    /// The list on the disk names all environments being organized.
     bool isBegun = false;
 };
 
@@ -396,7 +398,7 @@ EnvironmentScan ScanEnvironments(const FilePath& sNoLimitsPath) {
 }
 
 bool OrganizeEnvironments(const FilePath& sNoLimitsPath, OrganizerProgress& pbProgress) {
-    static bool isRunning = false; // the window lets events through in the middle of a run
+    static bool isRunning = false; // the window processes events during a run
     if (isRunning)
         return true;
     struct Running {

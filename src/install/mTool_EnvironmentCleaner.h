@@ -15,57 +15,58 @@ struct EnvironmentEntry {
     railwright::FilePath FilePath;
     /// The file's name without any ".env".
     FileName Name;
-    /// There is a subfolder, or anything else, of its name, or it has no texture; and no run was cut off
-    /// from organizing it.
+    /// The environment has a subfolder (or another entry of its name) or no textures, and no interrupted run
+    /// left it unfinished.
     bool Organized = false;
 };
 
-/// What the Environment Organizer finds in the simulator's folder.
+/// The environments in the simulator's folder.
 struct EnvironmentScan {
-    /// All environment files, in the order of their names.
+    /// All environment files, sorted by name.
     std::vector<EnvironmentEntry> EnvironmentList;
-    /// How many of them are not organized.
+    /// The number of environments that are not organized.
     std::int32_t Unorganized = 0;
-    /// What is there and is passed over, and why: one line of UTF-8 for each.
+    /// One line of UTF-8 per skipped file, with the reason.
     std::vector<std::string> PassedOver;
-    /// All that is there could be looked at. Otherwise an environment may have been missed that shares its
-    /// folder with another.
+    /// Everything could be checked. If false, environments may be missing from the list, even ones that share
+    /// a folder with a listed one.
     bool Known = true;
-    /// It could, and nothing that was passed over is an environment.
+    /// Known is true, and no skipped file is an environment.
     bool Complete = true;
 };
 
-/// What a run of the organizer shows while it works. By itself it shows nothing.
+/// Displays the progress of a run. The base class displays nothing.
 class OrganizerProgress {
 public:
     virtual ~OrganizerProgress() = default;
     /// Clears the bar.
     virtual void Clear() {}
-    /// Shows the share that is done as a red bar. @param percent 0 to 99.
+    /// Shows a red bar. @param percent the share that is done, 0 to 99.
     virtual void ShowShare([[maybe_unused]] int percent) {}
-    /// Shows a green bar of full length.
+    /// Shows a full green bar.
     virtual void ShowDone() {}
-    /// Lets pending events of the window run.
+    /// Processes pending events of the window.
     virtual void RunPendingEvents() {}
-    /// Tells one thing that was done or could not be done, in one line of UTF-8.
+    /// Reports one action or error as one line of UTF-8.
     virtual void Tell([[maybe_unused]] const std::string& line) {}
 };
 
-/// Looks at the environment files below the simulator's folder and changes nothing.
-/// @param sNoLimitsPath the simulator's folder.
+/// Lists the environments in the simulator's folder. Changes nothing.
 EnvironmentScan ScanEnvironments(const FilePath& sNoLimitsPath);
 
-/// Tidies the environments below the simulator's folder: each gets a subfolder with copies of its textures
-/// and its .env file is made to name these, and what then lies loose and is no .env file is moved to
-/// "__Unused Files__". A run that is cut off at any moment can be run again, and comes to the same end.
-/// Nothing is written, moved or deleted through a link below the folder of the environments, and no link is
-/// moved. A call in the middle of a run does nothing.
-/// @return whether all went well; where something could not be read or written, or an environment was passed
-/// over, loose files stay where they are, because an environment may still name them.
+/// Organizes the environments in the simulator's folder. Each environment gets a subfolder with copies of its
+/// textures, and its .env file then names these copies. Afterwards, the loose files that are not .env files
+/// are moved to "__Unused Files__".
+///
+/// An interrupted run can be repeated with the same final result. Nothing is written, moved or deleted
+/// through a link in the environments folder, and no link is moved. A call during a run does nothing and
+/// returns true.
+/// @return whether everything succeeded. If something could not be read or written, or an environment was
+/// skipped, no loose file is moved, because an environment may still name it.
 bool OrganizeEnvironments(const FilePath& sNoLimitsPath, OrganizerProgress& pbProgress);
 
-/// @return the values of all texture settings in the text of an .env file, in its order. A last one without a
-/// CR LF behind it does not count.
+/// Returns the values of all texture settings in the text of an .env file, in order. Ignores a last line
+/// without CR LF.
 std::vector<DocumentPath> ParseTexturePaths(const text& sText);
 
 } // namespace railwright

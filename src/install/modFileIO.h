@@ -8,20 +8,20 @@
 
 namespace railwright {
 
-/// A whole file on its way from one place to another.
+/// The content of a whole file.
 using FileBuffer = std::vector<std::uint8_t>;
 
 /// Reads a whole file.
-/// @return why not, if no file is named, it does not exist or cannot be read; `buffer` is then empty.
+/// @return the reason if the path is empty, or the file is missing or cannot be read; `buffer` is then empty.
 FileResult ReadFileBuffer(const FilePath& sFile, FileBuffer& buffer);
 
-/// Writes a whole file in place of an existing one. On failure the old file is as it was. Leftovers of
-/// interrupted saves stay in the folder.
-/// @param model for a new file, one whose rights it may not exceed; empty for the usual rights.
+/// Writes a whole file. Replaces an existing file; on failure that is unchanged. Keeps leftovers of
+/// interrupted saves in the folder.
+/// @param model for a new file, the file whose rights it may not exceed; empty for the default rights.
 FileResult WriteFileBuffer(const FilePath& sFile, const FileBuffer& buffer, const FilePath& model = {});
 
-/// @return whether anything has that name, a link to nothing included.
-/// @param unknown set where the system cannot tell; then it counts as there.
+/// Returns whether a path exists, including dangling links.
+/// @param unknown set if the system reports an error; the path then counts as existing.
 bool Exists(const FilePath& path, std::error_code& unknown);
 
 } // namespace railwright
