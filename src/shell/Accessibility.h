@@ -2,8 +2,8 @@
 
 namespace railwright {
 
-/// Tells screen readers what the controls of our own are: frames, pictures and previews. Runs once, before
-/// the window is made.
+/// Describes the program's own controls (frames, pictures and previews) to screen readers. Call it once,
+/// before the window is created.
 void DescribeOwnControls();
 
 } // namespace railwright

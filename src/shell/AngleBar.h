@@ -4,13 +4,13 @@
 
 namespace railwright {
 
-/// A scroll bar for an angle of whole degrees, from -360 to 360 with 0 in the middle.
+/// A scroll bar for an angle from -360 to 360 whole degrees, with 0 in the middle.
 class AngleBar final : public ScrollBar {
 public:
     AngleBar(QWidget& container, const QString& name, const QString& purpose, const Place& place);
 
     float Degrees() const { return static_cast<float>(value() - Middle); }
-    /// @return the angle in words.
+    /// Returns the angle as text, such as "90 degrees."
     QString Caption() const { return QString("%1 degrees.").arg(value() - Middle); }
 
 private:

@@ -12,7 +12,7 @@
 namespace railwright {
 namespace {
 
-/// Moves the letters closer by as little as the text needs for that many pixels.
+/// Reduces the letter spacing just enough to save `excess` pixels, within a limit.
 void MoveCloser(QPainter& painter, const QString& text, double excess) {
     const double most = painter.fontInfo().pixelSize() / 12.0; // any more, and letters would touch
     const double steps = 64;                                   // of the toolkit, in a pixel

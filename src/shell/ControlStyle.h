@@ -4,12 +4,12 @@
 
 namespace railwright {
 
-/// The user's style, fitted to this window's text: marks of check boxes and options are as high as a line,
-/// the title of a group stands in its frame, and a text that is a little too wide for its place moves closer.
+/// Adapts the user's style to the text of this window. Check box and option marks are as high as a line.
+/// Group titles are drawn inside the frame. Letters of a text that is slightly too wide move closer.
 class ControlStyle final : public QProxyStyle {
 public:
     using QProxyStyle::QProxyStyle;
-    /// Sets the typeface of everything that has none of its own: menus, message boxes, tooltips.
+    /// Sets the typeface of everything without its own, such as menus, message boxes and tooltips.
     void polish(QApplication* application) override;
     using QProxyStyle::polish;
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;

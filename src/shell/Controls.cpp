@@ -106,7 +106,8 @@ void ScrollBar::paintEvent(QPaintEvent* event) {
 }
 
 void ScrollBar::keyPressEvent(QKeyEvent* event) {
-    // The toolkit turns all keys round, so that Down and Page Down lead on; Left and Right it should not.
+    // The toolkit inverts all keys so that Down and Page Down scroll forward. Left and Right must not be
+    // inverted.
     const bool isSideways = event->key() == Qt::Key_Left || event->key() == Qt::Key_Right;
     setInvertedControls(!isSideways);
     QScrollBar::keyPressEvent(event);

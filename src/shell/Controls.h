@@ -16,7 +16,7 @@ class QRadioButton;
 
 namespace railwright {
 
-/// Where a control stands in its container, in twips: 1440 to an inch, 15 to a pixel of a 96 dpi screen.
+/// The position and size of a control in its container, in twips: 1440 per inch, 15 per pixel at 96 dpi.
 struct Place {
     int Left = 0;
     int Top = 0;
@@ -24,7 +24,7 @@ struct Place {
     int Height = 0;
 };
 
-/// @return a place, or a length, in pixels as the toolkit counts them.
+/// Converts twips to the toolkit's pixels.
 QRect InPixels(const Place& place);
 constexpr int InPixels(int twips) {
     return twips / 15;
@@ -35,18 +35,18 @@ struct FontStyle {
     bool Italic = false;
 };
 
-/// The typeface of all controls, Arial or one that takes the same room.
+/// Returns the typeface of all controls: Arial or one of the same width.
 QFont ControlFont(double points = 8.25, FontStyle style = {});
-/// The typeface of the report, Courier New or one that takes the same room.
+/// Returns the typeface of the report: Courier New or one of the same width.
 QFont ReportFont();
 
-/// Marks the control if it has the keyboard focus, once the user has pressed a key.
+/// Draws a focus mark on the control if it has the keyboard focus and the user has pressed a key.
 void DrawFocus(QWidget& control);
 
-/// @return the name of a control in an array, such as "btnRemove(0)".
+/// Returns the name of a control in an array, such as "btnRemove(0)".
 QString Indexed(const char* name, int index);
 
-/// Names and places a control.
+/// Sets the name, the position and the size of a control.
 template <class Control>
 Control* Placed(Control* control, const QString& name, const Place& place) {
     control->setObjectName(name);
@@ -56,22 +56,22 @@ Control* Placed(Control* control, const QString& name, const Place& place) {
 
 QLabel* AddLabel(QWidget& container, const QString& name, const QString& caption, const Place& place,
                  const QFont& font = ControlFont());
-/// A label whose text runs over several lines, from the top left.
+/// Adds a label with several lines of text, aligned at the top left.
 QLabel* AddHelpText(QWidget& container, const QString& name, const QString& text, const Place& place);
-/// @param caption a "&&" shows as "&".
+/// @param caption "&&" is shown as "&".
 QPushButton* AddButton(QWidget& container, const QString& name, const QString& caption, const Place& place);
 QCheckBox* AddCheckBox(QWidget& container, const QString& name, const QString& caption, const Place& place,
                        bool ticked);
 QRadioButton* AddOption(QWidget& container, const QString& name, const QString& caption, const Place& place,
                         bool selected);
 
-/// A horizontal scroll bar that the keyboard reaches.
+/// A horizontal scroll bar that can get the keyboard focus.
 class ScrollBar : public QScrollBar {
 public:
     struct Values {
         int Min, Max, LargeChange, SmallChange, Start;
     };
-    /// @param purpose what a screen reader calls it.
+    /// @param purpose the name for screen readers.
     ScrollBar(QWidget& container, const QString& name, const QString& purpose, const Place& place,
               const Values& values);
 
@@ -80,7 +80,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 };
 
-/// A button that Enter presses as well as Space.
+/// A button that Enter presses, as well as Space.
 class Button : public QPushButton {
 public:
     using QPushButton::QPushButton;
@@ -101,7 +101,7 @@ protected:
 /// A picture that acts as a button.
 class PictureButton final : public Button {
 public:
-    /// @param purpose what a screen reader calls it, and what is shown while the mouse rests on it.
+    /// @param purpose the name for screen readers, and the tooltip.
     PictureButton(QWidget& container, const QString& name, const QString& purpose, const QIcon& picture,
                   const Place& place);
 
@@ -109,14 +109,14 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 };
 
-/// A picture in the middle of its place, as sharp as the screen can show it.
+/// A picture centred in its area, drawn at the resolution of the screen.
 class Picture final : public QWidget {
 public:
-    /// @param purpose what a screen reader calls it.
+    /// @param purpose the name for screen readers.
     /// @param size of the picture itself, in pixels.
     Picture(QWidget& container, const QString& name, const QString& purpose, const Place& place, QSize size);
 
-    /// @param picture a null icon leaves the place empty.
+    /// @param picture a null icon leaves the area empty.
     void Load(const QIcon& picture);
     const QIcon& Shown() const { return icon; }
 
@@ -131,7 +131,7 @@ private:
 /// Makes F10 open the first menu of the bar.
 void OpenWithF10(QMenuBar& bar);
 
-/// @return one of the pictures that come with the program.
+/// Returns a picture from the program's resources.
 QIcon Artwork(const QString& name);
 
 } // namespace railwright

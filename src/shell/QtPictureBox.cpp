@@ -10,7 +10,7 @@
 namespace railwright {
 namespace {
 
-/// From so many on the painting takes a time that a user notices.
+/// From this number of strokes on, painting takes noticeable time.
 constexpr std::size_t ManyStrokes = 100'000;
 
 } // namespace
@@ -41,7 +41,7 @@ void QtPictureBox::DrawWidth(int pixels) {
 
 void QtPictureBox::Refresh() {
     if (drawn.isNull())
-        return; // it is painted anew anyway
+        return; // will be redrawn anyway
     drawn = QPixmap();
     update();
 }

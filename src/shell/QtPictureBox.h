@@ -7,8 +7,8 @@
 
 namespace railwright {
 
-/// A picture box on the screen. It keeps the drawing calls and paints them once after each change, in the
-/// pixels of the screen that it stands on, so that it is as sharp as that screen can be.
+/// A picture box on the screen. Records the drawing calls and paints them once after each change, at the
+/// resolution of its screen.
 class QtPictureBox final : public QWidget, public PictureBox {
 public:
     explicit QtPictureBox(QWidget* parent);
@@ -18,7 +18,7 @@ public:
     void PSet(float x, float y, Rgb colour) override;
     void DrawWidth(int pixels) override;
 
-    /// @return the picture in the pixels of a screen with `ratio` of them to a logical one.
+    /// Returns the picture with `ratio` device pixels per logical pixel.
     QPixmap Drawn(double ratio) const;
 
 protected:

@@ -2,7 +2,7 @@
 
 namespace railwright {
 
-/// One of the panels of the window: it fills its frame with controls and answers their events.
+/// A panel of the window. Fills its frame with controls and handles their events.
 class ToolPanel {
 public:
     ToolPanel() = default;
@@ -10,7 +10,7 @@ public:
     ToolPanel(const ToolPanel&) = delete;
     ToolPanel& operator=(const ToolPanel&) = delete;
 
-    /// Runs each time the panel is brought to the front.
+    /// Runs each time the panel is shown.
     virtual void Prepare() {}
 };
 

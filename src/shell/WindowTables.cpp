@@ -32,7 +32,7 @@ void Show() {
     frmMain::Instance().ShowTab(Tab);
 }
 
-/// Makes the entry that opens one of WebPages.
+/// Returns the menu entry that opens one of WebPages. Disabled if the address is empty.
 template <std::size_t Page>
 constexpr MenuRow PageEntry(const char* name, QLatin1String caption) {
     return {name, caption, "mnuHI", [] { OpenWebPage(frmMain::Instance().Handle(), WebPages[Page]); },

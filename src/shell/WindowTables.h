@@ -15,7 +15,7 @@ namespace railwright {
 
 class ucFrame;
 
-/// A panel: its place in the table is its number.
+/// A panel. Its index in the table is its number.
 struct PanelRow {
     const char* Title;
     bool HasPreviews;
@@ -23,7 +23,7 @@ struct PanelRow {
 };
 extern const std::array<PanelRow, Tabs::Count> PanelRows;
 
-/// A heading of the list of tools.
+/// A heading in the list of tools.
 struct HeadingRow {
     const char* Name;
     const char* Caption;
@@ -31,15 +31,14 @@ struct HeadingRow {
 };
 extern const std::span<const HeadingRow> HeadingRows;
 
-/// The groups of the list of tools. Each is a control array and is enabled as a whole.
+/// The groups in the list of tools. Each is a control array and is enabled as a whole.
 enum class ToolGroup { Track, Element, NoLimits };
-/// @return the name of the group's control array.
 const char* ArrayOf(ToolGroup group);
 
-/// A label of the list of tools, which shows a panel.
+/// A label in the list of tools that shows a panel.
 struct ToolLabelRow {
     ToolGroup Group;
-    /// In the control array.
+    /// Index in the control array.
     int Index;
     const char* Caption;
     int Top;
@@ -50,13 +49,13 @@ extern const std::span<const ToolLabelRow> ToolLabelRows;
 
 inline constexpr QLatin1String Separator("-");
 
-/// A menu, an entry, or a line between two.
+/// A menu, an entry or a separator.
 struct MenuRow {
     const char* Name;
     QLatin1String Caption;
-    /// Name of the menu that it stands in; none for a menu of the bar.
+    /// The name of the menu that contains it; null for a menu of the bar.
     const char* Above;
-    /// What it does; a menu and a line do nothing.
+    /// The action; null for a menu or a separator.
     void (*Click)();
     bool IsEnabled = true;
 };

@@ -20,7 +20,7 @@
 #include <QStyle>
 #include <QUrl>
 
-// The pictures stand in a library, so they are not found without a word from its user.
+// Resources in a static library must be initialized explicitly, or they are silently missing.
 static void ReadyArtwork() {
     Q_INIT_RESOURCE(artwork);
 }
@@ -37,7 +37,7 @@ constexpr Place PanelArea = {1860, 480, 7575, 6135};
 constexpr std::array Views = {Place{1920, 540, 3360, 3360}, Place{6000, 540, 3360, 3360}};
 constexpr std::array ViewNames = {"Preview from above", "Preview from the side"};
 
-/// A title that the toolkit shows as it is.
+/// Escapes "[*]", which the toolkit would replace in a title.
 QString Literally(const std::string& title) {
     return QString::fromStdString(title).replace("[*]", "[*][*]");
 }
@@ -48,7 +48,7 @@ frmMain::frmMain() {
     ReadyArtwork();
     theWindow = this;
     setObjectName("frmMain");
-    // Its size is fixed, so there is nothing to maximize.
+    // No maximize button, because the size is fixed.
     setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                    Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint);
     setWindowTitle("Railwright");
@@ -150,7 +150,7 @@ void frmMain::BuildMenu() {
             row.Caption == Separator ? above->addSeparator() : above->addAction(row.Caption);
         entry->setObjectName(row.Name);
         entry->setEnabled(row.IsEnabled);
-        // No system moves an entry into a menu of its own.
+        // Keeps the system from moving an entry to its own menu.
         entry->setMenuRole(QAction::NoRole);
         if (row.Click != nullptr)
             connect(entry, &QAction::triggered, this, [click = row.Click] { click(); });
@@ -234,7 +234,7 @@ MessageAnswer frmMain::AskAboutChanges() const {
 
 bool frmMain::Form_Unload() {
     const MessageAnswer answer = AskAboutChanges();
-    // With a save that failed the window stays, or the changes would be gone.
+    // After a failed save the window stays open, so that the changes are not lost.
     if (answer == MessageAnswer::Yes)
         return SaveNoLimitsFile();
     return answer != MessageAnswer::Cancel;
@@ -249,7 +249,7 @@ void frmMain::OpenDropped() {
         OpenNoLimitsFile(dropped);
 }
 
-/// @return the one track or element that is dragged, as the user knows it; empty for anything else.
+/// Returns the dragged file if it is a single track or element; otherwise an empty path.
 static FilePath DraggedFile(const QDropEvent& event) {
     const QList<QUrl> addresses = event.mimeData()->urls();
     const std::string file = addresses.size() == 1 ? addresses.first().toLocalFile().toStdString() : "";
@@ -257,7 +257,7 @@ static FilePath DraggedFile(const QDropEvent& event) {
     return isKnown ? FilePath::FromUser(file) : FilePath();
 }
 
-/// The file is only read: for another action the program that it comes from might delete it.
+/// Accepts the drop as a copy. For a move, the source program might delete the file.
 static void AcceptCopy(QDropEvent& event) {
     event.setDropAction(Qt::CopyAction);
     event.accept();
@@ -271,7 +271,7 @@ void frmMain::dragEnterEvent(QDragEnterEvent* event) {
 void frmMain::dropEvent(QDropEvent* event) {
     AcceptCopy(*event);
     dropped = DraggedFile(*event);
-    // The program that the file comes from waits until the drop is over.
+    // Open the file later: the source program waits until the drop is finished.
     afterDrop.start();
 }
 

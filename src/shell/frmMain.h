@@ -42,30 +42,29 @@ inline constexpr std::int16_t Renamer = 15;
 inline constexpr std::size_t Count = 16;
 } // namespace Tabs
 
-/// The window: menu bar, list of tools, title strip, and sixteen panels of which one is in front.
+/// The window: menu bar, list of tools, title strip, and sixteen panels, one of which is visible.
 class frmMain final : public QMainWindow {
 public:
     frmMain();
     ~frmMain() override;
 
-    /// The one window of the process.
+    /// Returns the only window of the process.
     static frmMain& Instance();
 
-    /// Size of what stands below the menu, in pixels of a screen of the usual resolution.
+    /// Returns the size of the area below the menu, in pixels at 96 dpi.
     static QSize ClientSize();
 
-    /// Starts the program: first panel, menus, simulator's folder, and the file of the command line.
-    /// @param commandLine all that stands behind the program's name, one file name or nothing.
+    /// Starts the program: first panel, menus, simulator's folder, and the file from the command line.
+    /// @param commandLine everything after the program's name: one file name, or empty.
     void Form_Load(std::string commandLine);
 
-    /// Brings a panel to the front, with its title, its previews and the mark beside its label.
+    /// Shows a panel with its title, its previews and the mark next to its label.
     /// @param iTab one of Tabs.
     void ShowTab(std::int16_t iTab);
-    /// Enables menus and labels as iDocumentKind asks.
+    /// Enables menus and labels according to iDocumentKind.
     void UpdateMenus();
-    /// Marks the document as changed, and the title with a star.
+    /// Marks the document as changed, with a star in the title.
     void HasChanged();
-    /// @return whether the title has the star of a changed document.
     bool HasStar() const { return windowTitle().endsWith('*'); }
     /// Shows the name of the document's file in the title, without a star.
     void ShowFileName();
@@ -74,15 +73,15 @@ public:
     static void mnuSaveAs_Click();
     static void mnuExit_Click();
 
-    /// The two previews.
+    /// Return the preview from above and the preview from the side.
     QtPictureBox& Plan() { return *pbView[0]; }
     QtPictureBox& Side() { return *pbView[1]; }
-    /// A panel by its number, whose class is `Kind`.
+    /// Returns a panel of class `Kind` by its number. Builds it first if necessary.
     template <class Kind>
     Kind& Panel(std::int16_t iTab) {
         return static_cast<Kind&>(BuiltPanel(static_cast<std::size_t>(iTab)));
     }
-    /// The same, or null while it has no controls yet.
+    /// Returns the panel, or null if it is not built yet.
     template <class Kind>
     Kind* PanelIfBuilt(std::int16_t iTab) {
         return static_cast<Kind*>(panels[static_cast<std::size_t>(iTab)].get());
@@ -92,7 +91,7 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
-    /// A track or element that is dropped on the window is opened, after a question about unsaved changes.
+    /// Accept a track or element dropped on the window. It is opened after a question about unsaved changes.
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
@@ -100,26 +99,26 @@ private:
     void BuildTitleStrip(QWidget& window);
     void BuildToolList(QWidget& window);
     void BuildFrames(QWidget& window);
-    /// Fills the panel's frame with controls unless that is done.
+    /// Returns the panel. Builds its controls on the first call.
     ToolPanel& BuiltPanel(std::size_t tab);
-    /// Builds what the start has left out because it is not seen.
+    /// Builds the panels that the start skipped because they are not visible.
     void BuildAllPanels();
     void BuildMenu();
     void EnableLabels(ToolGroup group, bool enabled);
 
-    /// Asks about unsaved changes. @return No if there are none.
+    /// Asks the user about unsaved changes. @return No if there are none.
     MessageAnswer AskAboutChanges() const;
-    /// @return whether the window may close.
+    /// Returns whether the window may close.
     bool Form_Unload();
-    /// Opens the dropped file unless the user wants to keep changes that are not saved.
+    /// Opens the dropped file, after a question about unsaved changes.
     void OpenDropped();
 
-    /// A file that was dropped, and the moment at which it opens.
+    /// The dropped file, and the timer that opens it.
     FilePath dropped;
     QTimer afterDrop;
-    /// The moment behind the first painting.
+    /// Fires after the first painting.
     QTimer afterPaint;
-    /// As many as ToolLabelRows, in the same order.
+    /// One per row of ToolLabelRows, in the same order.
     std::vector<LinkLabel*> toolLabels;
     QLabel* lblTitle = nullptr;
     QLabel* lblIndicator = nullptr;

@@ -7,7 +7,7 @@
 namespace railwright {
 namespace {
 
-/// Labels and patterns, each ended by a NUL, with one more NUL at the end.
+/// Converts a filter to labels and patterns, each ended by a NUL, with an extra NUL at the end.
 std::string PlatformFilter(std::string filter) {
     std::replace(filter.begin(), filter.end(), '|', '\0');
     std::replace(filter.begin(), filter.end(), ':', '\0');
@@ -19,7 +19,7 @@ std::size_t CharacterCount(const std::string& utf8) {
         std::count_if(utf8.begin(), utf8.end(), [](char unit) { return (unit & 0xC0) != 0x80; }));
 }
 
-/// `name` with NULs behind it; nothing but NULs if there is no room for it.
+/// Returns `name` padded with NULs; only NULs if it does not fit.
 std::string Buffer(const std::string& name) {
     const std::size_t length = CharacterCount(name);
     return length < FileNameBuffer ? name + std::string(FileNameBuffer - length, '\0')
@@ -30,7 +30,7 @@ std::string UpToNul(const std::string& buffer) {
     return buffer.substr(0, buffer.find('\0'));
 }
 
-/// @param flags what the dialog's Booleans ask for.
+/// @param flags the flags for the dialog's Booleans.
 /// @param noFilter the filter index after Cancel.
 bool Ask(FileDialog& dialog, std::int32_t flags, std::int32_t noFilter, std::int32_t (*show)(OpenFileName&)) {
     dialog.sFilter = PlatformFilter(dialog.sFilter);

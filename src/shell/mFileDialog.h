@@ -7,36 +7,36 @@
 
 namespace railwright {
 
-/// Characters in each of the two name buffers of a dialog, the NUL at the end included.
+/// Characters in each name buffer of a dialog, including the final NUL.
 inline constexpr std::size_t FileNameBuffer = 260;
 
-/// What a file dialog is asked, and what it answers. All names are as the user knows them.
+/// The request to a file dialog, and its answer. All names are native paths in UTF-8.
 struct FileDialog {
-    /// Initial name, and on True the full path chosen; empty on False. A name that has no room in the buffer
-    /// is not put into the dialog.
+    /// The initial name. On True, the full path chosen; on False, empty. An initial name that does not fit
+    /// the buffer is ignored.
     std::string sFileName = {};
-    /// The same for the name without its folder.
+    /// The name without its folder, in the same form.
     std::string sFileTitle = {};
-    /// Labels and patterns with "|" between them; it is changed into the platform's form, so a caller that
-    /// asks again builds it again.
+    /// Labels and patterns separated by "|". The call converts it to the platform's form, so set it again
+    /// before each call.
     std::string sFilter = {};
-    /// From 1; on False -1 behind opening and 0 behind saving.
+    /// Index from 1. On False, -1 after opening and 0 after saving.
     std::int32_t iFilterIndex = 1;
-    /// Empty leaves the folder to the platform.
+    /// If empty, the platform chooses the folder.
     std::string sInitialDir = {};
     std::string sDialogTitle = {};
-    /// Added to a name without extension, without its dot.
+    /// The extension added to a name without one. Has no leading dot.
     std::string sDefaultExt = {};
     WindowHandle iOwner = NoWindow;
-    /// Further OFN_ flags, and on True those that the platform returned; on False 0.
+    /// Additional OFN_ flags. On True, the flags that the platform returned; on False, 0.
     std::int32_t iFlags = 0;
 
-    /// Opening: only a file that exists can be chosen.
+    /// When opening, only an existing file can be chosen.
     bool bFileMustExist = true;
-    /// Opening: the read-only box is ticked; becomes True if it was so on return.
+    /// When opening, the read-only box is ticked. Becomes True if the user ticked it.
     bool bReadOnly = false;
     bool bHideReadOnly = true;
-    /// Saving: the name of an existing file asks for confirmation.
+    /// When saving, choosing an existing file asks for confirmation.
     bool bOverwritePrompt = true;
 };
 

@@ -32,14 +32,14 @@ namespace {
 
 constexpr const char* SimulatorProgram = "NoLimitsSimulator.exe";
 
-/// A kind of document, and how the window deals with it.
+/// A kind of document and how the window handles it.
 struct DocumentFlow : DocumentKind {
     std::int16_t Number;
     void (*Refresh)();
 
-    /// A pattern with the kind's name in the place of its "#".
+    /// Replaces the "#" in a pattern by the kind's name.
     std::string Text(std::string pattern) const { return pattern.replace(pattern.find('#'), 1, Name); }
-    /// The label and mask of its files, for a dialog.
+    /// Returns the label and the mask of its files, for a dialog.
     std::string Filter() const {
         const std::string mask = "*" + std::string(Extension);
         return Text("NoLimits #s (") + mask + ")|" + mask;
@@ -50,15 +50,15 @@ constexpr std::array DocumentFlows = {
     DocumentFlow{TrackKind, CurrentDocument::Track, RefreshTrackTools},
     DocumentFlow{ElementKind, CurrentDocument::Element, RefreshElementTools}};
 
-/// Asks for a file that exists.
-/// @return its path, empty on Cancel.
+/// Asks for an existing file.
+/// @return its path; empty on Cancel.
 FilePath AskForFile(FileDialog dialog) {
     dialog.iOwner = frmMain::Instance().Handle();
     ShowOpenFileDialog(dialog);
     return FilePath::FromUser(dialog.sFileName);
 }
 
-/// @param reason of a file, shown below the text.
+/// @param reason the error of the file, shown below the text.
 void ShowError(const std::string& text, const FilePath& file = {}, const std::string& reason = {}) {
     ShowMessageBox(frmMain::Instance().Handle(), text, "Error", MessageButtons::Ok, MessageIcon::Exclamation,
                    reason.empty() ? "" : file.Name().Shown() + ": " + reason);
@@ -69,12 +69,12 @@ void ShowNote(const std::string& text, const std::string& details = {}) {
                    details);
 }
 
-/// After a failed open the controls still show the document of before, but its data may be gone.
+/// Reports that there is no document. After a failed open, the controls may still show the previous one.
 void ShowNoDocument(const std::string& toDo) {
     ShowNote("There is no document to " + toDo + '.');
 }
 
-/// The folder beside the program, of the registry, or of the user's choice.
+/// Returns the folder of the program or of the registry, or the user's choice.
 std::optional<FilePath> SimulatorFolder() {
     const FilePath beside = ProgramFolder();
     if (FileExists(NameLookup().Find(beside, FileName(SimulatorProgram))))
@@ -102,8 +102,8 @@ std::optional<FilePath> SimulatorFolder() {
     return chosen.Folder();
 }
 
-/// Runs what can take long, while the pointer tells to wait.
-/// @return whether there was enough memory for it.
+/// Runs a task with the wait cursor.
+/// @return false if memory was insufficient.
 bool RunWaiting(const std::function<void()>& task) {
     try {
         const WaitPointer wait;
@@ -115,7 +115,7 @@ bool RunWaiting(const std::function<void()>& task) {
     }
 }
 
-/// Opens a file whose extension tells what it is.
+/// Opens a file as a document of one kind. Reports errors to the user.
 bool OpenDocument(const FilePath& file, const DocumentFlow& flow) {
     FileResult loaded;
     {
@@ -131,9 +131,10 @@ bool OpenDocument(const FilePath& file, const DocumentFlow& flow) {
     return RunWaiting(flow.Refresh);
 }
 
-/// After a save under a name with another extension, sDocumentFile tells no format.
-/// @param name becomes the name that was really written.
-/// @return whether the user wants to go on with it.
+/// Offers to continue with the name that was written. After a save under another extension, sDocumentFile has
+/// no known extension.
+/// @param name receives the name that was written.
+/// @return whether the user wants to continue with it.
 bool AskForWrittenName(const DocumentFlow& flow, FilePath& name) {
     name = name.WithEnding(flow.Extension);
     return ShowMessageBox(frmMain::Instance().Handle(),
@@ -142,8 +143,8 @@ bool AskForWrittenName(const DocumentFlow& flow, FilePath& name) {
                           "Save As", MessageButtons::YesNo, MessageIcon::Question) == MessageAnswer::Yes;
 }
 
-/// @param offered what the field of the dialog begins with.
-/// @return the name chosen to save under, empty on Cancel.
+/// @param offered the initial name in the dialog.
+/// @return the chosen name; empty on Cancel.
 FilePath AskForName(const DocumentFlow& flow, const FilePath& offered) {
     FileDialog dialog = {.sFileName = offered.Native(),
                          .sFilter = flow.Filter(),
@@ -251,7 +252,7 @@ void RefreshTrackTools() {
     const TrackMeasures measures = DrawAndMeasureTrack(window.Plan(), window.Side());
     window.Panel<OverviewPanel>(Tabs::Overview)
         .ShowReport(BuildTrackOverview(sDocumentFile, UserNumberSeparators(), measures));
-    // What is not built yet begins with the track that is in hand.
+    // Panels built later read the open track when they are created.
     if (auto* const panel = window.PanelIfBuilt<ShuttleMakePanel>(Tabs::ShuttleMake))
         panel->UpdateShuttleButton();
     if (auto* const panel = window.PanelIfBuilt<RenamerPanel>(Tabs::Renamer))

@@ -15,44 +15,44 @@ inline constexpr std::int16_t Track = 1;
 inline constexpr std::int16_t Element = 2;
 } // namespace CurrentDocument
 
-/// The simulator's folder, with a separator at its end; empty if it was not found.
+/// The simulator's folder, with a trailing separator; empty if not found.
 extern FilePath sNoLimitsPath;
-/// Which of the two documents is the one in hand, one of CurrentDocument.
+/// The kind of the open document, one of CurrentDocument.
 extern std::int16_t iDocumentKind;
-/// Path of the document's file, as the user or the command line gave it.
+/// Path of the document's file, as given by the user or on the command line.
 extern FilePath sDocumentFile;
-/// Whether the document differs from its file.
+/// The document differs from its file.
 extern bool bDocumentChanged;
 
-/// Looks for the simulator's folder: beside the program, in the registry, and then by asking the user.
+/// Searches for the simulator's folder next to the program and in the registry, then asks the user.
 /// @return whether sNoLimitsPath was set.
 bool LocateNoLimitsPath();
 
-/// Opens a document in the place of the one in hand, whose changes are lost without a question. A file that
-/// cannot be opened leaves no document.
-/// @param sFile empty asks the user.
+/// Opens a document and replaces the open one, without asking about its changes. If the file cannot be
+/// opened, no document is open.
+/// @param sFile if empty, the user is asked.
 /// @return whether a document was opened.
 bool OpenNoLimitsFile(FilePath sFile);
 
-/// Asks for a name and saves the document under it. Without a document it says so and writes nothing. If the
-/// document was saved under a name with another extension, it first asks whether to go on with the name that
-/// was written; otherwise nothing is written. A save that fails leaves everything as it was.
-/// @return false only if a save was tried and failed.
+/// Asks for a name and saves the document under it. Without a document, shows a note and writes nothing.
+/// After a save that added an extension to the name, first asks whether to continue with the written name; if
+/// not, writes nothing. A failed save changes nothing.
+/// @return false only if a save failed.
 bool SaveNoLimitsFile();
 
-/// Tells where interrupted saves have left the old content of files, if there are any.
+/// Shows the files with old content left by interrupted saves, if any.
 void ShowInterruptedSaves();
 
-/// Brings all that shows Track up to date: previews, report, and the panels of Shuttle Make and of
-/// the 3DS Renamer. It marks no change.
+/// Updates everything that displays Track: previews, report, and the panels of Shuttle Make and the 3DS
+/// Renamer. Does not mark a change.
 void RefreshTrackTools();
-/// The same for Element.
+/// Updates everything that displays Element.
 void RefreshElementTools();
 
-/// Runs a track tool: changes Track, refreshes, marks the change. Without a document it says so; with an
-/// element it does nothing.
+/// Runs a track tool: changes Track, refreshes, marks the change. Shows a note without a document. Does
+/// nothing if an element is open.
 void ApplyTrackTool(const std::function<void()>& change);
-/// The same for a tool of elements.
+/// Runs an element tool in the same way.
 void ApplyElementTool(const std::function<void()>& change);
 
 } // namespace railwright

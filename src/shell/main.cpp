@@ -9,11 +9,12 @@
 
 namespace {
 
-/// The toolkit's setting for how large everything is, which the user may have made.
+/// The toolkit's variable for the scale of the user interface, which the user may have set.
 constexpr auto* Scale = "QT_SCALE_FACTOR";
 
-/// Makes the whole window larger where the user wants larger texts: its places are fixed, so they grow too.
-/// @return whether the setting was made, which no other program should see.
+/// Enlarges the whole window for users who want larger texts. Control positions are fixed, so they are scaled
+/// too.
+/// @return whether the variable was set. It must not be inherited by other programs.
 bool FollowTextSize() {
     const QSize size = railwright::frmMain::ClientSize();
     const double scale = railwright::UserTextScale(size.width(), size.height());
@@ -23,17 +24,17 @@ bool FollowTextSize() {
 } // namespace
 
 int main(int argc, char** argv) {
-    // The toolkit sees the program's name only: the rest is the name of a file, whatever it looks like.
+    // The toolkit gets only the program's name. The rest is a file name, even if it looks like an option.
     int count = 1;
     const bool isScaled = FollowTextSize();
     QApplication application(count, argv);
     if (isScaled)
         qunsetenv(Scale);
-    // Desktops take the window's icon and name from the desktop entry of that name.
+    // Desktops use the icon and the name of the desktop entry with this name.
     QApplication::setDesktopFileName("railwright");
     QApplication::setStyle(new railwright::ControlStyle);
-    // A question at the start is no last window.
-    // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the application has taken the style over.
+    // Closing a message box at the start must not end the program.
+    // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the application owns the style.
     QApplication::setQuitOnLastWindowClosed(false);
     railwright::DescribeOwnControls();
     railwright::frmMain window;

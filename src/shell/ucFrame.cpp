@@ -28,7 +28,7 @@ void ucFrame::resizeEvent(QResizeEvent* /*event*/) {
 }
 
 void ucFrame::paintEvent(QPaintEvent* /*event*/) {
-    // The window may have come to a screen with pixels of another size.
+    // The window may have moved to a screen of a different resolution.
     if (placedFor != Pixel())
         UserControl_Resize();
     QPainter painter(this);

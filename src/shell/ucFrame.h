@@ -8,8 +8,8 @@
 
 namespace railwright {
 
-/// A panel that holds other controls, with a raised border of one pixel of the screen around it. Light falls
-/// from the top left; the colours are those of the user's scheme.
+/// A panel that contains other controls, with a raised border of one device pixel. Light falls from the top
+/// left. The colours follow the user's scheme.
 class ucFrame final : public QWidget {
 public:
     explicit ucFrame(QWidget* parent);
@@ -19,7 +19,7 @@ public:
         QLineF Ends;
         QPalette::ColorRole Colour;
     };
-    /// Top, left, right and bottom, in the order in which they are drawn.
+    /// Returns top, left, right and bottom, in drawing order.
     const std::array<BorderLine, 4>& Border() const { return border; }
 
 protected:
@@ -27,7 +27,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    /// @return the side of one pixel of the screen.
+    /// Returns the size of a device pixel in logical pixels.
     double Pixel() const { return 1 / devicePixelRatioF(); }
     void UserControl_Resize();
 
