@@ -10,7 +10,7 @@
 namespace railwright {
 namespace {
 
-/// The panel is white paper whatever colours the user has chosen, so its text is black.
+/// Returns a palette of black on white, whatever colours the user has chosen.
 QPalette Paper() {
     return {Qt::black, Qt::lightGray, Qt::white, Qt::darkGray, Qt::gray, Qt::black, Qt::white};
 }
@@ -18,7 +18,7 @@ QPalette Paper() {
 QLabel* AddLine(ucFrame& frame, const QString& name, const QString& caption, const Place& place,
                 const QFont& font) {
     QLabel* const line = AddLabel(frame, name, caption, place, font);
-    // The places leave no room between the lines but at their feet.
+    // Bottom-aligned, because the areas leave no room between the lines.
     line->setAlignment(Qt::AlignHCenter | Qt::AlignBottom);
     line->setPalette(Paper());
     return line;
@@ -37,7 +37,7 @@ AboutPanel::AboutPanel(ucFrame& frame) {
 
     QLabel* const name = AddLine(frame, "Label18", "Railwright", {120, 1620, 7335, 555},
                                  ControlFont(24, {.Bold = true, .Italic = true}));
-    // Its lowest letter would stand on the next line.
+    // The descenders would touch the next line.
     name->setContentsMargins(0, 0, 0, 5);
     AddLine(frame, "Label19(0)", "Version " + QString::fromUtf8(Version) + ".0", {120, 2100, 7335, 255},
             ControlFont(9.75, {.Bold = true}));

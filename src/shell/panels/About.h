@@ -6,7 +6,7 @@ namespace railwright {
 
 class ucFrame;
 
-/// What the program is, and by whom.
+/// Shows the program's version and authors.
 class AboutPanel final : public ToolPanel {
 public:
     explicit AboutPanel(ucFrame& frame);

@@ -6,7 +6,7 @@ namespace railwright {
 
 class ucFrame;
 
-/// Makes the open element run the other way.
+/// Reverses the direction of the open element.
 class ElementReversePanel final : public ToolPanel {
 public:
     explicit ElementReversePanel(ucFrame& frame);

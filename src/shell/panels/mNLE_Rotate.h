@@ -9,7 +9,7 @@ namespace railwright {
 class AngleBar;
 class ucFrame;
 
-/// Turns the open element about one of the axes.
+/// Rotates the open element about one of the axes.
 class ElementRotatePanel final : public ToolPanel {
 public:
     explicit ElementRotatePanel(ucFrame& frame);

@@ -28,7 +28,7 @@ constexpr const char* HelpText =
 
 } // namespace
 
-/// The numbered objects, of which there may be a million: an item is made when it is looked at.
+/// The numbered objects, up to a million. Creates items only when they are displayed.
 class RenamerPanel::ObjectList final : public QAbstractListModel {
 public:
     using QAbstractListModel::QAbstractListModel;
@@ -73,7 +73,7 @@ RenamerPanel::RenamerPanel(ucFrame& frame)
 void RenamerPanel::Refresh3DSRenamer() {
     const std::int32_t count = Track.SceneryObjects.Count;
     {
-        // Filling the list is not yet a choice.
+        // Filling the list must not trigger a selection.
         const QSignalBlocker blocker(cmbTDSRenamer);
         objects->SetCount(count);
         cmbTDSRenamer->setCurrentIndex(count >= 1 ? 0 : -1);

@@ -19,7 +19,7 @@ class RenamerPanel final : public ToolPanel {
 public:
     explicit RenamerPanel(ucFrame& frame);
 
-    /// Fills the list with the objects of the track and chooses the first.
+    /// Lists the objects of the track and selects the first.
     void Refresh3DSRenamer();
 
 private:
@@ -27,7 +27,7 @@ private:
 
     void cmbTDSRenamer_Click();
     void btnTDSRenamer_Click();
-    /// The name of the chosen object; nothing if the track has no such object.
+    /// Returns the name of the selected object; null if there is none.
     QString ChosenName() const;
 
     QComboBox* cmbTDSRenamer;

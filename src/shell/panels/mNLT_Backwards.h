@@ -6,7 +6,7 @@ namespace railwright {
 
 class ucFrame;
 
-/// Makes the open track run the other way round.
+/// Reverses the direction of the open track.
 class BackwardsPanel final : public ToolPanel {
 public:
     explicit BackwardsPanel(ucFrame& frame);

@@ -15,14 +15,14 @@
 namespace railwright {
 namespace {
 
-/// A button, and the direction of one metre that it stands for.
+/// A button and its direction, as a vector of one metre.
 struct Direction {
     const char* Caption;
     Vector3 Metre;
     int Left, Top;
 };
 
-// A compass rose, and up and down beside it.
+// A compass rose, with up and down next to it.
 constexpr std::array Directions = {
     Direction{"N", {0, 0, -1}, 5520, 3660}, Direction{"S", {0, 0, 1}, 5520, 4500},
     Direction{"E", {1, 0, 0}, 5940, 4080},  Direction{"W", {-1, 0, 0}, 5100, 4080},

@@ -12,7 +12,7 @@ namespace railwright {
 
 class ucFrame;
 
-/// Shifts the open track along one of the axes.
+/// Moves the open track along one of the axes.
 class MovePanel final : public ToolPanel {
 public:
     explicit MovePanel(ucFrame& frame);

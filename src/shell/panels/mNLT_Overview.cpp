@@ -10,7 +10,7 @@
 namespace railwright {
 namespace {
 
-/// A text that shows in its frame whether it has the keyboard focus.
+/// A text box that shows the keyboard focus in its frame.
 class ReportBox final : public QPlainTextEdit {
 public:
     explicit ReportBox(QWidget* parent) : QPlainTextEdit(parent) {

@@ -11,13 +11,14 @@ namespace railwright {
 
 class ucFrame;
 
-/// The report of the open track.
+/// Shows the report of the open track.
 class OverviewPanel final : public ToolPanel {
 public:
     explicit OverviewPanel(ucFrame& panel);
 
-    /// @param report UTF-8, its lines set apart by CR LF. The box gets it when it is seen: to lay out a long
-    /// text takes a while.
+    /// Sets the report. The box receives it only when it is visible, because the layout of a long text takes
+    /// a while.
+    /// @param report UTF-8; lines separated by CR LF.
     void ShowReport(std::string report);
     void Prepare() override;
 
@@ -25,9 +26,9 @@ private:
     void MakeBox();
 
     ucFrame& frame;
-    /// Made when it is first seen: it needs fonts that nothing else needs, and to find them takes a while.
+    /// Created when first visible, because finding its fonts takes a while.
     QPlainTextEdit* txtOverview = nullptr;
-    /// What the box does not have yet.
+    /// The report not yet in the box.
     std::optional<std::string> pending;
 };
 

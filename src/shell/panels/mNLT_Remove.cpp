@@ -10,7 +10,7 @@
 namespace railwright {
 namespace {
 
-/// A check box, in the order in which they run down the panel.
+/// A check box. The rows are ordered from top to bottom.
 struct Row {
     int Index;
     const char* Caption;
@@ -65,7 +65,7 @@ RemovePanel::RemovePanel(ucFrame& frame) {
 }
 
 void RemovePanel::chkRemove_Click() {
-    // Both go with the track.
+    // Removing the track removes both.
     chkRemove[1]->setEnabled(!chkRemove[0]->isChecked());
     chkRemove[2]->setEnabled(!chkRemove[0]->isChecked());
 }

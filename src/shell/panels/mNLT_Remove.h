@@ -10,7 +10,7 @@ namespace railwright {
 
 class ucFrame;
 
-/// Strips classes of data out of the open track.
+/// Removes classes of data from the open track.
 class RemovePanel final : public ToolPanel {
 public:
     explicit RemovePanel(ucFrame& frame);

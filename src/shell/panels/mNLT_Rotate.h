@@ -10,7 +10,7 @@ namespace railwright {
 class AngleBar;
 class ucFrame;
 
-/// Turns the open track about the vertical axis.
+/// Rotates the open track about the vertical axis.
 class RotatePanel final : public ToolPanel {
 public:
     explicit RotatePanel(ucFrame& frame);

@@ -10,7 +10,7 @@ namespace railwright {
 
 class ucFrame;
 
-/// Makes the open track larger or smaller.
+/// Scales the open track.
 class ScalePanel final : public ToolPanel {
 public:
     explicit ScalePanel(ucFrame& frame);

@@ -8,7 +8,7 @@ namespace railwright {
 
 class ucFrame;
 
-/// Reshapes the curve of the open track.
+/// Smooths the curve of the open track.
 class SmootherPanel final : public ToolPanel {
 public:
     explicit SmootherPanel(ucFrame& frame);
@@ -18,7 +18,7 @@ public:
 private:
     void btnTSmoother_Click();
 
-    /// Tells that the track is too long, and is empty otherwise.
+    /// Reports that the track is too long; otherwise empty.
     QLabel* lblTSmoother;
 };
 

@@ -14,7 +14,7 @@
 
 namespace railwright {
 
-/// The progress of a run, from 0 to 100 across. It keeps what was drawn until the next run.
+/// The progress bar of a run, in percent. Keeps its state until the next run.
 class EnvironmentOrganizerPanel::Bar final : public QProgressBar, public OrganizerProgress {
 public:
     explicit Bar(QWidget* parent) : QProgressBar(parent) {
@@ -27,7 +27,7 @@ public:
     void ShowShare(int percent) override { Fill(percent, Qt::red); }
     void ShowDone() override { Fill(100, Qt::green); }
     void RunPendingEvents() override { railwright::RunPendingEvents(); }
-    void Tell(const std::string&) override {} // the bar is all that a run shows
+    void Tell(const std::string&) override {} // the window shows only the bar
 
 protected:
     void paintEvent(QPaintEvent*) override {

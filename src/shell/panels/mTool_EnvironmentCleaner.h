@@ -11,12 +11,12 @@ namespace railwright {
 
 class ucFrame;
 
-/// Tidies the folder of the simulator's environments.
+/// Organizes the simulator's environments.
 class EnvironmentOrganizerPanel final : public ToolPanel {
 public:
     explicit EnvironmentOrganizerPanel(ucFrame& frame);
 
-    /// Counts the environments afresh.
+    /// Counts the environments again.
     void Prepare() override;
 
 private:

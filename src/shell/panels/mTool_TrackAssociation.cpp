@@ -24,7 +24,7 @@ constexpr const char* HelpText =
     "the image that will show next to each track file.  Note that on some Windows configurations "
     "the Icon will not change until the computer is rebooted.";
 
-/// A control of a group: its caption and its width in twips. They stand one below the other.
+/// A control of a group. The controls are placed below each other; Width is in twips.
 struct Line {
     const char* Caption;
     int Width;
@@ -48,7 +48,7 @@ QGroupBox* AddGroup(ucFrame& frame, const char* name, const char* caption, const
     return Placed(new QGroupBox(caption, &frame), name, place);
 }
 
-/// @return the index of the option that is selected.
+/// Returns the index of the selected option.
 template <class Options>
 std::size_t SelectedIn(const Options& options) {
     const auto selected = std::find_if(options.begin(), options.end(),
@@ -147,7 +147,7 @@ void FileAssociationPanel::btnNLAssoc_Click() {
 }
 
 void FileAssociationPanel::optNLAssocDblClk_Click(std::size_t Index) {
-    // What a double-click runs is always in the menu of the right button.
+    // The double-click action is always in the context menu.
     for (std::size_t index = 0; index < optNLAssocDblClk.size(); ++index)
         chkNLAssocRtClk[index]->setEnabled(index != Index);
 }

@@ -15,7 +15,7 @@ namespace railwright {
 class Picture;
 class ucFrame;
 
-/// Chooses what the desktop does with a track file.
+/// Chooses the desktop's actions and icon for track files.
 class FileAssociationPanel final : public ToolPanel {
 public:
     explicit FileAssociationPanel(ucFrame& frame);
@@ -23,7 +23,7 @@ public:
     void Prepare() override;
 
 private:
-    /// The icons are loaded when the panel is shown for the first time.
+    /// Loads the icons when the panel is first shown.
     void LoadIcons();
     void AddDoubleClick(ucFrame& frame);
     void AddRightClick(ucFrame& frame);
