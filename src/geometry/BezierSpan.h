@@ -54,18 +54,19 @@ private:
     Coordinate x, y, z;
 };
 
-/// The point of a cubic Bezier span at T. Note that the end comes before the second control point. The
-/// point is computed in double precision, and each coordinate is rounded once. T may lie outside 0 to 1.
+/// Returns the point of a cubic Bezier span at T. Note the order of the parameters: the end comes before the
+/// second control point. The point is computed in double precision, and each coordinate is rounded once. T
+/// may be outside 0 to 1.
 inline Vector3 BezierPoint(const Vector3& Start, const Vector3& FirstControl, const Vector3& End,
                            const Vector3& SecondControl, float T) {
     return BezierSpan(Start, FirstControl, End, SecondControl).Point(BezierWeightsAt(T));
 }
 
-/// @return the weights at T = 0, `step`, 2 `step` and so on up to `last`. The step is added to T in 32 bits,
-/// so the rounding decides how many samples there are.
+/// Returns the weights at T = 0, `step`, 2 `step` and so on up to `last`. T is accumulated in 32 bits, so
+/// rounding affects the number of samples.
 inline std::vector<BezierWeights> BezierSteps(float step, float last) {
     std::vector<BezierWeights> steps;
-    // NOLINTNEXTLINE(clang-analyzer-security.FloatLoopCounter): the sum is what the samples are defined by.
+    // NOLINTNEXTLINE(clang-analyzer-security.FloatLoopCounter): the accumulated sum defines the samples.
     for (float T = 0; T <= last; T += step)
         steps.push_back(BezierWeightsAt(T));
     return steps;

@@ -17,13 +17,13 @@ using Preview::Centre;
 
 constexpr Rgb FirstNodeColour = {255, 255, 0};
 constexpr Rgb NodeColour = {255, 255, 255};
-constexpr int LargestSteppedExtent = 219; // beyond it the steps of the scale come to 0
-constexpr int LargestExtent = 1'000'000;  // enough for a scale of nothing, and far from the end of an int
+constexpr int LargestSteppedExtent = 219; // above this, the stepped scale would be 0
+constexpr int LargestExtent = 1'000'000;  // large enough for a scale near 0, and far below the int limit
 constexpr int CurvePen = 1;
 constexpr int NodePen = 3;
 
-/// @param forEachPoint calls what it is given with each point of the curve.
-/// @return the largest extent of the curve in whole metres, at least 1. The end of the curve does not count.
+/// @param forEachPoint calls its argument with each point of the curve.
+/// @return the largest extent of the curve in whole metres, at least 1. Excludes the end of the curve.
 template <class ForEachPoint>
 int LargestExtentOfCurve(ForEachPoint&& forEachPoint) {
     Bounds bounds;
@@ -41,14 +41,14 @@ int LargestExtentOfCurve(ForEachPoint&& forEachPoint) {
     return largest;
 }
 
-/// @return pixels for each metre, rounded to halves unless that gives 0.
+/// Returns the scale in pixels per metre, rounded to halves unless that gives 0.
 float ScaleFor(int largestExtent) {
     const double quotient = 110.0 / largestExtent;
     return static_cast<float>((largestExtent <= LargestSteppedExtent ? std::nearbyint(quotient) : quotient) /
                               2);
 }
 
-/// Draws the lines of the grid, ten metres apart and one through the centre, and the axes.
+/// Draws the axes and the grid, with a spacing of ten metres and a line through the centre.
 void DrawGround(PictureBox& picture, float scale) {
     const int step = static_cast<int>(std::nearbyint(static_cast<double>(scale) * 10));
     if (step >= 1)
@@ -60,7 +60,7 @@ void DrawGround(PictureBox& picture, float scale) {
     Preview::Line(picture, 0, Centre, Area, Centre, Preview::AxisColour);
 }
 
-/// @param forEachPoint as above.
+/// @param forEachPoint calls its argument with each point of the curve.
 template <class ForEachPoint>
 void Draw(PictureBox& plan, PictureBox& side, ForEachPoint&& forEachPoint) {
     const float scale = ScaleFor(LargestExtentOfCurve(forEachPoint));

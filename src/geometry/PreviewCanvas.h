@@ -9,7 +9,7 @@
 
 namespace railwright {
 
-/// What the previews share: a drawing area of 220 pixels with the world's origin in its centre.
+/// The common part of the previews: a drawing area of 220 pixels with the world's origin at its centre.
 namespace Preview {
 
 inline constexpr int Area = 220;
@@ -18,7 +18,7 @@ inline constexpr Rgb AxisColour = {64, 64, 64};
 inline constexpr Rgb GridColour = {32, 32, 32};
 inline constexpr Rgb CurveColour = {0, 128, 255};
 
-/// Returns whether a line of that colour is part of the grid or an axis.
+/// Returns whether lines of this colour are part of the grid or an axis.
 inline bool IsGround(Rgb colour) {
     return colour == GridColour || colour == AxisColour;
 }
@@ -28,22 +28,21 @@ inline void Line(PictureBox& picture, int x1, int y1, int x2, int y2, Rgb colour
                  static_cast<float>(y2), colour);
 }
 
-/// A place on a picture.
+/// A position on a picture.
 struct Pixel {
     float X;
     float Y;
 };
 
-/// How a point of the world is placed on a picture. Coordinates are computed in double precision and rounded
-/// once.
+/// Maps points of the world to a picture. Coordinates are computed in double precision and rounded once.
 struct Mapping {
-    /// Which coordinate runs along each direction of the picture, and pixels for each metre.
+    /// The coordinate shown along each direction of the picture, and its scale in pixels per metre.
     float Vector3::*Across;
     double AcrossScale;
     float Vector3::*Down;
     double DownScale;
 
-    /// @return nothing if the point is not finite, or so far away that its pixel is not.
+    /// Returns nothing if the point or its pixel is not finite.
     std::optional<Pixel> Of(const Vector3& point) const {
         const Pixel pixel = {At(point.*Across, AcrossScale), At(point.*Down, DownScale)};
         const bool isThere = IsFinite(point) && std::isfinite(pixel.X) && std::isfinite(pixel.Y);
@@ -56,12 +55,12 @@ private:
     }
 };
 
-/// One of the two views: where it is drawn, and how.
+/// One of the two views: a picture and its mapping.
 struct View {
     PictureBox& Picture;
     Mapping Map;
 
-    /// Draws a chord of the curve if both ends have a place.
+    /// Draws a chord of the curve if both ends can be mapped.
     void Chord(const Vector3& from, const Vector3& to, Rgb colour) const {
         const auto start = Map.Of(from);
         const auto end = Map.Of(to);

@@ -45,7 +45,7 @@ void DrawSideGround(PictureBox& side) {
     Preview::Line(side, 0, Centre, Area, Centre, Preview::AxisColour);
 }
 
-/// Draws all but the track.
+/// Draws everything except the track.
 void DrawGround(PictureBox& plan, PictureBox& side) {
     plan.Cls();
     side.Cls();
@@ -60,8 +60,7 @@ public:
         : views{Preview::View{plan, {&Vector3::X, PixelsPerMetre, &Vector3::Z, PixelsPerMetre}},
                 Preview::View{side, {&Vector3::X, PixelsPerMetre, &Vector3::Y, -PixelsPerMetre}}} {}
 
-    /// Draws from the point before to this one, which begins the next chord, if there is any, in the colour
-    /// of the segment at its node.
+    /// Draws the chord from the previous point, if any, in the colour of the segment at that point's node.
     void To(const Vector3& point, std::int32_t node) {
         if (begun)
             for (const Preview::View& view : views)

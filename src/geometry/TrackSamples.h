@@ -9,14 +9,14 @@
 
 namespace railwright {
 
-/// @return the number of spans of Track: one for each node on a closed circuit, one fewer on an open track.
+/// Returns the number of spans of Track: one per node on a closed circuit, one fewer on an open track.
 inline std::int32_t TrackSpanCount() {
     const std::int32_t nodes = Track.BezierCurve.NodeCount;
     return Track.SegmentList.ClosedCircuit || nodes < 1 ? nodes : nodes - 1;
 }
 
-/// Calls `visit` for each sample of the centre line in track order, with the index of the node at which its
-/// span starts and the point. A span has 101 samples, 0.01 apart in T; the last one is just below 1.
+/// Calls `visit` for each sample of the centre line in track order. Passes the point and the index of the
+/// node where its span starts. A span has 101 samples, 0.01 apart in T; the last one is just below 1.
 template <class Visit>
 void ForEachTrackSample(Visit&& visit) {
     FreeWideRegisters();
@@ -33,11 +33,11 @@ void ForEachTrackSample(Visit&& visit) {
     }
 }
 
-/// The length of Track's centre line, added up sample by sample.
+/// Adds up the length of Track's centre line, sample by sample.
 class LengthOfSamples {
 public:
-    /// Adds the straight distance from the previous sample, or from the first node. The sum is rounded to 32
-    /// bits each time.
+    /// Adds the straight distance from the previous sample, or from the first node. Rounds the sum to 32 bits
+    /// each time.
     void Add(const Vector3& sample) {
         const double x = static_cast<double>(sample.X) - static_cast<double>(previous.X);
         const double y = static_cast<double>(sample.Y) - static_cast<double>(previous.Y);
@@ -46,7 +46,7 @@ public:
         previous = sample;
     }
 
-    /// In metres; 0 for a track of one node.
+    /// Returns metres; 0 for a track of one node.
     float Total() const { return Track.BezierCurve.NodeCount < 2 ? 0 : length; }
 
 private:

@@ -13,7 +13,7 @@ struct Turn {
     float Sine;
 };
 
-/// The angle in radians is rounded to 32 bits before its sine and cosine are computed.
+/// Rounds the angle in radians to 32 bits before computing its sine and cosine.
 Turn TurnBy(float degrees) {
     const auto radians = static_cast<float>(static_cast<double>(degrees) * Pi / 180);
     return {static_cast<float>(std::cos(static_cast<double>(radians))),

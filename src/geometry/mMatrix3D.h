@@ -9,11 +9,11 @@ namespace railwright {
 /// Pi to fifteen digits. All results depend on exactly this value.
 inline constexpr double Pi = 3.14159265358979;
 
-/// A 4x4 matrix, row by row. Points are column vectors, so in a product A times B the matrix B acts first.
-/// Sums are computed in double precision; each stored element is rounded once.
+/// A 4x4 matrix in row-major order. Points are column vectors, so the product A times B applies B first. Sums
+/// are computed in double precision; each stored element is rounded once.
 using Matrix3D = std::array<float, 16>;
 
-/// A turn about an axis, in degrees. About X it turns +Y towards +Z, about Y +Z towards +X, about Z +X
+/// Return a rotation about an axis. About X it rotates +Y towards +Z, about Y +Z towards +X, about Z +X
 /// towards +Y.
 Matrix3D MatrixRotateX(float degrees);
 Matrix3D MatrixRotateY(float degrees);
@@ -21,10 +21,10 @@ Matrix3D MatrixRotateZ(float degrees);
 
 Matrix3D MatrixTranslate(float x, float y, float z);
 
-/// @return A times B.
+/// Returns A times B.
 Matrix3D MatrixMultiply(const Matrix3D& A, const Matrix3D& B);
 
-/// @return M times P, where the fourth component of P is 1. The bottom row of M is not read.
+/// Returns M times P, where the fourth component of P is 1. Ignores the bottom row of M.
 Vector3 MatrixTransform(const Matrix3D& M, const Vector3& P);
 
 } // namespace railwright

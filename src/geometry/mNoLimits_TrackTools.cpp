@@ -34,17 +34,17 @@ float FiniteOrZero(float value) {
     return std::isfinite(value) ? value : 0;
 }
 
-/// Calls `visit` with each point of the polyline of Track and its node. @return the length of the centre
-/// line.
+/// Calls `visit` with each point of Track's polyline and its node.
+/// @return the length of the centre line.
 template <class Visit>
 float VisitTrackPoints(Visit&& visit) {
-    float running = Spacing; // so that the first sample is kept
+    float running = Spacing; // so that the first sample is included
     Vector3 previous;
     std::optional<Vector3> first;
     LengthOfSamples length;
     ForEachTrackSample([&](std::int32_t node, const Vector3& sample) {
         const double step = DistanceInPlan(previous, sample);
-        if (std::isfinite(step)) // one bad node does not end the track
+        if (std::isfinite(step)) // a bad node must not end the track
             running = static_cast<float>(static_cast<double>(running) + step);
         if (running >= Spacing) {
             running = 0;
@@ -67,7 +67,6 @@ const std::vector<BezierWeights>& ElementSteps() {
     return steps;
 }
 
-/// Calls `visit` with each point of the polyline of Element.
 template <class Visit>
 void VisitElementPoints(Visit&& visit) {
     const auto visitSpan = [&](std::size_t end, std::span<const BezierWeights> steps) {
@@ -122,8 +121,8 @@ TrackMeasures MeasureTrack() {
 }
 
 float ForEachTrackPoint(const std::function<void(const Vector3& point, std::int32_t node)>& visit) {
-    // The points are handed on in bunches: with a call behind each of them, what the samples are worked out
-    // from would leave the processor's registers and come back every time.
+    // The points are passed on in batches. A call after each point would spill the sampling values from the
+    // processor's registers.
     struct Point {
         Vector3 Place;
         std::int32_t Node;
