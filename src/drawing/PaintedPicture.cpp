@@ -11,7 +11,7 @@
 namespace railwright {
 namespace {
 
-/// Moves the end of a line that lies outside of the range between `least` and `greatest` onto its border.
+/// Moves a line's end that is outside the range from `least` to `greatest` onto the border of the range.
 void CutEnd(double& along, double& across, double otherAlong, double otherAcross, double least,
             double greatest) {
     const double border = std::clamp(along, least, greatest);
@@ -21,7 +21,7 @@ void CutEnd(double& along, double& across, double otherAlong, double otherAcross
     }
 }
 
-/// Does so with both ends. @return whether any part of the line lies within the range.
+/// Cuts both ends. @return whether any part of the line is in the range.
 bool CutLine(double& along1, double& across1, double& along2, double& across2, double least,
              double greatest) {
     if (std::max(along1, along2) < least || std::min(along1, along2) > greatest)
@@ -31,7 +31,7 @@ bool CutLine(double& along1, double& across1, double& along2, double& across2, d
     return true;
 }
 
-/// The part of a line that lies on the picture or at most so far beyond its edge, nothing if there is none.
+/// Returns the part of a line on the picture or at most `beyond` pixels outside; nothing if there is none.
 std::optional<QLineF> Clipped(double x1, double y1, double x2, double y2, double beyond) {
     const double greatest = PictureBox::Size + beyond;
     if (!CutLine(x1, y1, x2, y2, -beyond, greatest) || !CutLine(y1, x1, y2, x2, -beyond, greatest))
@@ -39,8 +39,8 @@ std::optional<QLineF> Clipped(double x1, double y1, double x2, double y2, double
     return QLineF(x1, y1, x2, y2);
 }
 
-/// How far beyond the edge a line is followed, as far as a pixel of the smallest picture is wide: a painter
-/// loses its precision in the distance.
+/// Lines are kept up to this distance from the edge, which is one pixel of the smallest picture. The painter
+/// is imprecise at large coordinates.
 constexpr double Followed = PictureBox::Size;
 
 std::optional<QLineF> Followable(float x1, float y1, float x2, float y2) {
@@ -48,7 +48,6 @@ std::optional<QLineF> Followable(float x1, float y1, float x2, float y2) {
                    static_cast<double>(y2), Followed);
 }
 
-/// How a line is drawn.
 struct Brush {
     Rgb Colour;
     int Width;
@@ -65,7 +64,7 @@ bool IsAlongPixels(const QLineF& line) {
 } // namespace
 
 void PaintedPicture::Cls() {
-    strokes = std::vector<Stroke>(); // those of a long track take much memory
+    strokes = std::vector<Stroke>(); // releases the memory, which is large for a long track
 }
 
 void PaintedPicture::Line(float x1, float y1, float x2, float y2, Rgb colour) {
@@ -78,7 +77,7 @@ void PaintedPicture::PSet(float x, float y, Rgb colour) {
 }
 
 void PaintedPicture::DrawWidth(int pixels) {
-    penWidth = static_cast<std::uint8_t>(std::min(pixels, 255)); // more than the picture
+    penWidth = static_cast<std::uint8_t>(std::min(pixels, 255)); // larger than the picture
 }
 
 QImage PaintedPicture::Drawn(double ratio) const {
@@ -87,16 +86,16 @@ QImage PaintedPicture::Drawn(double ratio) const {
     QPainter painter(&picture);
     // The painter ignores a ratio of the image that is below 1.
     painter.scale(ratio, ratio);
-    // A whole coordinate means the middle of its pixel.
+    // Whole coordinates mean the centre of a pixel.
     painter.translate(0.5, 0.5);
-    std::optional<Brush> brush; // that the painter has in hand
+    std::optional<Brush> brush; // currently set in the painter
     for (const Stroke& stroke : strokes) {
         const std::optional<QLineF> line = Followable(stroke.X1, stroke.Y1, stroke.X2, stroke.Y2);
-        // Its width, and a pixel that it may touch at its border.
+        // The pen's width, plus a pixel for antialiasing.
         if (!line || !Clipped(line->x1(), line->y1(), line->x2(), line->y2(), stroke.Width + 1 + 1 / ratio))
             continue;
         const bool isPoint = line->isNull();
-        // A line along a row or a column of pixels fills just these.
+        // A line along a row or column of pixels needs no antialiasing.
         const Brush own = {stroke.Colour, stroke.Width, isPoint || !IsAlongPixels(*line)};
         if (own != brush) {
             painter.setRenderHint(QPainter::Antialiasing, own.Smooth);

@@ -10,8 +10,8 @@
 
 namespace railwright {
 
-/// A picture that the toolkit's painter draws, in any number of pixels. It keeps the drawing calls that can
-/// be seen, and takes neither a window nor a screen.
+/// A picture drawn by the toolkit's painter at any resolution. Records the visible drawing calls. Needs
+/// neither a window nor a screen.
 class PaintedPicture final : public PictureBox {
 public:
     void Cls() override;
@@ -19,14 +19,14 @@ public:
     void PSet(float x, float y, Rgb colour) override;
     void DrawWidth(int pixels) override;
 
-    /// @return the number of lines and points since the last Cls that are on the picture or near it.
+    /// Returns the number of lines and points since the last Cls that are on the picture or near it.
     std::size_t StrokeCount() const { return strokes.size(); }
 
-    /// @return the picture with `ratio` pixels to each of its own along both sides.
+    /// Returns the picture scaled by `ratio` in both directions.
     QImage Drawn(double ratio) const;
 
 private:
-    /// A line, or a point where both ends are the same place. There may be millions.
+    /// A line, or a point if both ends are equal. There may be millions.
     struct Stroke {
         float X1, Y1, X2, Y2;
         Rgb Colour;

@@ -13,23 +13,23 @@ struct Rgb {
     bool operator==(const Rgb&) const = default;
 };
 
-/// A square picture on black ground, with a coordinate system in pixels: X to the right, Y downwards. It
-/// keeps what was drawn until the next Cls, and its pen width over that. The pen starts one pixel wide.
+/// A square picture on a black background, with coordinates in pixels: X to the right, Y down. Keeps its
+/// content until the next Cls. The pen width starts at one pixel and is not reset by Cls.
 class PictureBox {
 public:
     /// Width and height of the picture, in pixels.
     static constexpr int Size = 224;
 
     virtual ~PictureBox() = default;
-    /// Clears the picture to its black ground.
+    /// Clears the picture to black.
     virtual void Cls() = 0;
     virtual void Line(float x1, float y1, float x2, float y2, Rgb colour) = 0;
-    /// Sets one point, as large as the pen is wide.
+    /// Draws one point with the diameter of the pen.
     virtual void PSet(float x, float y, Rgb colour) = 0;
     virtual void DrawWidth(int pixels) = 0;
 };
 
-/// A picture that nobody looks at.
+/// A picture that ignores all drawing calls.
 class NoPicture final : public PictureBox {
 public:
     void Cls() override {}

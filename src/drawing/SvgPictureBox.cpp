@@ -6,7 +6,7 @@
 namespace railwright {
 namespace {
 
-/// What stands between the quotes of an attribute.
+/// Formats a colour as an attribute value.
 struct Hex {
     Rgb Colour;
 };

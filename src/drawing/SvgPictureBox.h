@@ -5,8 +5,8 @@
 
 namespace railwright {
 
-/// A picture that is written as an SVG document while it is drawn, one element for each drawing call. What
-/// was drawn before a Cls lies below the black ground of that.
+/// Writes an SVG document while drawing, one element per drawing call. Cls covers earlier elements with a
+/// black background.
 class SvgPictureBox final : public PictureBox {
 public:
     /// Begins the document.
@@ -17,7 +17,7 @@ public:
     void PSet(float x, float y, Rgb colour) override;
     void DrawWidth(int pixels) override;
 
-    /// Ends the document, behind the last drawing call.
+    /// Ends the document. Call it after the last drawing call.
     void End();
 
 private:
