@@ -13,7 +13,7 @@
 namespace railwright {
 namespace {
 
-/// Enough to cross the picture more than a hundred times. More strokes take time without showing more.
+/// Enough to cross the picture more than a hundred times. More strokes take time without adding detail.
 constexpr double MostStrokes = 50'000;
 
 double SquaredLength(const QPointF& from, const QPointF& to) {
@@ -40,7 +40,7 @@ public:
     double Length() const { return length; }
     double PointCount() const { return points; }
     QPointF Centre() const { return {(left + right) / 2, (top + bottom) / 2}; }
-    /// Returns the larger side of the box around the curve, or 1 for a single place.
+    /// Returns the larger side of the curve's bounding box, or 1 if the curve is a single point.
     double Extent() const {
         const double larger = std::max(right - left, bottom - top);
         return larger > 0 ? larger : 1;
@@ -66,7 +66,7 @@ public:
     FittedPicture(QImage& image, const CurveMeasure& curve)
         : painter(&image),
           lineWidth(std::max(1.5, image.width() / 80.0)),
-          // The margin holds the widest pen.
+          // The margin fits the widest pen.
           scale((image.width() - std::min(5 * lineWidth, image.width() / 2.0)) / curve.Extent()),
           share(MostStrokes / (curve.Length() * scale / Step() + curve.PointCount())) {
         painter.setRenderHint(QPainter::Antialiasing);
@@ -103,7 +103,7 @@ public:
 private:
     static constexpr int LongestStroke = 16; // steps
 
-    /// Shorter steps are left out, because the pen covers the difference.
+    /// Steps shorter than this are skipped, because the pen covers the difference.
     double Step() const { return lineWidth / 2; }
 
     QPointF Placed(float x, float y) const { return (QPointF(x, y) - origin) * scale; }
@@ -114,8 +114,8 @@ private:
         pending.clear();
     }
 
-    /// Returns whether the next stroke is one of the share that is drawn. The golden ratio spreads them
-    /// evenly, whatever the period of the curve.
+    /// Returns whether to draw the next stroke. The golden ratio distributes the drawn share evenly, whatever
+    /// the period of the curve.
     bool TakePen() {
         constexpr double golden = 0.6180339887498949;
         turn += turn + golden < 1 ? golden : golden - 1;
@@ -133,7 +133,7 @@ private:
     QPointF origin;
     double penWidth = lineWidth;
     double turn = 0;
-    /// The stroke that is not drawn yet, without the last steps up to `end`.
+    /// The stroke not drawn yet, without the last steps up to `end`.
     QPolygonF pending;
     QPointF end;
     Rgb brush;

@@ -8,10 +8,10 @@
 
 namespace railwright {
 
-/// Draws the curve of a plan as a square picture that it fills, without the grid. The time does not grow with
-/// the length of the curve: of an endless one only some strokes are drawn, as many as the picture can show.
+/// Draws the curve of a plan as a square picture, fitted to its size and without the grid. For long curves
+/// only as many strokes are drawn as the picture can show, so the time is limited.
 /// @param size width and height in pixels.
-/// @param draw draws the plan. It is called twice.
+/// @param draw draws the plan. Called twice.
 QImage DrawThumbnail(int size, const std::function<void(PictureBox& plan)>& draw);
 
 } // namespace railwright

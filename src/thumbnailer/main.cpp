@@ -1,4 +1,4 @@
-// Draws the plan of a document as a small picture, for file managers.
+// Draws a thumbnail of a document's plan for file managers.
 #include "base/Text.h"
 #include "base/Version.h"
 #include "documents/DocumentKinds.h"
@@ -19,11 +19,11 @@ namespace {
 constexpr int Failed = 1;
 constexpr int Usage = 2;
 
-/// Bytes. A file manager waits for the picture, and a longer file would take seconds or much memory.
+/// Bytes. A file manager waits for the picture, and a longer file would take seconds or too much memory.
 constexpr std::int64_t LongestDrawn = 16 << 20;
 
 /// @param size width and height in pixels.
-/// @return what is wrong with the file, if anything.
+/// @return the error, if any.
 FileResult DrawPlan(const FilePath& file, int size, QImage& drawn) {
     const DocumentKind* const kind = KindOf(DocumentKinds, file.Native());
     if (kind == nullptr)
