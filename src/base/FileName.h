@@ -5,19 +5,18 @@
 
 namespace railwright {
 
-/// The extensions of the two kinds of document, with their dot and in lower case.
+/// The extensions of the two document kinds, with their dot, in lower case.
 inline constexpr std::string_view TrackExtension = ".nltrack";
 inline constexpr std::string_view ElementExtension = ".nlelem";
 
-/// Compares ASCII letters in any case. @param lowerCase in lower case.
+/// Compares strings, ignoring the case of ASCII letters. @param lowerCase must be in lower case.
 bool SameIgnoringCase(std::string_view name, std::string_view lowerCase);
 
-/// @return whether the name's last characters are `extension`, which is in lower case; the case of the name's
-/// own letters does not matter.
+/// Returns whether the path ends in `extension`, ignoring case. `extension` must be in lower case.
 bool HasExtension(std::string_view path, std::string_view extension);
 
-/// @return `name` without any occurrence of `piece`, an ASCII string in lower case, in any case of letters.
-/// What only comes together by the removal stays.
+/// Returns `name` without any occurrence of `piece`, ignoring case. `piece` is ASCII in lower case.
+/// Occurrences created by the removal remain.
 std::string WithoutEvery(std::string_view name, std::string_view piece);
 
 } // namespace railwright

@@ -10,9 +10,9 @@
 namespace railwright {
 namespace {
 
-constexpr std::size_t LongestExactDouble = 1100; // digits behind the point, and 309 before it
+constexpr std::size_t LongestExactDouble = 1100; // digits after the point, and 309 before it
 
-/// The decimal digits of a finite `value` >= 0, without any rounding: "12.125000...".
+/// Returns the decimal digits of a finite `value` >= 0 without rounding: "12.125000...".
 std::string ExactDigits(double value) {
     std::array<char, 2 * LongestExactDouble> buffer{};
     const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
@@ -20,7 +20,7 @@ std::string ExactDigits(double value) {
     return {buffer.data(), end.ptr};
 }
 
-/// Adds one to the last digit of a string of digits and carries; the point is passed over.
+/// Adds one to the last digit and carries. Skips the point.
 void Increment(std::string& digits) {
     for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
         if (*digit == '.')
@@ -35,7 +35,7 @@ void Increment(std::string& digits) {
 }
 
 std::string RoundedDigits(double value, std::size_t decimals) {
-    if (value < 0x1p63 && value == std::floor(value)) { // many numbers of a report are whole
+    if (value < 0x1p63 && value == std::floor(value)) { // many numbers in a report are whole
         std::string whole = std::to_string(static_cast<std::uint64_t>(value));
         return decimals == 0 ? whole : whole + '.' + std::string(decimals, '0');
     }

@@ -5,9 +5,9 @@
 
 namespace railwright {
 
-/// Returns a computed number as a document stores it, rounded to 32 bits. The result of a computation that is
-/// not a number is always the NaN with the bytes 7F C0 00 00, because its sign and its other bits depend on
-/// the compiler. A field that is only carried keeps its bits.
+/// Rounds a computed number to the 32 bits that a document stores. A computed NaN always becomes the NaN with
+/// the bytes 7F C0 00 00, because its sign and other bits depend on the compiler. Do not use it for a field
+/// that is only copied, which keeps its bits.
 inline float Stored(double computed) {
     const auto rounded = static_cast<float>(computed);
     return std::isnan(rounded) ? std::numeric_limits<float>::quiet_NaN() : rounded;

@@ -6,7 +6,7 @@
 namespace railwright {
 namespace {
 
-/// Bytes 0x80 to 0x9F of Windows-1252; all others are the Unicode character of the same number.
+/// Bytes 0x80 to 0x9F of Windows-1252. All others equal the Unicode character of the same number.
 constexpr std::array<char32_t, 32> SpecialsOf1252 = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
@@ -40,7 +40,7 @@ constexpr CodePage MakeWindows1252() {
 
 constexpr char32_t IllFormed = 0xFFFFFFFF;
 
-/// Takes one character off the front of `utf8`: the whole of a well-formed one, or a single ill-formed byte.
+/// Removes the first character of `utf8`: a complete well-formed one, or a single ill-formed byte.
 char32_t TakeCharacter(std::string_view& utf8) {
     const auto byteAt = [&utf8](std::size_t i) { return static_cast<unsigned char>(utf8[i]); };
     const unsigned char lead = byteAt(0);
@@ -70,7 +70,7 @@ char32_t TakeCharacter(std::string_view& utf8) {
     return character;
 }
 
-/// Whether a character stands for no mark on the line but for something to be done with it.
+/// Returns whether a character is a control character, a line separator or a bidirectional control.
 bool ControlsLines(char32_t character) {
     constexpr std::array<std::array<char32_t, 2>, 4> ranges = {
         {{0x00, 0x1F}, {0x7F, 0x9F}, {0x2028, 0x202E}, {0x2066, 0x2069}}};
@@ -78,7 +78,7 @@ bool ControlsLines(char32_t character) {
                        [&](const auto& range) { return character >= range[0] && character <= range[1]; });
 }
 
-// Both look at everything, so that the compiler takes many bytes at a time.
+// Both functions read all bytes without an early exit, so that the compiler can vectorize them.
 bool HasAscii(const CodePage& codePage) {
     char32_t differences = 0;
     for (char32_t byte = 0; byte < 0x80; ++byte)
@@ -174,7 +174,7 @@ text FromUtf8(std::string_view utf8, const CodePage& codePage) {
 
 namespace {
 
-/// @param kept control characters that stay, in ASCII.
+/// @param kept ASCII control characters to keep.
 std::string WithoutControls(std::string_view utf8, std::string_view kept) {
     constexpr char32_t Replacement = 0xFFFD;
     std::string line;

@@ -9,50 +9,49 @@
 
 namespace railwright {
 
-/// A single-byte code page: what each of the 256 bytes means, and its lower-case byte.
+/// A single-byte code page: the Unicode character and the lower-case byte of each byte.
 struct CodePage {
-    /// The Unicode character of each byte. No two bytes have the same one, so converting there and back gives
-    /// the same bytes.
+    /// The Unicode character of each byte. No two bytes have the same one, so a round trip returns the same
+    /// bytes.
     std::array<char32_t, 256> Unicode;
-    /// The byte of the same letter in lower case; the byte itself where there is none.
+    /// The byte of the same letter in lower case; the byte itself if there is none.
     std::array<unsigned char, 256> Lower;
 };
 
-/// Windows-1252. Its five unassigned bytes stand for the control characters of the same number.
+/// Returns Windows-1252. Its five unassigned bytes are the control characters of the same number.
 const CodePage& Windows1252();
 
-/// @return the text of which these are the bytes, one for each character.
+/// Converts bytes to text, one character per byte.
 text TextOf(std::string_view bytes);
-/// @return the bytes of a text as they are, for the calls of a system.
+/// Converts text to its bytes unchanged, for system calls.
 std::string BytesOf(TextView characters);
 
-/// @return `characters` in lower case, accented letters included.
+/// Returns `characters` in lower case, including accented letters.
 text LowerCase(text characters, const CodePage& codePage);
 
 /// Appends a Unicode character as UTF-8.
 void AppendUtf8(std::string& out, char32_t character);
 
-/// @return `characters` as UTF-8.
+/// Converts text to UTF-8.
 std::string ToUtf8(const text& characters, const CodePage& codePage);
 
-/// Calls `take` with `characters` as UTF-8, piece by piece, so that a long text takes little memory.
+/// Converts `characters` to UTF-8 and passes it to `take` in pieces, so that a long text uses little memory.
 void InUtf8(const text& characters, const CodePage& codePage,
             const std::function<void(std::string_view)>& take);
 
-/// @return `utf8` in the code page. A character without a byte there, and every byte that is not well-formed
-/// UTF-8, becomes "?".
+/// Converts UTF-8 to the code page. Characters that it lacks and ill-formed bytes become "?".
 text FromUtf8(std::string_view utf8, const CodePage& codePage);
 
-/// @return `utf8` as it can stand in a line of output: every control character, also those that part lines or
-/// turn their direction, and every byte that is not well-formed becomes the replacement character.
+/// Returns `utf8` for one line of output. Control characters, line separators, bidirectional controls and
+/// ill-formed bytes become the replacement character.
 std::string OnOneLine(std::string_view utf8);
 
-/// Returns `utf8` as text of several lines: like OnOneLine, but with its tabs, line feeds and carriage
+/// Returns `utf8` for several lines of output: like OnOneLine, but keeps tabs, line feeds and carriage
 /// returns.
 std::string OnLines(std::string_view utf8);
 
-/// Returns the first character of `utf8` that the code page lacks, or the first byte that is not well-formed
-/// UTF-8. It is empty if there is none.
+/// Returns the first character of `utf8` that the code page lacks, or the first ill-formed byte; empty if
+/// there is none.
 std::string_view FirstOutside(std::string_view utf8, const CodePage& codePage);
 
 } // namespace railwright

@@ -10,12 +10,12 @@
 
 namespace railwright {
 
-/// A text on its way out. It is gathered in a window of fixed size and handed on whenever that is full, so
-/// that a text of any length takes little memory.
+/// A buffered text output. Passes the text on whenever the fixed-size buffer is full, so that a text of any
+/// length uses little memory.
 class TextOutput {
 public:
-    /// Takes the next characters of the text. What it throws comes out of the call that has filled the
-    /// window.
+    /// Receives the next characters of the text. Its exceptions propagate from the call that filled the
+    /// buffer.
     using Taker = std::function<void(std::string_view)>;
     explicit TextOutput(Taker taker) : take(std::move(taker)) {}
 
@@ -25,7 +25,7 @@ public:
         ++used;
         return *this;
     }
-    /// A number as ShortestFloat has it.
+    /// Writes a number in the form of ShortestFloat.
     TextOutput& operator<<(float value);
     TextOutput& operator<<(std::integral auto value) {
         char* const room = Room(LongestNumber);
@@ -33,13 +33,13 @@ public:
         return *this;
     }
 
-    /// Hands on what is still in the window. Nobody else does: what is not flushed is lost.
+    /// Passes on the rest of the buffer. Must be called at the end, or the rest is lost.
     void Flush();
 
 private:
     static constexpr std::size_t LongestNumber = 24;
 
-    /// @return where as many characters, at most the window's size, can be put.
+    /// Returns room for `size` characters. `size` must not exceed the buffer's size.
     char* Room(std::size_t size) {
         if (window.size() - used < size)
             Flush();

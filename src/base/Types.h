@@ -6,19 +6,19 @@
 
 namespace railwright {
 
-/// A two-state value. In a file it is one byte, 0xFF for true and 0x00 for false.
+/// A Boolean. In a file it is one byte: 0xFF for true, 0x00 for false.
 using Flag = bool;
 
-/// A colour in the low 24 bits: red in bits 16 to 23 as the first byte of the file, blue last. Bits 24 to 31
-/// are 0. The program carries colours and never looks inside one.
+/// A colour in the low 24 bits. Red is in bits 16 to 23 and is the first byte in the file; blue is last. Bits
+/// 24 to 31 are 0. The program copies colours without interpreting them.
 using ColorValue = std::uint32_t;
 
-/// Makes the strings of documents a type of their own, which does not turn into another by itself.
+/// Makes document strings a distinct type without implicit conversions to or from other strings.
 struct AnsiTraits : std::char_traits<char> {};
 
-/// A character string of a document: one byte for each character, in the system's ANSI code page. Everything
-/// that reaches a screen or a terminal is UTF-8 in a std::string instead; the functions of Text.h convert.
-/// Only a literal becomes a text by itself; its bytes are those of the code page.
+/// A string of a document: one byte per character, in the system's ANSI code page. Output to a screen or
+/// terminal is UTF-8 in a std::string; the functions of Text.h convert. Only a literal converts implicitly;
+/// its bytes are in the code page.
 using text = std::basic_string<char, AnsiTraits>;
 using TextView = std::basic_string_view<char, AnsiTraits>;
 

@@ -4,7 +4,7 @@
 
 namespace railwright {
 
-/// The program's version, three numbers with points between them.
+/// The program's version: three numbers separated by points.
 extern const std::string_view Version;
 
 } // namespace railwright
