@@ -33,6 +33,7 @@ extern const std::span<const HeadingRow> HeadingRows;
 
 /// The groups in the list of tools. Each is a control array and is enabled as a whole.
 enum class ToolGroup { Track, Element, NoLimits };
+/// Returns the name of the group's control array.
 const char* ArrayOf(ToolGroup group);
 
 /// A label in the list of tools that shows a panel.
