@@ -6,8 +6,8 @@
 
 namespace railwright {
 
-/// Replaces each point of the curve of Track by `change` of it. With `supports` the free and fundamental
-/// nodes are replaced in the same way. Nothing else moves with the track.
+/// Replaces each point of Track's curve by the result of `change`. With `supports`, does the same for the
+/// free and fundamental nodes. Changes nothing else.
 template <class Change>
 void ChangeTrackPoints(bool supports, Change&& change) {
     const auto first = [](auto& list, std::int32_t count) {

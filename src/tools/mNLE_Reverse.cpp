@@ -14,7 +14,7 @@ namespace {
 constexpr float HalfTurn = 3.1415927F;
 constexpr float QuarterTurnBack = -1.5707963267949F;
 
-/// @return the angle in radians for an element that ends in the direction of `x` and `z`.
+/// Returns the angle in radians for an element that ends in the direction (`x`, `z`).
 float TurnFor(float x, float z) {
     if (x == 0)
         return HalfTurn;

@@ -2,9 +2,9 @@
 
 namespace railwright {
 
-/// Makes Element run the other way. Its last node becomes the first and moves to the origin, each node's
-/// control points change places, and rolls change their sign. Then the element is turned about the vertical
-/// axis by the angle of the direction in which it ended.
+/// Reverses the direction of Element. The last node becomes the first and moves to the origin. Each node's
+/// control points are swapped, and rolls change sign. The element is then rotated about the vertical axis by
+/// the angle of its former end direction.
 void ReverseElement();
 
 } // namespace railwright

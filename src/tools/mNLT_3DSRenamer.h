@@ -7,13 +7,13 @@
 
 namespace railwright {
 
-/// The shortest name that an object may be given, in characters.
+/// The shortest allowed name of an object, in characters.
 inline constexpr std::size_t ShortestObjectName = 5;
 
-/// Gives objects of Track another model file. The name is not checked, and no file is looked for.
+/// Gives objects of Track another model file. Checks neither the name nor whether the file exists.
 /// @param Index the object, 0 to SceneryObjects.Count - 1. Any other index changes nothing.
 /// @param NewName in the ANSI code page.
-/// @param AllOfSameName whether all objects of the same name are renamed with it. Case does not matter.
+/// @param AllOfSameName renames all objects of the same name, ignoring case.
 void RenameSceneryObject(std::int32_t Index, const text& NewName, bool AllOfSameName);
 
 } // namespace railwright

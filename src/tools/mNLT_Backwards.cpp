@@ -12,8 +12,7 @@
 namespace railwright {
 namespace {
 
-/// The factors that turn a speed or acceleration of a segment into what the simulator takes for a negative
-/// one.
+/// A segment's speed or acceleration, and the factor that makes the simulator treat it as negative.
 struct Factor {
     std::int32_t SegmentType;
     float TrackSegment::*Value;
@@ -55,7 +54,7 @@ void RebuildBackwards() {
     }
     std::reverse(nodes.begin(), nodes.end());
 
-    // The last segment, which leads back to node 0, keeps its place and its values.
+    // The last segment leads back to node 0. It keeps its position and its values.
     const auto count = static_cast<std::size_t>(std::max(Track.SegmentList.SegmentCount - 1, 0));
     const auto turned = std::span(Track.SegmentList.Segments).first(count);
     for (TrackSegment& segment : turned)

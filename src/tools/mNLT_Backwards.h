@@ -2,10 +2,10 @@
 
 namespace railwright {
 
-/// Makes Track run the other way. The nodes stand in reverse order; each node's control points change places
-/// and its roll changes its sign. The segments stand in reverse order too, but for the last; speeds and
-/// accelerations become what the simulator takes for negative ones. The nodes lose their pre-fabricated
-/// supports, and one train remains.
+/// Reverses the direction of Track. Reverses the order of the nodes, swaps each node's control points and
+/// negates its roll. Reverses the order of the segments except the last one. Speeds and accelerations get
+/// values that the simulator treats as negative. Removes the pre-fabricated supports of the nodes, and leaves
+/// one train.
 void RebuildBackwards();
 
 } // namespace railwright

@@ -4,9 +4,9 @@
 
 namespace railwright {
 
-/// Shifts the curve of Track.
+/// Moves the curve of Track.
 /// @param Offset metres along each axis.
-/// @param MoveSupports whether the free and fundamental nodes move with the curve.
+/// @param MoveSupports also moves the free and fundamental nodes.
 void MoveTrack(const Vector3& Offset, bool MoveSupports);
 
 } // namespace railwright

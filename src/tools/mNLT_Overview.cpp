@@ -19,11 +19,11 @@ namespace {
 constexpr const char* WholePattern = "###,###,##0";
 constexpr const char* HundredthsPattern = "###,###,##0.00";
 constexpr const char* EndOfLine = "\r\n";
-/// What most reports take for an object, and for all but objects and comments, in bytes.
+/// Estimated bytes of a report per object, and for everything except objects and comments.
 constexpr std::size_t LineOfObject = 48;
 constexpr std::size_t RestOfReport = 2048;
 
-/// A line of the report that counts the records of one type.
+/// A line of the report with the number of records of one type.
 struct TallyLine {
     const char* Label;
     std::int32_t Type;
@@ -44,7 +44,7 @@ constexpr std::array SupportLines = {TallyLine{"   Track Nodes...: ", 0}, TallyL
 constexpr std::array TreeLines = {TallyLine{"   Type A: ", 1}, TallyLine{"   Type B: ", 2},
                                   TallyLine{"   Type C: ", 3}};
 
-/// The number of records of each type from 0 to 256. Other types are not counted.
+/// The number of records of each type from 0 to 256. Ignores other types.
 class Tally {
 public:
     void Add(std::int32_t type) {
@@ -72,7 +72,7 @@ Tally CountTypes(std::span<const Item> items, std::int32_t Item::*type) {
 
 struct Tunnels {
     std::int64_t Segments = 0;
-    /// Runs of tunnelled segments. A run that passes the end of the list counts twice.
+    /// Contiguous groups of tunnel segments. A group across the end of the list counts twice.
     std::int64_t Runs = 0;
 };
 
@@ -87,7 +87,7 @@ Tunnels CountTunnels(std::span<const TrackSegment> segments) {
     return tunnels;
 }
 
-/// How the texts of a document go into a report. A terminal obeys control characters, the window does not.
+/// The form of document texts in a report. A terminal interprets control characters; the window does not.
 enum class Texts { AsStored, Printable };
 
 class Report {
@@ -110,11 +110,11 @@ public:
     std::string Whole(std::int64_t value) const {
         return FormatNumber(static_cast<double>(value), WholePattern, separators);
     }
-    /// A length in metres, rounded to hundredths.
+    /// Formats a length in metres, rounded to hundredths.
     std::string Metres(float value) const {
         return FormatNumber(RoundToHundredths(static_cast<double>(value)), HundredthsPattern, separators);
     }
-    /// A height of the terrain: two decimals at most, no closing zeros, no separators of thousands.
+    /// Formats a terrain height with at most two decimals, without trailing zeros or thousands separators.
     std::string TerrainHeight(float value) const {
         std::string height = FormatNumber(static_cast<double>(value), "0.00", {"", separators.Decimal});
         if (!std::isfinite(value))

@@ -11,24 +11,24 @@ namespace railwright {
 
 struct TrackMeasures;
 
-/// @return the report of Track as UTF-8 text; lines end in CR LF.
-/// @param sDocumentFile path of the track's file. The report gives its name and its size; a missing file has
-/// 0 bytes.
-/// @param measures of Track as it is now.
+/// Returns the report of Track as UTF-8 text with CR LF line ends.
+/// @param sDocumentFile path of the track's file, for its name and size in the report. A missing file has 0
+/// bytes.
+/// @param measures the current result of MeasureTrack.
 std::string BuildTrackOverview(const FilePath& sDocumentFile, const NumberSeparators& separators,
                                const TrackMeasures& measures);
 
-/// Measures Track and prints the same report, without holding its text in memory.
+/// Measures Track and prints the same report without holding it in memory.
 void PrintTrackOverview(TextOutput& out, const FilePath& sDocumentFile, const NumberSeparators& separators);
 
-/// @return the name of a TrackHeaderRecord::TrackType; empty for an unknown one.
+/// Returns the name of a TrackHeaderRecord::TrackType; empty if unknown.
 std::string TrackTypeName(std::int32_t TrackType);
 
-/// @return "Yes" or "No".
+/// Returns "Yes" or "No".
 std::string YesNoText(bool value);
 
-/// @return the length of the centre line in metres, measured in space along all samples; 0 with fewer than
-/// two nodes. The report takes the same figure from MeasureTrack, which visits these samples anyway.
+/// Returns the length of the centre line in metres, measured in space along all samples; 0 for fewer than two
+/// nodes. The report takes the same value from MeasureTrack.
 float TrackLength();
 
 } // namespace railwright

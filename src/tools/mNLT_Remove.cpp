@@ -8,7 +8,7 @@
 namespace railwright {
 namespace {
 
-/// Calls `change` for each entry of a list that belongs to a node of the curve.
+/// Calls `change` for each item that belongs to a node of the curve.
 template <class Item, class Change>
 void ForEachAtNode(List<Item>& items, Change&& change) {
     const auto nodes = static_cast<std::size_t>(Track.BezierCurve.NodeCount);

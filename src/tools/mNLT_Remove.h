@@ -2,7 +2,7 @@
 
 namespace railwright {
 
-/// The classes of data that can be removed from a track, in the order in which the user sees them.
+/// The classes of data that can be removed from a track, in the order of the panel.
 struct TrackDataClasses {
     bool Track = false;
     bool Tunnels = false;
@@ -19,8 +19,8 @@ struct TrackDataClasses {
     bool PreferredEnvironment = false;
 };
 
-/// Removes the chosen classes from Track by setting their counts to 0 and their flags to false; the records
-/// stay in memory. If the curve is removed too, tunnels and custom colours stay as they are.
+/// Removes the chosen classes from Track. Sets their counts to 0 and their flags to false; the records stay
+/// in memory. If the curve is removed, tunnels and custom colours are not changed.
 void RemoveTrackData(const TrackDataClasses& Classes);
 
 } // namespace railwright

@@ -2,9 +2,9 @@
 
 namespace railwright {
 
-/// Turns Track about the vertical axis through the world's origin. A positive angle turns east towards north.
-/// @param Degrees angle.
-/// @param RotateSupports whether the free and fundamental nodes turn with the curve.
+/// Rotates Track about the vertical axis through the origin.
+/// @param Degrees the angle; positive from east towards north.
+/// @param RotateSupports also rotates the free and fundamental nodes.
 void RotateTrack(float Degrees, bool RotateSupports);
 
 } // namespace railwright

@@ -2,9 +2,9 @@
 
 namespace railwright {
 
-/// Scales Track about the world's origin, heights too.
-/// @param Factor 1 is the present size.
-/// @param ScaleSupports whether the free and fundamental nodes are scaled with the curve.
+/// Scales Track about the origin, including heights.
+/// @param Factor 1 keeps the size.
+/// @param ScaleSupports also scales the free and fundamental nodes.
 void ScaleTrack(float Factor, bool ScaleSupports);
 
 } // namespace railwright

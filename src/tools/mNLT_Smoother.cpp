@@ -9,9 +9,9 @@
 namespace railwright {
 namespace {
 
-// Every stored value is a 32-bit float; products, sums and roots are computed in 64 bits. Where geometry
-// gives no number (a length of 0, a cosine slightly above 1), every comparison fails and the segment or node
-// is left out.
+// Stored values are 32-bit floats; products, sums and roots are computed in 64 bits. Degenerate geometry (a
+// length of 0, a cosine slightly above 1) gives NaN. Every comparison then fails, and the segment or node is
+// skipped.
 
 constexpr double StraightCosine = 0.998; // about 3.62 degrees
 constexpr int SofteningSweeps = 20;
@@ -54,7 +54,7 @@ struct ControlPoints {
     Vector3 Out;
 };
 
-/// Whether a point is in the part of the world that control points may move in. The bounds are outside.
+/// Returns whether control points may move to this point. The bounds are exclusive.
 bool IsInWorld(const Vector3& point) {
     return std::abs(point.X) < WorldReach && std::abs(point.Z) < WorldReach && point.Y > 0 &&
            point.Y < WorldHeight;
@@ -85,7 +85,7 @@ public:
         }
     }
 
-    /// Moves the control points of all nodes half the way to their planes.
+    /// Moves the control points of all nodes halfway to their planes.
     void Soften() {
         for (std::size_t i = 0; i < count; ++i) {
             const ControlPoints flat = Flattened(i);
@@ -94,8 +94,8 @@ public:
         AcceptProposals();
     }
 
-    /// Moves the control points of every second node all the way. For the other nodes the proposal of the
-    /// last sweep is made again.
+    /// Moves the control points of every second node fully to its plane. The other nodes get the proposal of
+    /// the last sweep again.
     void Flatten() {
         for (std::size_t i = 0; i < count; i += 2)
             proposals[i] = Flattened(i);
@@ -125,8 +125,8 @@ private:
         return {middle(a.X, b.X), middle(a.Y, b.Y), middle(a.Z, b.Z)};
     }
 
-    /// The projection of a control point on the plane through `position`. The squared length of the normal is
-    /// `s`.
+    /// Returns the projection of a control point onto the plane through `position`.
+    /// @param s squared length of the normal.
     static Vector3 Projected(const Vector3& point, const Vector3& position, const Vector3& normal, float s) {
         const float distance = Narrow(Dot(normal, Difference(point, position)));
         const auto moved = [&](float coordinate, float along) {
@@ -135,7 +135,8 @@ private:
         return {moved(point.X, normal.X), moved(point.Y, normal.Y), moved(point.Z, normal.Z)};
     }
 
-    /// The node's control points. They lie in its plane if it has one and is not held.
+    /// Returns the node's control points, projected onto its plane. Returns them unchanged if the node is
+    /// held or has no plane.
     ControlPoints Flattened(std::size_t i) const {
         const BezierNode& node = nodes[i];
         const ControlPoints asTheyStand = {node.ControlIn, node.ControlOut};
@@ -151,7 +152,7 @@ private:
                 Projected(node.ControlOut, node.Position, normal, s)};
     }
 
-    /// A proposal is taken as a whole or not at all.
+    /// A proposal is accepted completely or not at all.
     void AcceptProposals() {
         for (std::size_t i = 0; i < count; ++i)
             if (IsInWorld(proposals[i].In) && IsInWorld(proposals[i].Out)) {
@@ -160,7 +161,7 @@ private:
             }
     }
 
-    /// Whether a held node may slide: it and both neighbours are straight in plan only.
+    /// Returns whether a node may slide. A held node may if it and both neighbours are straight in plan only.
     bool MaySlide(std::size_t i) const {
         return !IsHeld(i) || (!onStraight[i] && onPlanStraight[Previous(i)] && onPlanStraight[Next(i)]);
     }
