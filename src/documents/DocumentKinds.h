@@ -12,19 +12,19 @@
 
 namespace railwright {
 
-/// A kind of document, and what every program does with the one in hand.
+/// A kind of document, with the functions that work on the open document of that kind.
 struct DocumentKind {
-    /// As the user reads it in titles and messages.
+    /// The name for titles and messages.
     std::string_view Name;
-    /// With its dot and in lower case.
+    /// The extension in lower case, with its dot.
     std::string_view Extension;
     void (*Clear)();
     FileResult (*Load)(const FilePath&);
     FileResult (*Save)(const FilePath&);
     void (*Analyze)();
-    /// Draws what the last Analyze has found.
+    /// Draws the result of the last Analyze.
     void (*Draw)(PictureBox& plan, PictureBox& side);
-    /// The same drawings, with neither an analysis nor memory for one.
+    /// Draws the same pictures without a previous analysis and without its memory.
     void (*DrawWhileSampling)(PictureBox& plan, PictureBox& side);
 };
 
@@ -46,11 +46,12 @@ inline constexpr DocumentKind ElementKind = {.Name = "Element",
                                              .DrawWhileSampling = DrawElementWhileSampling};
 inline constexpr std::array DocumentKinds = {TrackKind, ElementKind};
 
-/// What is wrong with a file of neither kind.
+/// The error for a file of neither kind.
 inline constexpr const char* OfNoKind = "the name ends in neither .nltrack nor .nlelem";
 
-/// @param kinds DocumentKinds, or a table whose rows begin with them.
-/// @return the row of the kind that a file's name tells, nullptr if that is of neither.
+/// Finds the kind of a file by its name.
+/// @param kinds DocumentKinds, or a table with rows derived from DocumentKind.
+/// @return the row; nullptr for a file of neither kind.
 template <class Rows>
 const typename Rows::value_type* KindOf(const Rows& kinds, std::string_view file) {
     const auto row = std::find_if(kinds.begin(), kinds.end(), [&](const DocumentKind& kind) {
