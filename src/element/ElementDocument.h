@@ -8,32 +8,32 @@
 namespace railwright {
 
 struct ElementNode {
-    /// The point that the curve passes through.
+    /// The point on the curve.
     Vector3 Position;
-    /// Control point on the side of the next node; the last node's is not stored.
+    /// The control point towards the next node. The last node's is not stored.
     Vector3 ControlOut;
-    /// Control point on the side of the previous node; node 0's is not stored.
+    /// The control point towards the previous node. Node 0's is not stored.
     Vector3 ControlIn;
     float Roll = 0;
     Flag FlagA = false;
     Flag FlagB = false;
 };
 
-/// An element in memory: a chain of cubic Bezier spans that starts at the origin. A new one is empty.
+/// An element in memory: a chain of cubic Bezier spans from the origin. A new one is empty.
 struct ElementDocument {
-    /// As read; saving stores it unchanged.
+    /// Read from the file, and saved unchanged.
     std::int32_t ChunkSize = 0;
     std::int32_t SubChunks = 0;
-    /// Number of spans, at least 0.
+    /// The number of spans, at least 0.
     std::int32_t NodeCount = 0;
-    /// NodeCount + 1 nodes. Of node 0 a file holds only ControlOut.
+    /// NodeCount + 1 nodes. For node 0, a file contains only ControlOut.
     List<ElementNode> Nodes = List<ElementNode>(1);
 };
 
-/// The element in hand. There is one in the process; every tool reads and changes it directly.
+/// The open element, the only one in the process. Every tool reads and changes it directly.
 extern ElementDocument Element;
 
-/// Makes Element empty: no span, and one zeroed node.
+/// Makes Element empty: no spans, and one zeroed node.
 void ClearElementDocument();
 
 } // namespace railwright

@@ -14,7 +14,7 @@ void ClearElementDocument() {
 
 namespace {
 
-/// One record of the file: a node, and the control point by which the curve leaves the node before it.
+/// One record of the file: a node, and the outgoing control point of the previous node.
 template <class Direction, class Node>
 void SpanValues(Direction& v, Node& before, Node& node) {
     v.Vector(before.ControlOut);
@@ -26,7 +26,7 @@ void SpanValues(Direction& v, Node& before, Node& node) {
     v.Zeros(8);
 }
 
-/// The layout of the file between its tag and the closing bytes, for every direction.
+/// The layout of the file between its tag and its closing bytes, for reading, writing and sizing.
 template <class Direction, RecordOf<ElementDocument> Document>
 void Fields(Direction& d, Document& element) {
     d.Group([&](auto& v) {
@@ -42,7 +42,7 @@ void Fields(Direction& d, Document& element) {
         d.Group([&](auto& v) { SpanValues(v, element.Nodes[i - 1], element.Nodes[i]); });
 }
 
-/// The last bytes of the file. They are written and never read.
+/// The last bytes of the file. Written but never read.
 template <class Direction>
 void Closing(Direction& d) {
     d.Group([](auto& v) {

@@ -10,17 +10,17 @@ namespace railwright {
 struct UnknownChunks;
 
 /// Reads a .nlelem file into Element.
-/// @param sFile path, UTF-8 in Windows form.
-/// @return on failure, the reason. If the name is wrong, Element stays as it was; otherwise it is empty.
+/// @return on failure, the reason. If the name is wrong or the file cannot be opened, Element is unchanged;
+/// after any other failure it is empty.
 FileResult LoadElementFile(const FilePath& sFile);
 
-/// Reads a .nlelem file into Element like LoadElementFile, but a hidden file as well.
-/// @param unknown takes the chunks of the file that are not in Element.
+/// Reads a .nlelem file into Element like LoadElementFile, but accepts a hidden file too.
+/// @param unknown receives the chunks that Element cannot hold.
 FileResult ReadElementFile(const FilePath& sFile, UnknownChunks& unknown);
 
 /// Writes Element as a .nlelem file.
-/// @param sFile path, UTF-8 in Windows form; ".nlelem" is added unless it ends so already.
-/// @return on failure, the reason; an old file of that name then stays as it was.
+/// @param sFile path of the file. Adds ".nlelem" if the path does not end in it.
+/// @return on failure, the reason; an existing file is then unchanged.
 FileResult SaveElementFile(const FilePath& sFile);
 
 } // namespace railwright
