@@ -10,24 +10,24 @@
 
 namespace railwright {
 
-/// The records of a track, one for each chunk of its file.
+/// The records of a track, one per chunk of its file.
 ///
-/// A list is a vector and a count, which is at least 0. After reading, the vector has one zeroed element more
-/// than the count says. It is never shorter than the count; only the counted elements are saved. A tool that
-/// empties a list sets the count to 0 and leaves the elements. Fields named Value, Text or Flag with a number
-/// are kept for the simulator; this program does not know their meaning.
+/// A list is a vector and a count, which is at least 0. After reading, the vector has one extra, zeroed
+/// element. It is never shorter than the count. Only the counted elements are saved. A tool that empties a
+/// list sets the count to 0 and keeps the elements. Fields named Value, Text or Flag with a number are kept
+/// for the simulator; their meaning is unknown.
 
-/// The fields of every chunk. Only the writer uses them, and it computes them each time.
+/// The fields of every chunk. Only the writer uses them, and computes them each time.
 struct ChunkRecord {
-    /// Bytes of the chunk after its size field, with its sub-chunks.
+    /// Bytes of the chunk after its size field, including its sub-chunks.
     std::int32_t ChunkSize = 0;
-    /// Number of chunks nested directly in this one.
+    /// Number of chunks directly inside this one.
     std::int32_t SubChunks = 0;
 };
 
 /// Chunk NLIM.
 struct FileHeaderRecord : ChunkRecord {
-    /// As read; a file is always written as version 1, 3, 0, 0.
+    /// As read. A file is always written as version 1, 3, 0, 0.
     std::array<std::uint8_t, 4> Version{};
 };
 
@@ -39,9 +39,9 @@ struct TrainRecord {
 
 /// Chunk TRCK.
 struct TrackHeaderRecord : ChunkRecord {
-    /// Kind of coaster; TrackTypeName names it.
+    /// The type of coaster; see TrackTypeName.
     std::int32_t TrackType = 0;
-    /// Never empty, so that a track without trains can be given one.
+    /// Never empty, so that a train can be added to a track without trains.
     List<TrainRecord> Trains = List<TrainRecord>(1);
     /// Count of Trains.
     std::int32_t NumTrains = 0;
@@ -55,11 +55,11 @@ struct TrackInfoRecord : ChunkRecord {
 };
 
 struct BezierNode {
-    /// The point that the curve passes through.
+    /// The point on the curve.
     Vector3 Position;
-    /// Control point on the side of the previous node.
+    /// The control point towards the previous node.
     Vector3 ControlIn;
-    /// Control point on the side of the next node.
+    /// The control point towards the next node.
     Vector3 ControlOut;
     float Roll = 0;
     Flag FlagA = false;
@@ -70,7 +70,7 @@ struct BezierNode {
 /// Chunk BEZR: the centre line, a chain of cubic Bezier spans from each node to the next.
 struct BezierCurveRecord : ChunkRecord {
     std::int32_t NodeCount = 0;
-    /// In track order.
+    /// Nodes in track order.
     List<BezierNode> Nodes;
 };
 
@@ -83,16 +83,16 @@ inline constexpr std::int32_t Transport = 3;
 inline constexpr std::int32_t Brake = 4;
 } // namespace SegmentKind
 
-/// The span that starts at the node of the same index. It has the parameters of all kinds; only those of its
-/// own kind are read and saved, the others are zero.
+/// The span that starts at the node of the same index. Contains the parameters of all kinds. Only those of
+/// its own kind are read and saved; the others are zero.
 struct TrackSegment {
     std::int32_t SegmentType = SegmentKind::Normal;
     std::array<ColorValue, 3> Color{};
     Flag CustomColors = false;
     Flag Tunnel = false;
 
-    // The single bytes of all kinds come first: a segment is then no larger than it has to be, and in memory
-    // never more than four times as large as in a file.
+    // The single bytes of all kinds come first, to avoid padding. A segment in memory is at most four times
+    // as large as in a file.
     Flag StationFlag1 = false;
     Flag StationFlag2 = false;
     Flag StationFlag3 = false;
@@ -142,20 +142,20 @@ struct TrackSegment {
 
 /// Chunk SEGM.
 struct SegmentListRecord : ChunkRecord {
-    /// The track is a complete circuit: its last node's span leads to node 0.
+    /// The track is a complete circuit: the last node's span leads to node 0.
     Flag ClosedCircuit = false;
     std::int32_t SegmentCount = 0;
-    /// Usually one for each span, but a file may hold more or fewer.
+    /// Usually one per span, but a file may contain more or fewer.
     List<TrackSegment> Segments;
 
-    /// @return the kind of the segment at a node; Normal where the list has none.
+    /// Returns the kind of the segment at a node; Normal if the list has none.
     std::int32_t TypeAtNode(std::int32_t node) const {
         const auto place = static_cast<std::size_t>(node);
         return place < Segments.size() ? Segments[place].SegmentType : SegmentKind::Normal;
     }
 };
 
-/// Chunk SUPP. It only groups the five chunks of the supports.
+/// Chunk SUPP, which only groups the five chunks of the supports.
 struct SupportHeaderRecord : ChunkRecord {};
 
 struct FundamentalNode {
@@ -191,12 +191,12 @@ struct PreFabNode {
 /// Chunk RASC.
 struct PreFabSupportsRecord : ChunkRecord {
     std::int32_t NodeCount = 0;
-    /// As read, one for each track node.
+    /// As read, one per track node.
     List<PreFabNode> Nodes;
-    /// The supports of all nodes, one node after the other.
+    /// The supports of all nodes, grouped by node.
     List<PreFabSupport> Supports;
 
-    /// @return the supports that a node of Nodes has.
+    /// Returns the supports of an item of Nodes.
     std::span<const PreFabSupport> SupportsOf(const PreFabNode& node) const {
         return std::span(Supports).subspan(node.First, static_cast<std::size_t>(node.SupportCount));
     }
@@ -228,7 +228,7 @@ struct SupportBeamsRecord : ChunkRecord {
 
 struct WoodCatwalk {
     std::array<std::int32_t, 6> Value{};
-    /// Number of bytes that follow the record in the file. Their content is not kept; zeros are written.
+    /// Number of bytes after the record in the file. Their content is not kept; zeros are written.
     std::int32_t ExtraBytes = 0;
 };
 
@@ -251,7 +251,7 @@ struct SceneryRecord : ChunkRecord {
 };
 
 struct SceneryObject {
-    /// File name of the object's 3DS model.
+    /// File name of the 3DS model.
     text FileName;
     text Text2;
     Vector3 VectorA;
@@ -269,7 +269,7 @@ struct SceneryObjectsRecord : ChunkRecord {
 
 /// Chunk TERA.
 struct TerrainRecord : ChunkRecord {
-    /// Whether the document has terrain. Reading the chunk sets it, and only then the chunk is saved.
+    /// The document has terrain. Set by reading the chunk, which is saved only if this is set.
     Flag HasTerrain = false;
     std::int32_t GridSizeX = 0;
     std::int32_t GridSizeZ = 0;
@@ -283,7 +283,7 @@ struct TerrainRecord : ChunkRecord {
     float Value5 = 0;
     std::uint8_t Byte1 = 0;
     Flag Flag1 = false;
-    /// Heights in metres in the order of the file: GridSizeX of them for the first z, then for the next.
+    /// Heights in metres in file order: GridSizeX of them for the first z, then for the next.
     List<float> Heights;
 
     /// @param x 0 to GridSizeX - 1. @param z 0 to GridSizeZ - 1.
@@ -318,10 +318,9 @@ struct TrackDocument {
     EnvironmentRecord Environment;
 };
 
-/// The track in hand. There is one in the process; every tool reads and changes it directly.
+/// The open track, the only one in the process. Every tool reads and changes it directly.
 extern TrackDocument Track;
 
-/// Makes Track empty.
 void ClearTrackDocument();
 
 } // namespace railwright
