@@ -118,8 +118,8 @@ EnvironmentScan Scan(Installation& place) {
         if (!HasExtension(file.Name.Native(), EnvironmentExtension))
             continue;
         if (const std::string why = file.PassedOver(); !why.empty()) {
-            // The simulator follows links, so a link may hide an environment. Its names cannot contain a
-            // backslash, so such a file is none.
+            // A link may be an environment, because the simulator follows it. A name with a backslash is
+            // not, because the simulator's files cannot contain one.
             scan.Complete = scan.Complete && file.LooksLikePath();
             scan.PassedOver.push_back(file.Name.Shown() + ": is passed over, " + why);
             continue;

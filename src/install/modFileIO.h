@@ -17,7 +17,7 @@ FileResult ReadFileBuffer(const FilePath& sFile, FileBuffer& buffer);
 
 /// Writes a whole file. Replaces an existing file; on failure that is unchanged. Keeps leftovers of
 /// interrupted saves in the folder.
-/// @param model for a new file, the file whose rights it may not exceed; empty for the default rights.
+/// @param model as in WriteWholeFile.
 FileResult WriteFileBuffer(const FilePath& sFile, const FileBuffer& buffer, const FilePath& model = {});
 
 /// Returns whether a path exists, including dangling links.

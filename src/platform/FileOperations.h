@@ -73,13 +73,16 @@ public:
     virtual std::unique_ptr<OpenFile> OpenToRead(const FilePath& path, std::error_code& error) = 0;
     /// Creates a temporary file that will get the name `path`.
     /// @param model the file whose rights the new one gets; empty for the default rights. If it equals
-    /// `path`, the new file replaces that file and takes over its owner, rights and attributes; the call
-    /// fails if that is not permitted. With any other model, nobody gets more rights than the model grants.
+    /// `path`, the new file takes over the rights and attributes of the file that it replaces. On POSIX it
+    /// also takes over the owner if permitted. The call fails if the rights cannot be kept. With any other
+    /// model, nobody gets more rights than the model grants; Windows ignores such a model.
     virtual std::unique_ptr<NewFile> OpenNew(const FilePath& path, const FilePath& model,
                                              std::error_code& error) = 0;
-    /// Creates a file that only the user may read and write. Fails if the name exists.
+    /// Creates a file. Fails if the name exists. On POSIX, only the user may read and write the file; on
+    /// Windows, its rights come from the folder.
     virtual std::unique_ptr<OpenFile> OpenCopy(const FilePath& path, std::error_code& error) = 0;
-    /// Returns whether the file belongs to the user and no process still has it open from OpenCopy.
+    /// Returns whether no process still has the file open from OpenCopy. On POSIX, the file must also belong
+    /// to the user.
     virtual bool IsAbandoned(const FilePath& path) = 0;
     /// Opens an existing file to read and overwrite from its first byte. Other processes that open it wait
     /// for a moment, then fail; on POSIX after three seconds, with resource_unavailable_try_again. POSIX
@@ -94,7 +97,7 @@ public:
     virtual std::vector<FileName> List(const FilePath& folder, std::error_code& error) = 0;
     /// Flushes the entries of a folder to the disk. Does nothing if the file system does not support that.
     virtual void FlushFolder(const FilePath& folder, std::error_code& error) = 0;
-    /// Deletes only the temporary files left in a folder by interrupted saves.
+    /// Deletes only the temporary files left in a folder by interrupted saves. Does nothing on Windows.
     virtual void DeleteLeftovers(const FilePath& folder) = 0;
     /// Returns the folders for temporary files, best first.
     virtual std::vector<FilePath> TemporaryFolders() = 0;

@@ -72,17 +72,18 @@ void Fill(OpenFile& file, const FileContent& content, std::error_code& error);
 /// The treatment of files left in the folder by interrupted saves. Deleting them lists the whole folder.
 enum class Leftovers { Delete, Keep };
 
-/// Writes a whole file. Follows symbolic links. Keeps the owner, the rights and the attributes of the old
-/// file.
+/// Writes a whole file. Follows symbolic links. Keeps the rights and the attributes of the old file, and on
+/// POSIX its owner if permitted.
 ///
 /// The content is written to a temporary file in the same folder and flushed. That file is then renamed over
-/// the old one, and the folder is flushed. The old file is overwritten in place if the folder accepts no new
-/// file, if a new file could not get its rights, or if it cannot be replaced.
+/// the old one, and the folder is flushed. In three cases the old file is overwritten in place: the folder
+/// accepts no new file, a new file could not get its rights, or the old file cannot be replaced.
 ///
 /// On failure the old file is unchanged and no temporary file remains. There are two exceptions. If the file
 /// system lost the old file or its content, KeptIn or OldKeptIn names a file that holds it. If only flushing
 /// the folder failed, the new file is already in place.
 /// @param model for a new file, the file whose rights it may not exceed; empty for the default rights.
+/// Windows ignores it.
 FileResult WriteWholeFile(const FilePath& path, const FileContent& content,
                           Leftovers leftovers = Leftovers::Delete, const FilePath& model = {});
 FileResult WriteWholeFile(const FilePath& path, std::span<const std::uint8_t> bytes,
