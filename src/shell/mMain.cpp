@@ -131,16 +131,23 @@ bool OpenDocument(const FilePath& file, const DocumentFlow& flow) {
     return RunWaiting(flow.Refresh);
 }
 
+bool AskYesNo(const std::string& question) {
+    return ShowMessageBox(frmMain::Instance().Handle(), question, "Save As", MessageButtons::YesNo,
+                          MessageIcon::Question) == MessageAnswer::Yes;
+}
+
+bool AskToReplace(const FilePath& file) {
+    return AskYesNo(file.Name().Shown() + " already exists.\r\nDo you want to replace it?");
+}
+
 /// Offers to continue with the name that was written. After a save under another extension, sDocumentFile has
 /// no known extension.
 /// @param name receives the name that was written.
 /// @return whether the user wants to continue with it.
 bool AskForWrittenName(const DocumentFlow& flow, FilePath& name) {
     name = name.WithEnding(flow.Extension);
-    return ShowMessageBox(frmMain::Instance().Handle(),
-                          "The document was saved as " + name.Name().Shown() +
-                              ".\r\nSave it under that name again?",
-                          "Save As", MessageButtons::YesNo, MessageIcon::Question) == MessageAnswer::Yes;
+    return AskYesNo("The document was saved as " + name.Name().Shown() +
+                    ".\r\nSave it under that name again?");
 }
 
 /// @param offered the initial name in the dialog.
@@ -214,26 +221,31 @@ bool SaveNoLimitsFile() {
     const DocumentFlow& flow = *std::find_if(DocumentFlows.begin(), DocumentFlows.end(),
                                              [](const auto& each) { return each.Number == iDocumentKind; });
     FilePath offered = sDocumentFile;
-    if (HasExtension(offered.Native(), flow.Extension) || AskForWrittenName(flow, offered)) {
-        const FilePath chosen = AskForName(flow, offered);
-        if (chosen.IsEmpty())
-            return true;
-        FileResult saved;
-        {
-            const WaitPointer wait;
-            saved = flow.Save(chosen);
-        }
-        if (!saved) {
-            ShowError(flow.Text("Error Saving # File!"), chosen, saved.Reason);
-            return false;
-        }
-        sDocumentFile = chosen;
-        if (!HasExtension(chosen.Native(), flow.Extension))
-            ShowNote("The document was saved as " + chosen.WithEnding(flow.Extension).Name().Shown() + '.');
-        if (!saved.OldKeptIn.IsEmpty())
-            ShowNote("An earlier save of this file was interrupted. What the file held before is in",
-                     saved.OldKeptIn.Shown());
+    if (!HasExtension(offered.Native(), flow.Extension) && !AskForWrittenName(flow, offered))
+        return true;
+    const FilePath chosen = AskForName(flow, offered);
+    if (chosen.IsEmpty())
+        return true;
+    // The dialog has asked about a file of the chosen name, but not of the name that is written.
+    const bool isWritten = HasExtension(chosen.Native(), flow.Extension);
+    const FilePath written = isWritten ? chosen : chosen.WithEnding(flow.Extension);
+    if (!isWritten && FileExists(written) && !AskToReplace(written))
+        return true;
+    FileResult saved;
+    {
+        const WaitPointer wait;
+        saved = flow.Save(chosen);
     }
+    if (!saved) {
+        ShowError(flow.Text("Error Saving # File!"), chosen, saved.Reason);
+        return false;
+    }
+    sDocumentFile = chosen;
+    if (!isWritten)
+        ShowNote("The document was saved as " + written.Name().Shown() + '.');
+    if (!saved.OldKeptIn.IsEmpty())
+        ShowNote("An earlier save of this file was interrupted. What the file held before is in",
+                 saved.OldKeptIn.Shown());
     bDocumentChanged = false;
     window.ShowFileName();
     return true;

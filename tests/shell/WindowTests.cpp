@@ -409,11 +409,14 @@ void WindowTests::Saves() {
     const float forth = Change(program);
     program.Box(again, "No");
     program.Choose("mnuSaveAs");
-    QVERIFY(!bDocumentChanged && program.Title() == "Railwright: other.dat");
+    QVERIFY(bDocumentChanged && program.Title() == "Railwright: other.dat*");
     program.Box(again, "Yes").File(SaveTrackTitle, program.Path("third.nltrack"), &offered);
     program.Choose("mnuSaveAs");
     QCOMPARE(offered, QString("other.dat.nltrack"));
     QCOMPARE(program.Title(), QString("Railwright: third.nltrack"));
+    program.File(SaveTrackTitle, program.Path("other.dat"))
+        .Box("Save As|other.dat.nltrack already exists.\nDo you want to replace it?|Question|Yes,No", "No");
+    program.Choose("mnuSaveAs");
     for (const auto& [file, place] : {std::pair("other.dat.nltrack", back), {"third.nltrack", forth}}) {
         QVERIFY(Open(program.Path(file)));
         QCOMPARE(Track.BezierCurve.Nodes[0].Position.X, place);

@@ -137,13 +137,14 @@ void FileAssociationPanel::LoadIcons() {
 void FileAssociationPanel::btnNLAssoc_Click() {
     const std::size_t iDoubleClick = SelectedIn(optNLAssocDblClk);
     chkNLAssocRtClk[iDoubleClick]->setChecked(true);
-    SetTrackAssociation({.iDoubleClick = static_cast<std::int16_t>(iDoubleClick),
-                         .bRide = chkNLAssocRtClk[0]->isChecked(),
-                         .bEdit = chkNLAssocRtClk[1]->isChecked(),
-                         .bTerraform = chkNLAssocRtClk[2]->isChecked(),
-                         .bTool = chkNLAssocRtClk[3]->isChecked(),
-                         .iIcon = static_cast<std::int16_t>(SelectedIn(optNLAssocIcon)),
-                         .sIconFile = ForWindowsPrograms(FilePath::FromUser(txtNLAssoc->text().toStdString()))});
+    SetTrackAssociation(
+        {.iDoubleClick = static_cast<std::int16_t>(iDoubleClick),
+         .bRide = chkNLAssocRtClk[0]->isChecked(),
+         .bEdit = chkNLAssocRtClk[1]->isChecked(),
+         .bTerraform = chkNLAssocRtClk[2]->isChecked(),
+         .bTool = chkNLAssocRtClk[3]->isChecked(),
+         .iIcon = static_cast<std::int16_t>(SelectedIn(optNLAssocIcon)),
+         .sIconFile = ForWindowsPrograms(FilePath::FromUser(txtNLAssoc->text().toStdString()))});
 }
 
 void FileAssociationPanel::optNLAssocDblClk_Click(std::size_t Index) {
