@@ -18,8 +18,8 @@ struct TrackMeasures;
 std::string BuildTrackOverview(const FilePath& sDocumentFile, const NumberSeparators& separators,
                                const TrackMeasures& measures);
 
-/// Measures Track and prints the same report without holding it in memory. Control characters in its texts are
-/// printed as U+FFFD, but for the line ends and tabs of the comments.
+/// Measures Track and prints the same report without holding it in memory. Control characters in its texts
+/// are printed as U+FFFD, but for the line ends and tabs of the comments.
 void PrintTrackOverview(TextOutput& out, const FilePath& sDocumentFile, const NumberSeparators& separators);
 
 /// Returns the name of a TrackHeaderRecord::TrackType; empty if unknown.
