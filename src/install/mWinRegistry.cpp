@@ -2,50 +2,20 @@
 
 #include "base/Text.h"
 
-#include <array>
 #include <charconv>
 #include <optional>
-#include <span>
+#include <string_view>
 
 namespace railwright {
 namespace {
 
-/// Reading and writing, whichever the key is opened for.
-constexpr std::uint32_t ReadAndWrite = 0x2003F;
-
-constexpr std::size_t LongestValue = 1024;
-
-/// An open key, closed at the end of the operation that opened it.
-class OpenedKey {
-public:
-    explicit OpenedKey(std::uint32_t hRoot, const std::string& sKey)
-        : isOpen(registry::RegOpenKeyExA(hRoot, sKey.c_str(), 0, ReadAndWrite, &handle) ==
-                 registry::ERROR_SUCCESS) {}
-    ~OpenedKey() {
-        if (isOpen)
-            registry::RegCloseKey(handle);
-    }
-    OpenedKey(const OpenedKey&) = delete;
-    OpenedKey& operator=(const OpenedKey&) = delete;
-
-    void Create(std::uint32_t hRoot, const std::string& sKey) {
-        isOpen = registry::RegCreateKeyA(hRoot, sKey.c_str(), &handle) == registry::ERROR_SUCCESS;
-    }
-    bool IsOpen() const { return isOpen; }
-    registry::Handle Handle() const { return handle; }
-
-private:
-    registry::Handle handle = 0;
-    bool isOpen;
-};
-
 /// The digits of a 32-bit value, which lies with its lowest byte first.
-text Digits(std::span<const std::uint8_t> bytes) {
+text Digits(std::string_view bytes) {
     constexpr TextView Hex = "0123456789ABCDEF";
     text digits;
     for (auto byte = bytes.rbegin(); byte != bytes.rend(); ++byte) {
-        digits += Hex[*byte / 16U];
-        digits += Hex[*byte % 16U];
+        digits += Hex[static_cast<unsigned char>(*byte) / 16U];
+        digits += Hex[static_cast<unsigned char>(*byte) % 16U];
     }
     return digits;
 }
@@ -66,64 +36,54 @@ std::optional<std::int32_t> AsNumber(const RegistryInput& value) {
     return error == std::errc() && stop == end ? std::optional(number) : std::nullopt;
 }
 
-bool Store(registry::Handle key, const std::string& name, std::uint32_t type, const void* data,
-           std::size_t size) {
-    return registry::RegSetValueExA(key, name.c_str(), 0, type, static_cast<const std::uint8_t*>(data),
-                                    static_cast<std::uint32_t>(size)) == registry::ERROR_SUCCESS;
-}
-
-bool StoreText(registry::Handle key, const std::string& name, std::uint32_t type,
-               const RegistryInput& value) {
-    const text characters = AsText(value);
-    return Store(key, name, type, characters.c_str(), characters.size()); // its NUL lies behind it, uncounted
-}
-
-bool StoreNumber(registry::Handle key, const std::string& name, const RegistryInput& value) {
+/// The bytes of a value of that type; nothing if it is none.
+std::optional<std::string> BytesFor(std::uint32_t type, const RegistryInput& value) {
+    if (type == REG_SZ || type == REG_BINARY)
+        return BytesOf(AsText(value));
     const std::optional<std::int32_t> number = AsNumber(value);
-    return number && Store(key, name, REG_DWORD, &*number, sizeof *number);
+    if (type != REG_DWORD || !number)
+        return std::nullopt;
+    std::string bytes;
+    for (unsigned shift = 0; shift < 32; shift += 8)
+        bytes += static_cast<char>(static_cast<std::uint32_t>(*number) >> shift & 0xFFU);
+    return bytes;
 }
 
 } // namespace
 
 bool ReadRegistryValue(std::uint32_t hRoot, const std::string& sKey, const std::string& sValueName,
                        text& sResult) {
-    const OpenedKey key(hRoot, sKey);
-    if (!key.IsOpen())
+    std::optional<registry::Value> value = registry::Read(hRoot, sKey, sValueName);
+    if (!value)
         return false;
-    std::array<std::uint8_t, LongestValue> buffer{};
-    std::uint32_t type = 0;
-    std::uint32_t size = LongestValue;
-    if (registry::RegQueryValueExA(key.Handle(), sValueName.c_str(), nullptr, &type, buffer.data(), &size) !=
-        registry::ERROR_SUCCESS)
-        return false;
-    std::span<const std::uint8_t> bytes(buffer.data(), size);
-    if (!bytes.empty() && bytes.back() == 0)
-        bytes = bytes.first(bytes.size() - 1);
-    if (type == REG_SZ) {
-        sResult.assign(bytes.begin(), bytes.end());
-    } else if (type == REG_DWORD) {
-        sResult = "&h" + sResult + Digits(bytes);
-    }
+    if (value->Data.ends_with('\0'))
+        value->Data.pop_back();
+    if (value->Type == REG_SZ)
+        sResult = TextOf(value->Data);
+    else if (value->Type == REG_DWORD)
+        sResult = "&h" + sResult + Digits(value->Data);
     return true;
 }
 
 bool WriteRegistryValue(std::uint32_t hRoot, const std::string& sKey, std::uint32_t iType,
                         const std::string& sValueName, RegistryInput& vValue) {
-    OpenedKey key(hRoot, sKey);
-    if (!key.IsOpen())
-        key.Create(hRoot, sKey);
-    bool stored = true;
-    if (iType == REG_SZ || iType == REG_BINARY)
-        stored = StoreText(key.Handle(), sValueName, iType, vValue);
-    else if (iType == REG_DWORD)
-        stored = StoreNumber(key.Handle(), sValueName, vValue);
-    if (!stored)
+    if (iType != REG_SZ && iType != REG_BINARY && iType != REG_DWORD) {
+        registry::CreateKey(hRoot, sKey);
+        return true;
+    }
+    const std::optional<std::string> bytes = BytesFor(iType, vValue);
+    bool isStored = false;
+    if (bytes)
+        isStored = registry::Write(hRoot, sKey, sValueName, {iType, *bytes});
+    else
+        registry::CreateKey(hRoot, sKey);
+    if (!isStored)
         vValue = text();
-    return stored;
+    return isStored;
 }
 
 bool DeleteRegistryKey(std::uint32_t hRoot, const std::string& sKey) {
-    return registry::RegDeleteKeyA(hRoot, sKey.c_str()) == registry::ERROR_SUCCESS;
+    return registry::Delete(hRoot, sKey);
 }
 
 } // namespace railwright

@@ -10,7 +10,6 @@ namespace railwright {
 namespace {
 
 constexpr std::u16string_view Version5 = u"Windows Registry Editor Version 5.00";
-constexpr std::u16string_view Version4 = u"REGEDIT4";
 constexpr char16_t ByteOrderMark = 0xFEFF;
 
 /// A line with the backslash at its end is not longer than this.
@@ -38,8 +37,7 @@ public:
 
     std::optional<RegistryTree> Read() {
         SkipEmptyLines();
-        version4 = Take(Version4);
-        if (!version4 && !Take(Version5))
+        if (!Take(Version5))
             return std::nullopt;
         SkipLine();
         while (SkipEmptyLines()) {
@@ -79,18 +77,13 @@ private:
 
     /// Up to the last bracket of the line, as a key's name may have some of its own.
     void TakeKey() {
-        const bool removes = Take(u"-");
         const std::size_t start = at;
         SkipLine();
         const std::size_t end = text.rfind(u']', at);
         key = nullptr;
-        if (end == std::u16string::npos || end <= start)
+        if (end == std::u16string::npos || end <= start || text[start] == u'-') // would delete a key
             return;
-        const std::u16string path = text.substr(start, end - start);
-        if (removes)
-            tree.Remove(path);
-        else
-            key = &tree.Make(path);
+        key = &tree.Make(text.substr(start, end - start));
     }
 
     /// Behind the opening quote, up to behind the closing one. A text may go over several lines.
@@ -110,9 +103,7 @@ private:
         if (key == nullptr || !Take(u"="))
             return;
         SkipBlanks();
-        if (Take(u"-"))
-            RegistryTree::RemoveValue(*key, name);
-        else if (Take(u"\""))
+        if (Take(u"\""))
             Store(name, registry::REG_SZ, ToWideBytes(TakeQuoted() + u'\0'));
         else if (Take(u"dword:"))
             TakeDoubleWord(name);
@@ -142,10 +133,7 @@ private:
         const std::uint32_t type = TakeNumber();
         if (!Take(u"):"))
             return;
-        std::vector<std::uint8_t> bytes = TakeBytes();
-        if (version4 && IsTextType(type)) // the older version has the bytes of the code page
-            bytes = ToWideBytes(WidenAnsi(std::string(bytes.begin(), bytes.end())));
-        Store(name, type, std::move(bytes));
+        Store(name, type, TakeBytes());
     }
 
     /// Bytes in hexadecimal digits between commas; a backslash leads on to the next line.
@@ -172,7 +160,6 @@ private:
 
     std::u16string text;
     std::size_t at = 0;
-    bool version4 = false;
     RegistryTree tree;
     RegistryKey* key = nullptr;
 };

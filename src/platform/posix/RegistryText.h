@@ -7,8 +7,8 @@
 
 namespace railwright {
 
-/// Reads what the registry editor exports, in both of its versions: "Windows Registry Editor Version 5.00" in
-/// UTF-16LE and "REGEDIT4" in the code page. Lines that are neither key nor value are passed over.
+/// Reads a file that the registry editor exported in version 5.00, in UTF-16LE or, without a byte order mark, in
+/// the code page. Skips lines that are neither key nor value.
 /// @return nothing if the file does not begin as the editor's files do.
 std::optional<RegistryTree> ParseRegistry(std::span<const std::uint8_t> file);
 

@@ -122,8 +122,4 @@ const RegistryValue* RegistryTree::FindValue(const RegistryKey& key, const Regis
     return found == key.Values.end() ? nullptr : &found->second;
 }
 
-void RegistryTree::RemoveValue(RegistryKey& key, const RegistryName& name) {
-    key.Values.erase(FoldedName(name));
-}
-
 } // namespace railwright

@@ -57,7 +57,6 @@ public:
     static RegistryValue& MakeValue(RegistryKey& key, const RegistryName& name);
     /// The key's value of that name, null if there is none.
     static const RegistryValue* FindValue(const RegistryKey& key, const RegistryName& name);
-    static void RemoveValue(RegistryKey& key, const RegistryName& name);
 
     /// All keys, each before its subkeys, by a form of the path that sorts so.
     const std::map<std::string, RegistryKey>& Keys() const { return keys; }

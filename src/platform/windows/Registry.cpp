@@ -1,72 +1,89 @@
 #include "platform/Registry.h"
 
-#include <string>
-
 #include <windows.h>
 
 namespace railwright::registry {
 namespace {
 
-/// The roots are negative 32-bit numbers that the system widens with their sign.
-HKEY Native(Handle key) {
-    const bool isRoot = key >= 0x80000000U && key <= 0xFFFFFFFFU;
-    return reinterpret_cast<HKEY>(isRoot ? static_cast<std::intptr_t>(static_cast<std::int32_t>(key))
-                                         : static_cast<std::intptr_t>(key));
-}
-
-/// The registrations of the user, which HKEY_CLASSES_ROOT shows before those of the machine.
+/// The registrations of the user, which HKEY_CLASSES_ROOT shows instead of those of the machine.
 constexpr const char* UserClasses = "Software\\Classes\\";
 
-LSTATUS Create(HKEY root, const char* subKey, HKEY* created) {
-    return ::RegCreateKeyExA(root, subKey, 0, nullptr, 0, KEY_READ | KEY_WRITE, nullptr, created, nullptr);
-}
+/// Reading and writing, whichever the key is opened for.
+constexpr REGSAM ReadAndWrite = 0x2003F;
+
+/// An open key, closed on destruction. Null if it could not be opened.
+class Key {
+public:
+    Key(std::uint32_t root, const std::string& key) {
+        RegOpenKeyExA(Native(root), key.c_str(), 0, ReadAndWrite, &handle);
+    }
+    ~Key() {
+        if (handle != nullptr)
+            RegCloseKey(handle);
+    }
+    Key(const Key&) = delete;
+    Key& operator=(const Key&) = delete;
+
+    void Create(std::uint32_t root, const std::string& key) {
+        const LSTATUS status = CreateIn(Native(root), key);
+        // The machine's registrations belong to administrators; everybody else has registrations of their
+        // own.
+        if (status == ERROR_ACCESS_DENIED && Native(root) == HKEY_CLASSES_ROOT)
+            CreateIn(HKEY_CURRENT_USER, UserClasses + key);
+    }
+    HKEY Handle() const { return handle; }
+
+    /// The roots are negative 32-bit numbers that the system widens with their sign.
+    static HKEY Native(std::uint32_t root) {
+        return reinterpret_cast<HKEY>(static_cast<std::intptr_t>(static_cast<std::int32_t>(root)));
+    }
+
+private:
+    LSTATUS CreateIn(HKEY root, const std::string& key) {
+        return RegCreateKeyExA(root, key.c_str(), 0, nullptr, 0, KEY_READ | KEY_WRITE, nullptr, &handle,
+                               nullptr);
+    }
+
+    HKEY handle = nullptr;
+};
 
 } // namespace
 
-std::int32_t RegOpenKeyExA(Handle key, const char* subKey, std::uint32_t options, std::uint32_t access,
-                           Handle* result) {
-    HKEY opened = nullptr;
-    const LSTATUS status = ::RegOpenKeyExA(Native(key), subKey, options, access, &opened);
-    if (status == 0)
-        *result = reinterpret_cast<Handle>(opened);
-    return status;
+std::optional<Value> Read(std::uint32_t root, const std::string& key, const std::string& name) {
+    const Key opened(root, key);
+    Value value;
+    value.Data.resize(LongestValue);
+    DWORD type = 0;
+    DWORD size = LongestValue;
+    auto* const bytes = reinterpret_cast<BYTE*>(value.Data.data());
+    if (opened.Handle() == nullptr ||
+        RegQueryValueExA(opened.Handle(), name.c_str(), nullptr, &type, bytes, &size) != ERROR_SUCCESS)
+        return std::nullopt;
+    value.Type = type;
+    value.Data.resize(size);
+    return value;
 }
 
-std::int32_t RegCreateKeyA(Handle key, const char* subKey, Handle* result) {
-    HKEY opened = nullptr;
-    LSTATUS status = Create(Native(key), subKey, &opened);
-    // The machine's registrations belong to administrators; everybody else has registrations of their own.
-    if (status == ERROR_ACCESS_DENIED && Native(key) == HKEY_CLASSES_ROOT)
-        status = Create(HKEY_CURRENT_USER, (std::string(UserClasses) + subKey).c_str(), &opened);
-    if (status == 0)
-        *result = reinterpret_cast<Handle>(opened);
-    return status;
+bool CreateKey(std::uint32_t root, const std::string& key) {
+    Key opened(root, key);
+    if (opened.Handle() == nullptr)
+        opened.Create(root, key);
+    return opened.Handle() != nullptr;
 }
 
-std::int32_t RegQueryValueExA(Handle key, const char* valueName, std::uint32_t* reserved, std::uint32_t* type,
-                              std::uint8_t* data, std::uint32_t* size) {
-    DWORD foundType = 0;
-    DWORD foundSize = size == nullptr ? 0 : *size;
-    const LSTATUS status = ::RegQueryValueExA(Native(key), valueName, reinterpret_cast<DWORD*>(reserved),
-                                              &foundType, data, size == nullptr ? nullptr : &foundSize);
-    if (type != nullptr)
-        *type = foundType;
-    if (size != nullptr)
-        *size = foundSize;
-    return status;
+bool Write(std::uint32_t root, const std::string& key, const std::string& name, const Value& value) {
+    Key opened(root, key);
+    if (opened.Handle() == nullptr)
+        opened.Create(root, key);
+    // The system adds the NUL that follows the bytes of a text.
+    return opened.Handle() != nullptr &&
+           RegSetValueExA(opened.Handle(), name.c_str(), 0, value.Type,
+                          reinterpret_cast<const BYTE*>(value.Data.c_str()),
+                          static_cast<DWORD>(value.Data.size())) == ERROR_SUCCESS;
 }
 
-std::int32_t RegSetValueExA(Handle key, const char* valueName, std::uint32_t reserved, std::uint32_t type,
-                            const std::uint8_t* data, std::uint32_t size) {
-    return ::RegSetValueExA(Native(key), valueName, reserved, type, data, size);
-}
-
-std::int32_t RegDeleteKeyA(Handle key, const char* subKey) {
-    return ::RegDeleteKeyA(Native(key), subKey);
-}
-
-std::int32_t RegCloseKey(Handle key) {
-    return ::RegCloseKey(Native(key));
+bool Delete(std::uint32_t root, const std::string& key) {
+    return RegDeleteKeyA(Key::Native(root), key.c_str()) == ERROR_SUCCESS;
 }
 
 } // namespace railwright::registry
