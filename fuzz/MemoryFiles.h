@@ -9,7 +9,7 @@
 namespace railwright::fuzz {
 
 /// Files and folders held in memory, in force while it lives. Their names are as they are written.
-class MemoryFiles : public FileOperations {
+class MemoryFiles final : public FileOperations {
     using Name = const FilePath&;
     using Error = std::error_code&;
     using Opened = std::unique_ptr<OpenFile>;
@@ -47,16 +47,13 @@ public:
         const bool nowhere = !above.IsEmpty() && Status(above).What != Kind::Folder;
         return Fails(nowhere, error) ? nullptr : std::make_unique<New>(*this, path);
     }
-    /// Comes before each step that others can see: a name is taken or given up.
-    virtual void BeforeStep() {}
-    void CreateFolder(Name path, Error error) override { BeforeStep(), Add(path, {}, error); }
+    void CreateFolder(Name path, Error error) override { Add(path, {}, error); }
     void Move(Name from, Name to, Error error) override {
-        BeforeStep();
         // Only files are moved.
         if (!Fails(!Find(from), error) && Add(to, {}, error))
             All[to] = std::move(All.extract(from).mapped());
     }
-    void Delete(Name path, Error error) override { BeforeStep(), Fails(All.erase(path) == 0, error); }
+    void Delete(Name path, Error error) override { Fails(All.erase(path) == 0, error); }
     std::vector<FileName> List(Name folder, Error error) override {
         std::vector<FileName> names;
         Fails(Status(folder).What != Kind::Folder, error);
@@ -92,7 +89,7 @@ private:
     struct New final : NewFile {
         New(MemoryFiles& files, FilePath path) : All(files), Path(std::move(path)) {}
         OpenFile& Content() override { return Open; }
-        void TakePlace(Error) override { All.BeforeStep(), All.All[Path] = Written; }
+        void TakePlace(Error) override { All.All[Path] = Written; }
         void KeepAs(Name path, Error) override { All.All[path] = Written; }
         MemoryFiles& All;
         FilePath Path;

@@ -3,11 +3,14 @@
 #include "install/mTool_EnvironmentCleaner.h"
 #include "platform/CodePage.h"
 #include "platform/WholeFile.h"
+#include "tests/support/FailingFiles.h"
 
 #include <set>
 
 using namespace railwright;
 using namespace railwright::fuzz;
+using railwright::testing::FailingFiles;
+using railwright::testing::SuddenEnd;
 
 namespace {
 
@@ -48,27 +51,40 @@ struct Environment {
     }
 };
 
-/// Thrown where the process is to end suddenly.
-struct SuddenEnd {};
-
-/// Ends the process before one of the steps that a run makes in sight of others: a name taken or given up.
-struct EndingFiles final : MemoryFiles {
-    /// The steps that are left; below 0 it never comes.
-    int Left = -1;
-
-    void BeforeStep() override {
-        if (Left-- == 0)
-            throw SuddenEnd();
+/// Checks the environments of a folder after a run or a part of one: each has its old text but for folders,
+/// and its textures are where it says.
+void RequireTextures(const MemoryFiles& files, const std::vector<EnvironmentEntry>& entries,
+                     const std::vector<Environment>& environments) {
+    NameLookup lookup;
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        const Environment &old = environments[i], now(files, entries[i], lookup);
+        Require(now.WhatStays == old.WhatStays, "an environment keeps its text but for folders");
+        Require(!entries[i].Organized || now.Settings == old.Settings, "what is organized stays");
+        for (std::size_t k = 0; k < old.Textures.size() && !entries[i].Organized && old.IsPlain; ++k)
+            Require(!old.Textures[k] || now.Textures.at(k) == old.Textures[k], "textures are found");
     }
-};
+}
+
+/// Checks that each file but the environments' is still there, under any name.
+void RequireNothingLost(const MemoryFiles& files, const decltype(MemoryFiles::All)& before) {
+    std::set<std::optional<Bytes>> contents = {std::nullopt};
+    for (const auto& [path, content] : files.All)
+        contents.insert(content);
+    for (const auto& [path, content] : before) {
+        const bool looksLikePath = path.Name().Native().find('\\') != std::string::npos;
+        Require(!looksLikePath || files.All.at(path) == content, "a name is never taken for a path");
+        Require(HasExtension(path.Native(), ".env") || contents.contains(content), "no texture is lost");
+    }
+}
 
 } // namespace
 
 /// The input is the simulator's folder: files with a NUL between them, each a path in its first line and its
 /// text. A texture begins with its own path, so that no two are the same. What leads elsewhere is left out,
-/// and a bar in a name stands for a backslash. The last byte tells when a run is cut off.
+/// and a bar in a name stands for a backslash. The last byte tells at which call a run is interrupted; a
+/// replay interrupts at each.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    EndingFiles files;
+    MemoryFiles files;
     for (const auto *at = data, *const end = data + size; at < end;) {
         const auto* const next = std::find(at, end, 0);
         const auto* const name = std::find(at, next, '\n');
@@ -85,41 +101,53 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const auto before = files.All;
     const std::vector<EnvironmentEntry> entries = ScanEnvironments(Simulator).EnvironmentList;
     std::vector<Environment> environments;
-    NameLookup lookup, lookupAfter;
+    NameLookup lookup;
     for (const EnvironmentEntry& entry : entries)
         environments.emplace_back(files, entry, lookup);
     OrganizerProgress progress;
-    bool isDone = OrganizeEnvironments(Simulator, progress);
-
+    const bool isDone = OrganizeEnvironments(Simulator, progress);
     const auto after = files.All;
-    std::set<std::optional<Bytes>> contents = {std::nullopt};
-    for (const auto& [path, content] : after)
-        contents.insert(content);
-    for (const auto& [path, content] : before) {
-        const bool looksLikePath = path.Name().Native().find('\\') != std::string::npos;
-        Require(!looksLikePath || after.at(path) == content, "a name is never taken for a path");
-        Require(HasExtension(path.Native(), ".env") || contents.contains(content), "no texture is lost");
-    }
-    for (std::size_t i = 0; i < entries.size(); ++i) {
-        const Environment &old = environments[i], now(files, entries[i], lookupAfter);
-        Require(now.WhatStays == old.WhatStays, "an environment keeps its text but for folders");
-        Require(!entries[i].Organized || now.Settings == old.Settings, "what is organized stays");
-        for (std::size_t k = 0; k < old.Textures.size() && !entries[i].Organized && old.IsPlain; ++k)
-            Require(!old.Textures[k] || now.Textures.at(k) == old.Textures[k], "textures are found");
-        isDone = isDone && old.IsPlain;
-    }
-    if (isDone && after != before) { // otherwise each run is the first one over again
-        OrganizeEnvironments(Simulator, progress);
-        Require(files.All == after, "a second run changes nothing");
-        files.All = before;
-        try {
-            files.Left = data[size - 1] % 32;
+    RequireNothingLost(files, before);
+    RequireTextures(files, entries, environments);
+    if (!isDone || after == before) // otherwise each run is the first one over again
+        return 0;
+    const auto finish = [&] {
+        for (int run = 0; run < 3; ++run)
             OrganizeEnvironments(Simulator, progress);
-        } catch (const SuddenEnd&) { // it is run again
+    };
+    finish();
+    const auto end = files.All;
+    const bool isPlain = std::ranges::all_of(environments, &Environment::IsPlain);
+    Require(!isPlain || end == after, "a second run changes nothing");
+
+    // Interrupts a run at one of its calls. Returns whether it came to that call.
+    const auto interrupt = [&](int call, bool endsSuddenly) {
+        files.All = before;
+        bool hasCome = false;
+        {
+            FailingFiles failing;
+            failing.FailAt = call;
+            failing.Cause = std::errc::io_error;
+            failing.EndsSuddenly = endsSuddenly;
+            try {
+                OrganizeEnvironments(Simulator, progress);
+            } catch (const SuddenEnd&) { // it is run again
+            }
+            hasCome = failing.Calls >= call;
         }
-        files.Left = -1;
-        OrganizeEnvironments(Simulator, progress);
-        Require(files.All == after, "a run that was cut off comes to the same end");
-    }
+        RequireNothingLost(files, before);
+        RequireTextures(files, entries, environments);
+        finish();
+        RequireNothingLost(files, before);
+        Require(files.All == end || !endsSuddenly, "a run that was cut off comes to the same end");
+        return hasCome;
+    };
+#ifdef RAILWRIGHT_REPLAY
+    for (const bool endsSuddenly : {false, true})
+        for (int call = 1; interrupt(call, endsSuddenly); ++call) {
+        }
+#else
+    interrupt(1 + data[size - 1], size % 2 == 0);
+#endif
     return 0;
 }

@@ -10,7 +10,7 @@ namespace railwright::testing {
 /// Thrown where the process is to end suddenly.
 struct SuddenEnd {};
 
-/// The system's file operations with faults of the test's choice, in force while it lives. Counted are the
+/// The file operations in force with faults of the test's choice, in force while it lives. Counted are the
 /// calls that can fail. No write takes more than 100 bytes at once, and none waits for the disk.
 class FailingFiles final : public FileOperations {
     using Name = const FilePath&;
@@ -29,7 +29,7 @@ public:
     bool WritesNothing = false;  // a write that fails gives no error, it only writes nothing
     std::errc OpenNewError = {}; // what OpenNew gives; no error for the system's own answer
     std::errc FlushFolderError = {};
-    std::vector<FilePath> Aside = SystemFiles().TemporaryFolders(); // for copies
+    std::vector<FilePath> Aside = Files().TemporaryFolders(); // for copies
     std::vector<std::string> Log = {}; // each exchange, and each folder that is flushed
 
     FileStatus Status(Name path) override { return Fails(status.Error) ? status : real.Status(path); }
@@ -112,7 +112,7 @@ private:
     Opened Wrap(Opened file) { return file ? std::make_unique<File>(*this, std::move(file)) : nullptr; }
 
     FileStatus status = {.What = FileStatus::Kind::Unknown}; // of what cannot be looked at
-    FileOperations& real = SystemFiles();
+    FileOperations& real = Files();                          // those that were in force
     ScopedFileOperations scope{*this};
 };
 
