@@ -137,6 +137,13 @@ void frmMain::BuildAllPanels() {
         BuiltPanel(tab);
 }
 
+void frmMain::RefreshPanels(const TrackMeasures& measures) {
+    BuiltPanel(Tabs::Overview); // does not read Track when it is created
+    for (const auto& panel : panels)
+        if (panel != nullptr)
+            panel->Refresh(measures);
+}
+
 void frmMain::BuildMenu() {
     for (const MenuRow& row : MenuRows) {
         auto* const above = row.Above == nullptr ? nullptr : menuBar()->findChild<QMenu*>(row.Above);

@@ -76,16 +76,8 @@ public:
     /// Return the preview from above and the preview from the side.
     QtPictureBox& Plan() { return *pbView[0]; }
     QtPictureBox& Side() { return *pbView[1]; }
-    /// Returns a panel of class `Kind` by its number. Builds it first if necessary.
-    template <class Kind>
-    Kind& Panel(std::int16_t iTab) {
-        return static_cast<Kind&>(BuiltPanel(static_cast<std::size_t>(iTab)));
-    }
-    /// Returns the panel, or null if it is not built yet.
-    template <class Kind>
-    Kind* PanelIfBuilt(std::int16_t iTab) {
-        return static_cast<Kind*>(panels[static_cast<std::size_t>(iTab)].get());
-    }
+    /// Refreshes the panels that show Track. Panels that are created later read it then.
+    void RefreshPanels(const TrackMeasures& measures);
     WindowHandle Handle() const { return static_cast<WindowHandle>(winId()); }
 
 protected:

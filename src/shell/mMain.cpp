@@ -6,15 +6,10 @@
 #include "platform/Desktop.h"
 #include "platform/InPlace.h"
 #include "platform/NameLookup.h"
-#include "platform/UserLocale.h"
 #include "platform/WholeFile.h"
 #include "platform/WinePrefix.h"
 #include "shell/frmMain.h"
 #include "shell/mFileDialog.h"
-#include "shell/panels/mNLT_3DSRenamer.h"
-#include "shell/panels/mNLT_Overview.h"
-#include "shell/panels/mNLT_ShuttleMake.h"
-#include "tools/mNLT_Overview.h"
 
 #include <algorithm>
 #include <array>
@@ -261,14 +256,7 @@ void ShowInterruptedSaves() {
 
 void RefreshTrackTools() {
     frmMain& window = frmMain::Instance();
-    const TrackMeasures measures = DrawAndMeasureTrack(window.Plan(), window.Side());
-    window.Panel<OverviewPanel>(Tabs::Overview)
-        .ShowReport(BuildTrackOverview(sDocumentFile, UserNumberSeparators(), measures));
-    // Panels built later read the open track when they are created.
-    if (auto* const panel = window.PanelIfBuilt<ShuttleMakePanel>(Tabs::ShuttleMake))
-        panel->UpdateShuttleButton();
-    if (auto* const panel = window.PanelIfBuilt<RenamerPanel>(Tabs::Renamer))
-        panel->Refresh3DSRenamer();
+    window.RefreshPanels(DrawAndMeasureTrack(window.Plan(), window.Side()));
 }
 
 void RefreshElementTools() {

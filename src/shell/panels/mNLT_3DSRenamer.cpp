@@ -70,6 +70,10 @@ RenamerPanel::RenamerPanel(ucFrame& frame)
         Refresh3DSRenamer();
 }
 
+void RenamerPanel::Refresh(const TrackMeasures& /*measures*/) {
+    Refresh3DSRenamer();
+}
+
 void RenamerPanel::Refresh3DSRenamer() {
     const std::int32_t count = Track.SceneryObjects.Count;
     {

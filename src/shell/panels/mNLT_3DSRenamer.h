@@ -19,12 +19,13 @@ class RenamerPanel final : public ToolPanel {
 public:
     explicit RenamerPanel(ucFrame& frame);
 
-    /// Lists the objects of the track and selects the first.
-    void Refresh3DSRenamer();
+    void Refresh(const TrackMeasures& measures) override;
 
 private:
     class ObjectList;
 
+    /// Lists the objects of the track and selects the first.
+    void Refresh3DSRenamer();
     void cmbTDSRenamer_Click();
     void btnTDSRenamer_Click();
     /// Returns the name of the selected object; null if there is none.

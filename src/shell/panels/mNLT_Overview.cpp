@@ -1,9 +1,10 @@
 #include "shell/panels/mNLT_Overview.h"
 
+#include "platform/UserLocale.h"
 #include "shell/Controls.h"
+#include "shell/mMain.h"
 #include "shell/ucFrame.h"
-
-#include <utility>
+#include "tools/mNLT_Overview.h"
 
 #include <QPlainTextEdit>
 
@@ -48,8 +49,8 @@ void OverviewPanel::MakeBox() {
     txtOverview->show();
 }
 
-void OverviewPanel::ShowReport(std::string report) {
-    pending = std::move(report);
+void OverviewPanel::Refresh(const TrackMeasures& measures) {
+    pending = BuildTrackOverview(sDocumentFile, UserNumberSeparators(), measures);
     if (!frame.isHidden())
         Prepare();
     else if (txtOverview != nullptr)

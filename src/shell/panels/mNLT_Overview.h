@@ -16,11 +16,10 @@ class OverviewPanel final : public ToolPanel {
 public:
     explicit OverviewPanel(ucFrame& panel);
 
-    /// Sets the report. The box receives it only when it is visible, because the layout of a long text takes
-    /// a while.
-    /// @param report UTF-8; lines separated by CR LF.
-    void ShowReport(std::string report);
     void Prepare() override;
+    /// Builds the report. The box receives it only when it is visible, because the layout of a long text
+    /// takes a while.
+    void Refresh(const TrackMeasures& measures) override;
 
 private:
     void MakeBox();
@@ -28,7 +27,7 @@ private:
     ucFrame& frame;
     /// Created when first visible, because finding its fonts takes a while.
     QPlainTextEdit* txtOverview = nullptr;
-    /// The report not yet in the box.
+    /// The report not yet in the box, as UTF-8 with CR LF line ends.
     std::optional<std::string> pending;
 };
 

@@ -31,6 +31,10 @@ ShuttleMakePanel::ShuttleMakePanel(ucFrame& frame)
         UpdateShuttleButton();
 }
 
+void ShuttleMakePanel::Refresh(const TrackMeasures& /*measures*/) {
+    UpdateShuttleButton();
+}
+
 void ShuttleMakePanel::UpdateShuttleButton() {
     btnTShuttle->setEnabled(!Track.SegmentList.ClosedCircuit);
 }

@@ -13,10 +13,11 @@ class ShuttleMakePanel final : public ToolPanel {
 public:
     explicit ShuttleMakePanel(ucFrame& frame);
 
-    /// Enables the button while the track is not a complete circuit.
-    void UpdateShuttleButton();
+    void Refresh(const TrackMeasures& measures) override;
 
 private:
+    /// Enables the button while the track is not a complete circuit.
+    void UpdateShuttleButton();
     void btnTShuttle_Click();
 
     QPushButton* btnTShuttle;
