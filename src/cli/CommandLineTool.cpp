@@ -31,19 +31,19 @@ constexpr int Done = 0;
 constexpr int Failed = 1;
 constexpr int Usage = 2;
 
-/// What went wrong with which file, as the user named it; it ends the work on that file.
+/// An error with one file, named as the user typed it. Ends the work on that file.
 struct FileFailure {
     std::string File;
     std::string Reason;
 };
 
-/// Standard output takes no more; that ends the work on all files.
+/// Thrown if standard output cannot be written. Ends the work on all files.
 struct OutputFailure {};
 
-/// A kind of document, and what this program alone does with it.
+/// A kind of document and its commands.
 struct Kind : DocumentKind {
     FileResult (*Read)(const FilePath&, UnknownChunks&);
-    /// Null if it has none.
+    /// Null if the kind has no report.
     void (*Report)(TextOutput&, const FilePath&, const NumberSeparators&);
     void (*Dump)(TextOutput&);
     void (*PrintPolyline)(TextOutput&);
@@ -77,7 +77,7 @@ constexpr std::array Kinds = {
     Kind{TrackKind, ReadTrackFile, PrintTrackOverview, DumpTrack, PrintTrackPolyline, ApplyTrackSteps},
     Kind{ElementKind, ReadElementFile, nullptr, DumpElement, PrintElementPolyline, ApplyElementSteps}};
 
-/// @throws FileFailure if the file's name has neither extension.
+/// @throws FileFailure if the file's extension belongs to no kind.
 const Kind& KindOf(const std::string& file) {
     if (const Kind* const kind = KindOf(Kinds, file))
         return *kind;
@@ -98,14 +98,14 @@ Loaded Load(const std::string& file) {
     return loaded;
 }
 
-/// @throws FileFailure unless it is done.
+/// @throws FileFailure if `result` is a failure.
 void Require(const FileResult& result, const std::string& file) {
     if (!result)
         throw FileFailure{file, result.Reason};
 }
 
-/// Returns an output that passes text on to `out` with LF instead of CR LF and of CR, which would send a
-/// terminal back to the start of a line.
+/// Returns an output that passes text on to `out`. It replaces CR LF and CR by LF, as CR would move a
+/// terminal's cursor to the start of the line.
 TextOutput WithPlainLineEnds(TextOutput& out) {
     return TextOutput([&out, isAfterReturn = false](std::string_view characters) mutable {
         for (const char character : characters) {
@@ -118,8 +118,8 @@ TextOutput WithPlainLineEnds(TextOutput& out) {
     });
 }
 
-/// The parser splits a word such as "[a,b]" into two. This character, which no argument has, goes before the
-/// bracket until the words are parsed.
+/// The parser splits a word such as "[a,b]" into two. This character, which no argument contains, precedes
+/// the bracket during parsing.
 constexpr char Shield = '\0';
 
 std::vector<std::string> Shielded(std::vector<std::string> words) {
@@ -134,15 +134,15 @@ std::string Unshielded(std::string word) {
     return word;
 }
 
-/// What a command line says behind the command's name.
+/// The arguments after the command's name.
 struct Arguments {
     std::vector<std::string> Files;
     std::vector<std::string> Steps;
     std::string Target;
     NumberSeparators Separators = UserNumberSeparators();
-    /// Where the progress is told; none if it is not.
+    /// Stream for progress messages, or null.
     std::ostream* Terminal = nullptr;
-    /// Prints a message about a file on standard error.
+    /// Prints a warning about a file on standard error.
     std::function<void(const std::string& file, std::string_view message)> Warn;
 
     void Unshield() {
@@ -169,7 +169,7 @@ void PrintPolyline(const std::string& file, const Arguments&, TextOutput& out) {
     Load(file).Of.PrintPolyline(out);
 }
 
-/// Draws one of the two views straight into a file.
+/// Draws one of the two views directly into a file.
 void WriteDrawing(const FilePath& file, const std::function<void(PictureBox&)>& draw) {
     const auto content = [&draw](OpenFile& opened, std::error_code& error) {
         TextOutput out([&](std::string_view piece) {
@@ -199,7 +199,8 @@ void WritePreview(const std::string& file, const Arguments& arguments, TextOutpu
                  [&](PictureBox& side) { kind.DrawWhileSampling(none, side); });
 }
 
-/// Applies the steps to a file and saves the result. @return the chunks that are not in the result.
+/// Applies the steps to a file and saves the result.
+/// @return the chunks that the result lacks.
 UnknownChunks ApplyAndSave(const std::string& file, const Arguments& arguments) {
     Progress progress(arguments.Terminal);
     progress.Tell("reading");
@@ -232,7 +233,7 @@ void Check(const std::string& file, const Arguments&, TextOutput& out) {
     out << '\n';
 }
 
-/// Prints what the organizer does, line by line.
+/// Prints the organizer's messages, one per line.
 class PrintedProgress final : public OrganizerProgress {
 public:
     explicit PrintedProgress(TextOutput& stream) : out(stream) {}
@@ -243,7 +244,7 @@ public:
     void Tell(const std::string& line) override {
         try {
             out << line << '\n';
-        } catch (const OutputFailure&) { // it shows again in the end; the tidying is not left half done
+        } catch (const OutputFailure&) { // the final flush fails again; do not stop organizing halfway
         }
     }
 
@@ -273,17 +274,17 @@ void Organize(const std::string& folder, const Arguments&, TextOutput& out) {
 struct Command {
     const char* Name;
     const char* Help;
-    /// What stands behind the name in an example.
+    /// Arguments of the example in the help.
     const char* Example;
-    /// What it works on, and whether it takes more than one.
+    /// Name of the argument, and whether it can be repeated.
     const char* On = "FILE";
     bool OnMany = false;
-    /// What its option -o names, and whether that is FILE or FOLDER; none if empty.
+    /// Help text of option -o, and FILE or FOLDER. Empty if the command lacks the option.
     const char* Target = "";
     const char* TargetKind = "";
     bool HasSteps = false;
     bool HasSeparators = false;
-    /// It tells what is wrong with a file as its result, on standard output.
+    /// Prints failures as results on standard output.
     bool TellsFailures = false;
     /// Throws FileFailure.
     void (*Work)(const std::string& file, const Arguments& arguments, TextOutput& out);
@@ -330,7 +331,7 @@ constexpr Command Commands[] = {
      .Work = Organize},
 };
 
-/// An argument that may not be empty.
+/// Rejects an empty argument.
 std::string Required(const std::string& value) {
     return value.empty() ? "it is empty" : "";
 }
@@ -361,7 +362,7 @@ void AddCommand(CLI::App& app, const Command& command, Arguments& arguments, con
     }
 }
 
-/// The command line as the parser knows it, and what it has found there.
+/// The parser and its results.
 struct CommandLine {
     CLI::App App{"Reports on, draws, checks and changes NoLimits tracks and elements.", "railwright-cli"};
     Arguments Given;
@@ -369,7 +370,7 @@ struct CommandLine {
 
     CommandLine() {
         App.require_subcommand(1);
-        App.allow_windows_style_options(false); // a path may begin with a slash everywhere
+        App.allow_windows_style_options(false); // a path may begin with a slash on any system
         App.set_version_flag("--version", "railwright-cli " + std::string(Version),
                              "print the version and exit");
         for (const Command& command : Commands)
@@ -402,13 +403,13 @@ int RunCommandLineTool(std::vector<std::string> words, std::ostream& out, std::o
     line.Given.Warn = warn;
     const Arguments& arguments = line.Given;
     try {
-        std::reverse(words.begin(), words.end()); // as the parser wants them
+        std::reverse(words.begin(), words.end()); // the parser expects them in reverse
         line.App.parse(Shielded(std::move(words)));
         line.Given.Unshield();
     } catch (const CLI::ParseError& error) {
         if (line.App.exit(error, out, errors) != 0)
             return Usage;
-        line.Given.Files.clear(); // the help or the version is all there is to do
+        line.Given.Files.clear(); // help and version need no file
     }
 
     bool readerIsGone = false;
@@ -444,7 +445,7 @@ int RunCommandLineTool(std::vector<std::string> words, std::ostream& out, std::o
         errno = 0;
         require(out.flush());
     } catch (const OutputFailure&) {
-        if (!readerIsGone) { // a reader that wants no more, such as head, is no failure
+        if (!readerIsGone) { // a reader that stops early, such as head, is no failure
             warn("standard output", "cannot be written");
             return Failed;
         }

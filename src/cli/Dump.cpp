@@ -14,7 +14,7 @@
 namespace railwright {
 namespace {
 
-/// An array that is made while it is printed: `At` gives the value at each place.
+/// An array computed while it is printed: `At` returns the value at an index.
 template <class ValueAt>
 struct Array {
     Array(std::int32_t count, ValueAt at) : Count(static_cast<std::size_t>(count)), At(std::move(at)) {}
@@ -28,8 +28,8 @@ auto Items(const List& items, std::int32_t count) {
         count, [&items](std::size_t i) -> const auto& { return items[i]; });
 }
 
-/// Prints values as JSON in one pass, so that a document of any size takes no memory beside its own. The
-/// library, which only prints a document that it holds as a whole, does the texts and the floats.
+/// Prints values as JSON in one pass, so that it needs no copy of the document. The JSON library, which only
+/// prints complete documents, formats strings and floats.
 class JsonPrinter {
 public:
     explicit JsonPrinter(TextOutput& output) : out(output) {}
@@ -114,7 +114,7 @@ public:
                "VectorC", r.VectorC, "VectorD", r.VectorD, "VectorE", r.VectorE);
     }
     void Print(const TerrainRecord& r) {
-        // Heights go out as columns; there are none where the grid has no points.
+        // Print heights as columns. A grid without points has no columns.
         const auto column = [&r](std::size_t x) {
             const auto height = [&r, x](std::size_t z) {
                 return r.HeightAt(static_cast<std::int32_t>(x), static_cast<std::int32_t>(z));
@@ -141,7 +141,7 @@ private:
     void Print(bool value) { out << (value ? "true" : "false"); }
     void Print(std::integral auto value) { out << value; }
     void Print(float value) {
-        // The library takes its time, and many a field is the same all over a document.
+        // The library is slow, and many fields have the same value throughout a document.
         if (const auto bits = std::bit_cast<std::uint32_t>(value); bits != printedBits || printed.empty()) {
             printed = std::isfinite(value) ? Json(value).dump() : '"' + ShortestFloat(value) + '"';
             printedBits = bits;
@@ -156,7 +156,7 @@ private:
         });
         out << '"';
     }
-    /// Prints U+007F to U+009F as \u00xx, which the library leaves as they are and terminals may obey.
+    /// Escapes U+007F to U+009F as \u00xx. The library leaves them, but terminals may obey them.
     void PrintEscaped(std::string_view json) {
         constexpr std::string_view digits = "0123456789abcdef";
         for (std::size_t i = 0; i < json.size(); ++i) {
@@ -191,7 +191,7 @@ private:
         out << ']';
     }
 
-    /// Prints an object; its members are a name and a value in turn.
+    /// Prints an object from alternating names and values.
     template <class... Members>
     void Object(const Members&... members) {
         out << '{';

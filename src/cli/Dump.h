@@ -4,10 +4,10 @@
 
 namespace railwright {
 
-/// Prints Track as JSON, one member for each record, in UTF-8.
+/// Prints Track as JSON in UTF-8, with one member per record.
 void DumpTrack(TextOutput& out);
 
-/// Prints Element as JSON, in UTF-8.
+/// Prints Element as JSON in UTF-8.
 void DumpElement(TextOutput& out);
 
 } // namespace railwright

@@ -14,7 +14,7 @@ Progress::Progress(std::ostream* out) : terminal(out) {
         return;
     try {
         watcher = std::thread([this] { Watch(); });
-    } catch (const std::system_error&) { // the work is done all the same
+    } catch (const std::system_error&) { // the work continues without progress messages
     }
 }
 

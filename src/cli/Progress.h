@@ -8,17 +8,17 @@
 
 namespace railwright {
 
-/// Tells a user who has waited for a second what the program is at, in a line of the terminal that is gone
-/// in the end. While it lives, nobody else writes there.
+/// Shows the current activity on a line of the terminal once it takes longer than a second. Erases the line
+/// on destruction. Until then, nothing else may write to the terminal.
 class Progress {
 public:
-    /// @param terminal none if there is nobody to be told.
+    /// @param terminal null to show nothing.
     explicit Progress(std::ostream* terminal);
     ~Progress();
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
 
-    /// @param what it is at now, in ASCII.
+    /// @param what the current activity, in ASCII.
     void Tell(std::string what);
 
 private:
@@ -26,7 +26,7 @@ private:
     void Show(const std::string& line);
 
     std::ostream* terminal;
-    std::mutex mutex; // for what follows
+    std::mutex mutex; // guards the members below
     std::condition_variable change;
     std::string current;
     std::string shown;

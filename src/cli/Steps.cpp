@@ -34,8 +34,7 @@ struct BadStep {
     std::string Reason;
 };
 
-/// A step that has been looked at and can be run. It throws BadStep if the document it then finds does not
-/// suit it.
+/// Runs a checked step. Throws BadStep if the step does not fit the document.
 using Action = std::function<void()>;
 
 constexpr std::string_view TrackOnly = "track-only";
@@ -54,8 +53,8 @@ std::vector<std::string_view> SplitAtCommas(std::string_view value) {
     return pieces;
 }
 
-/// Takes a closing ",track-only" off a list of pieces. @return whether the free and fundamental nodes go
-/// along.
+/// Removes a closing ",track-only" from a list of pieces.
+/// @return whether the free and fundamental nodes are included.
 bool TakeSupports(std::vector<std::string_view>& pieces) {
     const bool trackOnly = pieces.size() > 1 && pieces.back() == TrackOnly;
     if (trackOnly)
@@ -70,7 +69,7 @@ float NumberFrom(std::string_view word) {
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
     if (error == std::errc::invalid_argument || end != digits.data() + digits.size())
         throw BadStep{Quoted(word) + " is not a number"};
-    if (error == std::errc::result_out_of_range) // also of a number that is too small, which counts as 0
+    if (error == std::errc::result_out_of_range) // also for a number too close to 0
         number = std::strtod(std::string(digits).c_str(), nullptr);
     const auto stored = static_cast<float>(number);
     if (!std::isfinite(stored))
@@ -88,7 +87,7 @@ std::array<float, Count> NumbersFrom(const std::vector<std::string_view>& pieces
     return numbers;
 }
 
-/// One word of a fixed choice, and what it stands for.
+/// A word of a fixed choice and its meaning.
 template <class Meaning>
 struct Choice {
     std::string_view Word;
@@ -225,14 +224,14 @@ std::vector<std::string_view> ChoiceWords() {
     return words;
 }
 
-/// A kind of step: what users are told of it, and how it is made from its value.
+/// A kind of step: its help and how to create it from a value.
 struct StepKind {
     std::string_view Name;
-    /// The form of the value that follows the name; empty if none does.
+    /// Form of the value, or empty.
     std::string_view Value;
     std::string_view Help;
     Action (*Make)(std::string_view value);
-    /// The words that a value is chosen from, if it is.
+    /// The words that the value is chosen from. Null for other values.
     std::vector<std::string_view> (*Words)() = nullptr;
 
     bool HasValue() const { return !Value.empty(); }

@@ -8,13 +8,14 @@
 
 namespace railwright {
 
-/// What users are told of a step.
+/// Help text of a step.
 struct StepDescription {
     std::string_view Name;
-    /// The form of what follows behind NAME=; empty if nothing does.
+    /// Form of the value in NAME=VALUE, or empty.
     std::string_view Value;
     std::string_view Help;
-    /// The words of which Value takes one, or some between commas if IsList; none if it is no such choice.
+    /// The words that Value allows: one of them, or several between commas if IsList. Empty if any value may
+    /// follow.
     std::vector<std::string_view> Words;
     bool IsList = false;
 };
@@ -22,26 +23,25 @@ struct StepDescription {
 std::vector<StepDescription> TrackStepDescriptions();
 std::vector<StepDescription> ElementStepDescriptions();
 
-/// Whether the steps of a command line were carried out, and if not, which one does not fit and why.
+/// Result of running the steps. If Done is false, Reason names the step and the problem.
 struct StepResult {
     bool Done = true;
     std::string Reason;
 };
 
-/// Called with the index of each step that begins; it may be empty.
+/// Called with the index of each step before it runs. May be empty.
 using StepBegins = std::function<void(std::size_t)>;
 
-/// Runs tools on Track, each given as NAME or NAME=VALUE, in order. All are looked at before the first is
-/// run.
+/// Runs tools on Track in order, each given as NAME or NAME=VALUE. Checks all steps before it runs the first.
 StepResult ApplyTrackSteps(std::span<const std::string> steps, const StepBegins& begins);
 
-/// The same on Element.
+/// Runs tools on Element in the same way.
 StepResult ApplyElementSteps(std::span<const std::string> steps, const StepBegins& begins);
 
-/// @return NAME of NAME or NAME=VALUE.
+/// @return the NAME of NAME or NAME=VALUE.
 std::string_view NameOfStep(std::string_view step);
 
-/// @return all steps with the forms of their values, in lines.
+/// @return all steps with the forms of their values, one per line.
 std::string StepsHelp();
 
 } // namespace railwright

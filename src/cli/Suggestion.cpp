@@ -9,7 +9,7 @@ std::size_t EditsBetween(std::string_view typed, std::string_view name) {
     const auto letter = [typed](std::size_t i) {
         return static_cast<char>(typed[i] >= 'A' && typed[i] <= 'Z' ? typed[i] + 0x20 : typed[i]);
     };
-    // edits[i][j] is the number between the first i letters of the one and the first j of the other.
+    // edits[i][j] is the number of edits between the first i letters of `typed` and the first j of `name`.
     std::vector<std::vector<std::size_t>> edits(typed.size() + 1, std::vector<std::size_t>(name.size() + 1));
     for (std::size_t i = 0; i <= typed.size(); ++i)
         for (std::size_t j = 0; j <= name.size(); ++j) {
