@@ -29,10 +29,10 @@ void ChunkReader::Refill(std::int64_t size) {
         if (wanted > 0)
             read = file.Read({filled, static_cast<std::size_t>(wanted)}, error);
         else
-            *filled = 0; // the byte behind the file
+            *filled = 0; // the zero byte after the file
         if (error)
             Fail("cannot be read: " + error.message(), endPosition);
-        if (read == 0) // another process has cut it off meanwhile
+        if (read == 0) // another process truncated the file
             Fail("the file ends too early", endPosition);
         filled += read;
         end = filled;
@@ -74,7 +74,8 @@ bool ChunkReader::LettersStandAhead(FilePos distance) {
 
 void ChunkReader::Grid(std::int32_t width, std::int32_t depth, List<float>& numbers) {
     const std::int64_t size = static_cast<std::int64_t>(width) * depth;
-    // Of a grid of this program's largest file the product is at most 2 to the 62; its bytes need not fit.
+    // For the largest file that the program writes, the product is at most 2 to the 62. Its size in bytes
+    // could overflow.
     if (size > Remaining() / FileSize::Single)
         Fail("a grid of " + std::to_string(width) + " x " + std::to_string(depth) +
                  " needs more bytes than remain",
@@ -133,7 +134,7 @@ void ChunkReader::Characters(const char* name, std::int32_t length, text& charac
 }
 
 std::string ChunkReader::ShownTag() const {
-    // A broken file may have any bytes there, also those that control a terminal.
+    // A broken file may contain control characters here.
     std::string shown = tag;
     std::replace_if(
         shown.begin(), shown.end(), [](char character) { return character <= ' ' || character > '~'; }, '?');

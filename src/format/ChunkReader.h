@@ -11,26 +11,27 @@
 
 namespace railwright {
 
-/// Thrown while a file is decoded: what is wrong with it, and at which byte. It never leaves the load.
+/// Thrown while a file is decoded: the error and its position. Never leaves the load.
 struct BrokenFile {
     std::string Reason;
     std::int64_t Byte;
 };
 
-/// The chunks of a file that this program does not know and therefore does not save.
+/// The chunks of a file that this program does not know. They are not saved.
 struct UnknownChunks {
     std::int64_t Count = 0;
-    /// The first one: its tag in printable characters, its size field, and the position of its tag in bytes.
+    /// First unknown chunk: its tag in printable characters, its size field, and the position of its tag in
+    /// bytes.
     std::string FirstTag;
     std::int32_t FirstSize = 0;
     std::int64_t FirstByte = 0;
 
-    /// Returns how many there are and which is the first, as the subject of a sentence.
+    /// Returns their number and the first one, as the subject of a sentence.
     std::string Described() const;
 };
 
-/// @return an item whose size in a file is the smallest of its kind. A kind whose zeroed item is not the
-/// smallest has a specialisation beside its layout.
+/// @return the item with the smallest size in a file. If that is not the zeroed item, a specialisation next
+/// to the layout returns another one.
 template <class Item>
 Item SmallestItem() {
     return {};
@@ -41,31 +42,31 @@ class SizeCounter;
 template <class Fields>
 std::int64_t SizeOf(const Fields& fields);
 
-/// The direction that fills the records of a document from a file. No count and no length is believed before
-/// it is held against the bytes that remain; one zero byte behind the file counts as one of them. Throws
-/// BrokenFile.
+/// The direction that fills a document's records from a file. Checks every count and length against the
+/// remaining bytes. One zero byte after the file counts as one of them. Throws BrokenFile.
 class ChunkReader {
 public:
-    /// @param file is read from where it stands, its first byte. @param length of it in bytes.
+    /// @param file is at its first byte.
+    /// @param length of the file in bytes.
     ChunkReader(OpenFile& file, std::int64_t length);
 
     std::int64_t Position() const { return endPosition - Ahead(); }
     std::int64_t FileLength() const { return fileLength; }
 
-    /// Reads a tag, turned to upper case, and names it in what is thrown from then on.
+    /// Reads a tag and turns it to upper case. Later error messages name it.
     const std::string& Tag();
 
-    /// @return whether four letters stand in the file, so many bytes ahead.
+    /// @return whether four letters follow after `distance` bytes.
     bool LettersStandAhead(FilePos distance);
 
-    /// Fills values of a fixed layout.
+    /// Reads values of a fixed layout.
     template <class Layout>
     void Group(Layout&& values) {
         ValueReader reader(Passed(SizeOfGroup(values)));
         values(reader);
     }
 
-    /// Reads the number of items or sub-chunks, which is at least 0.
+    /// Reads a number of items or sub-chunks. Fails if it is negative.
     void Count(const char* name, std::int32_t& count) {
         countName = name;
         countAt = Position();
@@ -74,15 +75,15 @@ public:
             Fail(std::string(name) + " is negative (" + std::to_string(count) + ')', countAt);
     }
 
-    /// Gives a list `count` zeroed items and one more, once as many groups of a fixed layout are known to
-    /// remain.
+    /// Sizes a list to `count` zeroed items and one more. Fails first if the file is too short for that many
+    /// groups of a fixed layout.
     template <class Item, class Layout>
     void MakeRoom(std::int32_t count, List<Item>& items, Layout&& layoutOfOne) {
         NeedItems(count, SizeOfGroup(layoutOfOne));
         items.assign(static_cast<std::size_t>(count) + 1, Item{});
     }
 
-    /// Fills `count` items whose size varies. The list gets one zeroed element more than that.
+    /// Reads `count` items whose size varies. Adds one zeroed element to the list.
     template <class Item>
     void Items(std::int32_t count, List<Item>& items) {
         NeedItems(count, SizeOf(SmallestItem<Item>()));
@@ -95,7 +96,7 @@ public:
         items.push_back(zeroed);
     }
 
-    /// Fills `count` items of a fixed layout. The list gets one zeroed element more than that.
+    /// Reads `count` items of a fixed layout. Adds one zeroed element to the list.
     template <class Item>
     void FixedItems(std::int32_t count, List<Item>& items) {
         const FilePos size = NeedFixedItems<Item>(count);
@@ -104,8 +105,8 @@ public:
         items.emplace_back();
     }
 
-    /// Fills `count` owners; each has the number of its parts in the file, followed by the parts, which all
-    /// come into one list, those of an owner side by side.
+    /// Reads `count` owners. In the file, each owner is its number of parts, followed by the parts. All parts
+    /// go into one list, grouped by owner.
     template <class Owner, class Part>
     void Nested(std::int32_t count, List<Owner>& owners, List<Part>& parts) {
         NeedItems(count, FileSize::Long);
@@ -121,39 +122,39 @@ public:
         owners.emplace_back();
     }
 
-    /// Fills a grid of `width` x `depth` numbers, row by row.
+    /// Reads a grid of `width` x `depth` numbers, row by row.
     void Grid(std::int32_t width, std::int32_t depth, List<float>& numbers);
 
-    /// Reads a length and as many characters.
+    /// Reads a length, then that many characters.
     void String(const char* name, text& characters);
 
-    /// Reads a length and as many characters; a negative length counts as 0.
+    /// Reads a string like String, but treats a negative length as 0.
     void StringIfAny(const char* name, text& characters);
 
-    /// Passes over the size of a parameter block and fills the block.
+    /// Skips the size of a parameter block, then reads the block.
     template <class Layout>
     void Block(Layout&& values) {
         Passed(FileSize::Long);
         Group(values);
     }
 
-    /// Counts a chunk that this program does not know, after its tag has been read.
+    /// Counts an unknown chunk whose tag was just read.
     void CountUnknown(std::int32_t size);
-    /// Returns all chunks counted so far.
     const UnknownChunks& Unknown() const { return unknown; }
 
-    /// Passes over as many bytes as `count` says, which is at least 0.
+    /// Skips `count` bytes. Fails if `count` is negative.
     void PassOver(const char* name, std::int32_t count);
 
 private:
-    /// Bytes of the window that are still to be read.
+    /// Unread bytes of the window.
     std::int64_t Ahead() const { return end - at; }
-    /// Bytes of the file that are still to be read, the zero byte behind it included.
+    /// Unread bytes of the file, including the zero byte after it.
     std::int64_t Remaining() const { return fileLength + 1 - Position(); }
-    /// Brings as many bytes into the window at least, and as many as it takes at best.
+    /// Reads from the file until the window holds at least `size` unread bytes.
     void Refill(std::int64_t size);
 
-    /// Passes over bytes, which are fewer than the window takes. @return the first of them.
+    /// Skips `size` bytes, which must fit into the window.
+    /// @return the first of them.
     const std::uint8_t* Passed(FilePos size) {
         if (size > Ahead())
             Refill(size);
@@ -161,15 +162,15 @@ private:
         return at - size;
     }
 
-    /// Makes a list empty, with room for as many items as are now going to be appended.
+    /// Empties a list and reserves memory for `count` items.
     template <class Item>
     static void Reserve(List<Item>& items, std::int64_t count) {
         items.clear();
         items.reserve(static_cast<std::size_t>(count));
     }
 
-    /// Calls `take` with the first byte and the number of all items of `size` bytes that the window holds,
-    /// again and again, for `count` items in all, which are known to remain.
+    /// Calls `take` repeatedly, until it has consumed `count` items of `size` bytes. Passes the first byte
+    /// and the number of items in the window. The caller must check first that the file is long enough.
     template <class Take>
     void InBatches(std::int64_t count, FilePos size, Take&& take) {
         while (count > 0) {
@@ -188,6 +189,7 @@ private:
     std::int32_t Long() { return ReadLong(Passed(FileSize::Long)); }
     [[noreturn]] void Fail(const std::string& reason, std::int64_t byte) const;
 
+    /// Fails if fewer than `count` items remain.
     /// @return the size of one item.
     template <class Item>
     FilePos NeedFixedItems(std::int32_t count) const {
@@ -215,7 +217,7 @@ private:
     std::array<std::uint8_t, FileWindow> window;
     const std::uint8_t* at = window.data();
     const std::uint8_t* end = window.data();
-    /// Position in the file of the byte behind the window's last.
+    /// Position in the file where the window ends.
     std::int64_t endPosition = 0;
     std::string tag = "file";
     std::int64_t tagAt = 0;

@@ -14,14 +14,14 @@
 
 namespace railwright {
 
-/// The direction that stores the records of a document in a file. It never throws: the first failure is kept,
-/// and nothing more is written from there on.
+/// The direction that stores a document's records in a file. Never throws: it keeps the first failure and
+/// writes nothing more.
 class ChunkWriter {
 public:
-    /// @param opened is written from where it stands.
+    /// Writes from the current position of `opened`.
     ChunkWriter(OpenFile& opened, std::error_code& failure) : file(opened), error(failure) {}
 
-    /// Brings what is left in the window into the file.
+    /// Writes the rest of the window to the file.
     void Flush() {
         WriteAll(file, std::span<const std::uint8_t>(window.data(), at), error);
         std::fill(window.data(), at, std::uint8_t{0});
@@ -39,7 +39,7 @@ public:
     void Count(const char*, std::int32_t count) { Long(count); }
 
     template <class Item, class Layout>
-    void MakeRoom(std::int32_t, const List<Item>&, Layout&&) const {} // only a reader has to
+    void MakeRoom(std::int32_t, const List<Item>&, Layout&&) const {} // only for readers
 
     template <class Item>
     void Items(std::int32_t count, const List<Item>& items) {
@@ -88,8 +88,7 @@ public:
 private:
     std::ptrdiff_t Room() const { return window.data() + window.size() - at; }
 
-    /// Makes room for bytes, which are no more than the window takes, and passes over them. They are all
-    /// zero.
+    /// Skips `size` zeroed bytes, which must fit into the window.
     /// @return the first of them.
     std::uint8_t* Passed(FilePos size) {
         if (size > Room())
@@ -117,7 +116,7 @@ private:
                   [](ValueWriter& writer, const Item& item) { Values(writer, item); });
     }
 
-    /// Stores items of `size` bytes each, always as many as the window has room for.
+    /// Stores items of `size` bytes each, in batches that fit into the window.
     template <class Item, class Store>
     void InBatches(const Item* items, std::size_t count, FilePos size, Store&& store) {
         while (count > 0) {
@@ -134,7 +133,7 @@ private:
 
     OpenFile& file;
     std::error_code& error;
-    /// What is not in the file yet lies before `at`; behind it all is zero.
+    /// The bytes before `at` are not yet in the file. All others are zero.
     std::array<std::uint8_t, FileWindow> window{};
     std::uint8_t* at = window.data();
 };

@@ -11,33 +11,32 @@
 
 namespace railwright {
 
-/// The form of the files of one kind of document, and what its module does with one.
+/// The file format of one kind of document, and the functions of its module.
 struct DocumentFormat {
-    /// With its dot and in lower case.
+    /// With its dot, in lower case.
     std::string_view Extension;
-    /// The tag that the file begins with, in upper case.
+    /// The first tag of the file, in upper case.
     std::string_view Tag;
-    /// Makes the document in hand empty.
+    /// Empties the open document.
     void (*Clear)();
-    /// Fills the document from a file; the reader stands behind the tag. Throws BrokenFile.
+    /// Fills the open document from a file whose first tag was just read. Throws BrokenFile.
     void (*Read)(ChunkReader& reader);
 };
 
-/// Loads a document. If the name has another extension, or the file cannot be opened, the
-/// document stays as it was. If the file cannot be read or is broken, the document is empty. Hidden files
-/// count as missing.
+/// Loads a document. If the extension is wrong or the file cannot be opened, the document is unchanged. After
+/// any other failure it is empty. Hidden files count as missing.
 FileResult LoadDocumentFile(const FilePath& path, const DocumentFormat& format);
 
-/// Loads a document like LoadDocumentFile, but from a hidden file as well.
-/// @param unknown takes the chunks of the file that are not in the document.
+/// Loads a document like LoadDocumentFile, but accepts a hidden file too.
+/// @param unknown receives the chunks that the document cannot hold.
 FileResult ReadDocumentFile(const FilePath& path, const DocumentFormat& format, UnknownChunks& unknown);
 
 /// The longest file that the format can hold, in bytes.
 inline constexpr std::int64_t LongestFile = std::numeric_limits<FilePos>::max();
 
-/// Stores a document under a name, to which the format's extension is added if it has not got it already.
-/// @param length of the file in bytes, as counted; beyond LongestFile it is refused.
-/// @param write stores as many bytes; it does not throw.
+/// Saves a document. Adds the format's extension if the path does not end in it.
+/// @param length of the file in bytes; fails if it exceeds LongestFile.
+/// @param write stores that many bytes. Must not throw.
 FileResult SaveDocumentFile(const FilePath& path, const DocumentFormat& format, std::int64_t length,
                             const std::function<void(ChunkWriter&)>& write);
 

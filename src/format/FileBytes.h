@@ -6,11 +6,11 @@
 
 namespace railwright {
 
-/// A place in a document file, counted from 0.
+/// A position in a document file, counted from 0.
 using FilePos = std::int32_t;
 
-/// How many bytes of a file are in memory at once while it is read or written. They stay in the processor's
-/// cache, and are far more than any record of fixed size.
+/// Bytes of a file that are in memory at once during reading and writing. Fits into the processor's cache,
+/// and is far larger than any record of fixed size.
 inline constexpr std::size_t FileWindow = std::size_t{64} * 1024;
 
 /// Sizes in bytes of the values of a file. Values of more than one byte are big-endian.
@@ -22,7 +22,8 @@ inline constexpr FilePos Color = 4;
 inline constexpr FilePos Tag = 4;
 } // namespace FileSize
 
-/// Each of these reads or writes one value at `at`. The caller must check first that there are enough bytes.
+/// The functions below read or write one value at `at`. The caller must check first that there are enough
+/// bytes.
 
 inline std::uint32_t ReadBits(const std::uint8_t* at) {
     return static_cast<std::uint32_t>(at[0]) << 24U | static_cast<std::uint32_t>(at[1]) << 16U |

@@ -7,10 +7,10 @@
 
 namespace railwright {
 
-/// The direction that only adds up how many bytes the records take in a file.
+/// The direction that adds up the size of the records in a file.
 class SizeCounter {
 public:
-    /// The bytes gone through so far.
+    /// The sum so far.
     std::int64_t Bytes() const { return bytes; }
 
     template <class Layout>
@@ -21,7 +21,7 @@ public:
     void Count(const char*, std::int32_t) { bytes += FileSize::Long; }
 
     template <class Item, class Layout>
-    void MakeRoom(std::int32_t, const List<Item>&, Layout&&) const {} // only a reader has to
+    void MakeRoom(std::int32_t, const List<Item>&, Layout&&) const {} // only for readers
 
     template <class Item>
     void Items(std::int32_t count, const List<Item>& items) {

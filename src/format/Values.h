@@ -14,10 +14,9 @@ namespace railwright {
 template <class T, class Record>
 concept RecordOf = std::same_as<std::remove_const_t<T>, Record>;
 
-/// Three directions for the values of a record with a fixed layout: ValueReader fills them, ValueWriter
-/// saves them, ValueCounter only adds up their size. All have the same members, so a record's layout is
-/// written once, as a function template over the direction. The caller must check first that there are
-/// enough bytes.
+/// Three directions for the values of a record with a fixed layout: ValueReader reads them, ValueWriter
+/// writes them, ValueCounter adds up their size. All have the same members, so each layout is written once,
+/// as a function template over the direction. The caller must check first that there are enough bytes.
 
 class ValueReader {
 public:
@@ -47,7 +46,7 @@ private:
     const std::uint8_t* at;
 };
 
-/// Writes into bytes that are all zero before.
+/// Writes into zeroed bytes.
 class ValueWriter {
 public:
     explicit ValueWriter(std::uint8_t* first) : at(first) {}
@@ -58,7 +57,7 @@ public:
     void Single(float value) { WriteSingle(Passed(FileSize::Single), value); }
     void Color(ColorValue value) { WriteColor(Passed(FileSize::Color), value); }
     void Zeros(FilePos count) { Passed(count); }
-    /// The version that this program writes, whatever was read.
+    /// Writes the program's own version, not the one that was read.
     void Version(const std::array<std::uint8_t, 4>&) {
         constexpr std::array<std::uint8_t, 4> written = {1, 3, 0, 0};
         std::memcpy(Passed(4), written.data(), 4);
