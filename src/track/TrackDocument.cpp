@@ -7,7 +7,7 @@ namespace railwright {
 TrackDocument Track;
 
 void ClearTrackDocument() {
-    // A text that is assigned another keeps its memory, however much that is.
+    // Swap, because assignment would keep the memory of the old texts.
     TrackDocument empty;
     std::swap(Track, empty);
 }

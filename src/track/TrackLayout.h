@@ -7,9 +7,9 @@
 
 namespace railwright {
 
-/// The layout of a track file. Each record's fields stand here once, in file order, for reading, writing and
-/// counting alike, so these cannot differ. `Values` lays out a record of fixed size, `Fields` a record whose
-/// size varies. The Fields of a chunk are those between its size and its number of sub-chunks.
+/// The layout of a track file. Each record's fields are listed here once, in file order, for reading, writing
+/// and counting. `Values` lays out a record of fixed size, `Fields` a record whose size varies. The Fields of
+/// a chunk are those between its size and its number of sub-chunks.
 
 template <class Direction, RecordOf<FileHeaderRecord> Record>
 void Fields(Direction& d, Record& r) {
@@ -63,7 +63,7 @@ void Values(Direction& v, Record& r) {
     v.Zeros(17);
 }
 
-/// The bytes around every list of records.
+/// The zero bytes before and after every list of records.
 template <class Direction, class Body>
 void ListFrame(Direction& d, Body&& body) {
     d.Group([](auto& v) { v.Zeros(16); });
@@ -179,7 +179,7 @@ void Fields(Direction& d, Record& r) {
     }
 }
 
-/// The smallest segment is one of a kind that has no parameters.
+/// The smallest segment is of a kind without parameters.
 template <>
 inline TrackSegment SmallestItem<TrackSegment>() {
     TrackSegment segment;
@@ -347,8 +347,8 @@ void Fields(Direction& d, Record& r) {
     d.Group([](auto& v) { v.Zeros(16); });
 }
 
-/// Visits the chunks of a track in file order. `visit` is called with the chunk's depth in the tree, its tag
-/// and its record. The root has depth 0 and holds all others.
+/// Visits the chunks of a track in file order. Calls `visit` with the chunk's depth in the tree, its tag and
+/// its record. The root has depth 0 and contains all others.
 template <class Document, class Visit>
 void ForEachChunk(Document& document, Visit&& visit) {
     visit(0, "NLIM", document.FileHeader);

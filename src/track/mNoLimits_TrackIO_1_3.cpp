@@ -21,8 +21,8 @@ void ReadChunk(ChunkReader& reader, Record& record) {
     reader.Count("SubChunks", record.SubChunks);
 }
 
-/// Skips a chunk that this program does not know, with its sub-chunks. Some writers do not count the four
-/// bytes of the last field in the size; then the next tag stands four bytes further.
+/// Skips an unknown chunk and its sub-chunks. Some writers leave the four bytes of the last field out of the
+/// size. The next tag then starts four bytes later.
 void SkipChunk(ChunkReader& reader) {
     const std::int64_t sizeAt = reader.Position();
     std::int32_t size = 0;
@@ -59,7 +59,7 @@ void ReadChunks(ChunkReader& reader) {
 
 constexpr DocumentFormat TrackFormat = {TrackExtension, "NLIM", ClearTrackDocument, ReadChunks};
 
-/// Visits the chunks that the file of Track holds.
+/// Visits the chunks that the file contains.
 template <class Visit>
 void ForEachStoredChunk(Visit&& visit) {
     ForEachChunk(Track, [&](int depth, const char* tag, auto& record) {
@@ -88,7 +88,7 @@ std::int64_t ComputeChunkSizes() {
         std::int32_t SubChunks;
     };
     std::array<Chunk, ChunkKinds> chunks{};
-    std::array<Chunk*, DeepestChunk + 1> open{}; // the chunk in hand at each depth
+    std::array<Chunk*, DeepestChunk + 1> open{}; // current chunk at each depth
     std::size_t used = 0;
     ForEachStoredChunk([&](int depth, const char*, auto& record) {
         Chunk& chunk = chunks[used++];
