@@ -14,11 +14,11 @@ namespace {
 
 constexpr const char* FileType = "NoLimits.Trackfile";
 
-/// An entry of the menu that Explorer shows for a track.
+/// An entry of a track's menu in Windows Explorer.
 struct Verb {
     const char* Key;
     const char* Caption;
-    /// The program in the simulator's folder, with the switches that come before the track.
+    /// Program in the simulator's folder, with the switches before the track.
     const char* Command;
 };
 
@@ -26,10 +26,10 @@ constexpr std::array Verbs = {
     Verb{"Ride", "Ride!", "NoLimitsSimulator.exe -s"}, Verb{"Edit", "Edit", "NoLimitsEditor.exe"},
     Verb{"Tera", "Terraform", "NoLimitsTerraformer.exe"}, Verb{"Tool", "Railwright", "Railwright.exe"}};
 
-/// The verbs that a double-click can stand for are the first of the table.
+/// Number of verbs, from the first, that a double-click can run.
 constexpr std::size_t DoubleClickVerbs = 3;
 
-/// The icons in the simulator's folder; the one behind the last is the user's own.
+/// Icons in the simulator's folder. The next choice after the last is the user's own icon.
 constexpr std::array Icons = {"NoLimitsSimulator.exe,0", "NoLimitsEditor.exe,0",  "RailwrightIcons.dll,0",
                               "RailwrightIcons.dll,1",   "RailwrightIcons.dll,2", "RailwrightIcons.dll,3",
                               "RailwrightIcons.dll,4"};
@@ -46,7 +46,7 @@ void SetVerb(const Verb& verb, bool offered) {
     if (offered) {
         SetKey(key, verb.Caption);
         SetKey(commandKey, sAssocFolder + verb.Command + " \"%1\"");
-    } else { // the inner key first: one with subkeys stays
+    } else { // the inner key first, as a key with subkeys is not deleted
         DeleteRegistryKey(HKEY_CLASSES_ROOT, commandKey);
         DeleteRegistryKey(HKEY_CLASSES_ROOT, key);
     }

@@ -9,7 +9,7 @@
 namespace railwright {
 namespace {
 
-/// The digits of a 32-bit value, which lies with its lowest byte first.
+/// Returns the digits of a 32-bit value stored with its lowest byte first.
 text Digits(std::string_view bytes) {
     constexpr TextView Hex = "0123456789ABCDEF";
     text digits;
@@ -25,7 +25,7 @@ text AsText(const RegistryInput& value) {
     return number == nullptr ? std::get<text>(value) : TextOf(std::to_string(*number));
 }
 
-/// @return nothing for a text that is no 32-bit number.
+/// @return nothing if a text is not a 32-bit number.
 std::optional<std::int32_t> AsNumber(const RegistryInput& value) {
     if (const auto* const number = std::get_if<std::int32_t>(&value))
         return *number;
@@ -36,7 +36,7 @@ std::optional<std::int32_t> AsNumber(const RegistryInput& value) {
     return error == std::errc() && stop == end ? std::optional(number) : std::nullopt;
 }
 
-/// The bytes of a value of that type; nothing if it is none.
+/// Returns the bytes of a value, or nothing if it does not fit the type.
 std::optional<std::string> BytesFor(std::uint32_t type, const RegistryInput& value) {
     if (type == REG_SZ || type == REG_BINARY)
         return BytesOf(AsText(value));

@@ -15,28 +15,28 @@ using registry::REG_BINARY;
 using registry::REG_DWORD;
 using registry::REG_SZ;
 
-/// A value on its way into the registry.
+/// A value to write to the registry.
 using RegistryInput = std::variant<text, std::int32_t>;
 
-/// All texts are in the system's ANSI code page. No operation shows a message: a failure is the result false.
+/// All texts are in the system's ANSI code page. No function shows a message; failures return false.
 
-/// Reads a value. A text takes the place of `sResult`; the digits of a 32-bit value are appended to it and
-/// "&h" is put in front; a value of another type leaves it as it was.
+/// Reads a value of at most 1024 bytes. A text replaces `sResult`. For a 32-bit value, puts "&h" before
+/// `sResult` and appends the digits. A value of another type leaves it unchanged.
 /// @param sValueName empty for the key's default value.
-/// @param sResult untouched on failure.
-/// @return whether there is such a value of 1024 bytes at most.
+/// @param sResult unchanged on failure.
+/// @return false if the value is missing, cannot be read or is too long.
 bool ReadRegistryValue(std::uint32_t hRoot, const std::string& sKey, const std::string& sValueName,
                        text& sResult);
 
-/// Stores a value, and makes its key with those above it where it is missing.
-/// @param iType REG_SZ, REG_BINARY or REG_DWORD. With any other type only the key is made.
+/// Stores a value. Creates its key and the key's parents.
+/// @param iType REG_SZ, REG_BINARY or REG_DWORD. With any other type, only creates the key and returns true.
 /// @param sValueName empty for the key's default value.
-/// @param vValue becomes the empty text on failure.
+/// @param vValue becomes an empty text on failure.
 bool WriteRegistryValue(std::uint32_t hRoot, const std::string& sKey, std::uint32_t iType,
                         const std::string& sValueName, RegistryInput& vValue);
 
-/// Deletes a key, which must not have subkeys.
-/// @return whether it was there and is gone.
+/// Deletes a key that has no subkeys.
+/// @return whether it existed and was deleted.
 bool DeleteRegistryKey(std::uint32_t hRoot, const std::string& sKey);
 
 } // namespace railwright

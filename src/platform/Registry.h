@@ -4,11 +4,11 @@
 #include <optional>
 #include <string>
 
-/// The Windows registry. Elsewhere it is a file in the registry editor's text form, which can be imported on
-/// Windows: the file that the environment variable RAILWRIGHT_REGISTRY names, or else
+/// The Windows registry. On other systems it is a file in the registry editor's text format, which Windows
+/// can import. The environment variable RAILWRIGHT_REGISTRY names the file. The default is
 /// `railwright/registry.reg` in the user's data folder.
 ///
-/// All texts are in the system's ANSI code page. Keys and names are the same in any case of letters.
+/// All texts are in the system's ANSI code page. Names of keys and values ignore case.
 namespace railwright::registry {
 
 inline constexpr std::uint32_t HKEY_CLASSES_ROOT = 0x80000000U;
@@ -20,7 +20,7 @@ inline constexpr std::uint32_t REG_DWORD = 4;
 
 struct Value {
     std::uint32_t Type = 0;
-    /// A text has its NUL if it is stored with one.
+    /// A text includes its NUL if it is stored with one.
     std::string Data;
 };
 
@@ -28,16 +28,16 @@ struct Value {
 inline constexpr std::size_t LongestValue = 1024;
 
 /// Reads a value. @param name empty for the default value of the key.
-/// @return nothing if there is no such value, or if it cannot be read or is longer than LongestValue.
+/// @return nothing if the value is missing, cannot be read or is longer than LongestValue.
 std::optional<Value> Read(std::uint32_t root, const std::string& key, const std::string& name);
 
-/// Creates a key and those above it. If an ordinary user may not change HKEY_CLASSES_ROOT, the key becomes
-/// the user's own. @return whether it exists.
+/// Creates a key and its parents. If a user without administrator rights may not change HKEY_CLASSES_ROOT,
+/// creates the key for that user only.
+/// @return whether the key exists.
 bool CreateKey(std::uint32_t root, const std::string& key);
 
-/// Stores a value and creates its key. A text that does not end in a NUL is stored with one unless it is
-/// empty.
-/// @return false if it could not be stored; nothing has changed then but, at most, the key.
+/// Stores a value and creates its key. Adds a NUL to a text that lacks one, unless the text is empty.
+/// @return false if the value could not be stored; the key may have been created nevertheless.
 bool Write(std::uint32_t root, const std::string& key, const std::string& name, const Value& value);
 
 /// Deletes a key that has no subkeys. @return whether it existed and was deleted.

@@ -22,12 +22,12 @@ std::string Environment(const char* name) {
     return value == nullptr ? "" : value;
 }
 
-/// @return the file that is the registry; empty if the user has no folder of their own.
+/// @return the file that holds the registry, or an empty path if the user has no data folder.
 FilePath RegistryFile() {
     if (const std::string named = Environment("RAILWRIGHT_REGISTRY"); !named.empty())
         return FilePath::FromUser(named);
     std::string data = Environment("XDG_DATA_HOME");
-    if (!data.starts_with('/')) { // also a relative one, which does not count
+    if (!data.starts_with('/')) { // the standard ignores a relative path
         const std::string home = Environment("HOME");
         data = home.empty() ? "" : home + "/.local/share";
     }
@@ -43,9 +43,9 @@ std::optional<RegistryTree> Load() {
     return ReadWholeFile(file, bytes) ? ParseRegistry(bytes) : std::nullopt;
 }
 
-/// Keeps other processes from changing the registry between reading and writing. Each change replaces the
-/// file, so the lock is on its folder. After one wait in vain, later calls do not wait until one succeeds.
-/// @return null if it is not available.
+/// Locks the registry against changes by other processes between reading and writing. Each change replaces
+/// the file, so the lock is on its folder. After a timeout, later calls do not wait until one succeeds.
+/// @return null if the lock is not available.
 std::unique_ptr<PosixFile> HoldRegistry() {
     static bool isPatient = true;
     std::error_code error;
@@ -61,7 +61,7 @@ std::unique_ptr<PosixFile> HoldRegistry() {
     return error ? nullptr : std::move(held);
 }
 
-/// @return the whole path of a key; nothing for another root and for a path that cannot be a key's.
+/// @return the full path of a key, or nothing for another root or an invalid path.
 std::optional<RegistryName> PathOf(std::uint32_t root, std::string_view key) {
     RegistryName path = root == HKEY_CLASSES_ROOT   ? u"HKEY_CLASSES_ROOT"
                         : root == HKEY_CURRENT_USER ? u"HKEY_CURRENT_USER"
@@ -83,13 +83,14 @@ std::string Narrowed(const RegistryName& wide) {
     return ansi;
 }
 
-/// @return a value's data as the ANSI calls show it.
+/// @return a value's data as the ANSI functions of Windows return it.
 std::string AnsiData(const RegistryValue& value) {
     return IsTextType(value.Type) ? Narrowed(FromWideBytes(value.Data))
                                   : std::string(value.Data.begin(), value.Data.end());
 }
 
-/// Changes the registry file. @param edit changes the tree at a path and returns whether to save it.
+/// Changes the registry file.
+/// @param edit changes the tree at a path and returns whether to save it.
 bool Change(std::uint32_t root, const std::string& key,
             const std::function<bool(RegistryTree& tree, const RegistryName& path)>& edit) {
     const std::optional<RegistryName> path = PathOf(root, key);

@@ -12,7 +12,7 @@ namespace {
 constexpr std::u16string_view Version5 = u"Windows Registry Editor Version 5.00";
 constexpr char16_t ByteOrderMark = 0xFEFF;
 
-/// A line with the backslash at its end is not longer than this.
+/// Longest line of bytes, including the backslash at its end.
 constexpr std::size_t LongestLine = 80;
 
 int DigitOf(char16_t character) {
@@ -30,7 +30,7 @@ bool IsLineEnd(char16_t character) {
     return character == u'\r' || character == u'\n';
 }
 
-/// Goes once over the text of a file and fills a tree.
+/// Parses the text of a file into a tree.
 class Reader {
 public:
     explicit Reader(std::u16string characters) : text(std::move(characters)) {}
@@ -75,7 +75,7 @@ private:
         return true;
     }
 
-    /// Up to the last bracket of the line, as a key's name may have some of its own.
+    /// Reads up to the last bracket of the line, because a key's name may contain brackets.
     void TakeKey() {
         const std::size_t start = at;
         SkipLine();
@@ -86,7 +86,7 @@ private:
         key = &tree.Make(text.substr(start, end - start));
     }
 
-    /// Behind the opening quote, up to behind the closing one. A text may go over several lines.
+    /// Reads from after the opening quote to the closing one, and skips that. A text may span several lines.
     std::u16string TakeQuoted() {
         std::u16string taken;
         while (!AtEnd() && text[at] != u'"') {
@@ -136,7 +136,7 @@ private:
         Store(name, type, TakeBytes());
     }
 
-    /// Bytes in hexadecimal digits between commas; a backslash leads on to the next line.
+    /// Reads hexadecimal bytes between commas. A backslash continues on the next line.
     std::vector<std::uint8_t> TakeBytes() {
         std::vector<std::uint8_t> bytes;
         for (;;) {
@@ -181,7 +181,7 @@ std::u16string Hex(std::uint32_t number, int digits) {
     return hex;
 }
 
-/// @return whether a text can stand in quotes: with its one NUL at the end and without control characters,
+/// @return whether a text can be written in quotes: it ends in its only NUL and has no control characters,
 /// which would end the line.
 bool FitsInQuotes(const RegistryValue& value) {
     if (value.Type != registry::REG_SZ || value.Data.size() % 2 != 0 || value.Data.empty())
@@ -191,13 +191,13 @@ bool FitsInQuotes(const RegistryValue& value) {
            std::none_of(text.begin(), text.end() - 1, [](char16_t character) { return character < u' '; });
 }
 
-/// @return `start`, which names the value and its type, with the bytes behind it.
+/// @return `start`, which names the value and its type, followed by the bytes.
 std::u16string WithBytes(std::u16string start, const std::vector<std::uint8_t>& bytes) {
     std::u16string lines;
     for (std::size_t i = 0; i < bytes.size(); ++i) {
         const bool last = i + 1 == bytes.size();
         start += Hex(bytes[i], 2) + (last ? u"" : u",");
-        // Three characters for the next byte and the backslash behind them have to fit.
+        // Leave room for the next byte's three characters and a backslash.
         if (!last && start.size() + 4 > LongestLine) {
             lines += start + u"\\\r\n";
             start = u"  ";

@@ -7,12 +7,12 @@
 
 namespace railwright {
 
-/// Reads a file that the registry editor exported in version 5.00, in UTF-16LE or, without a byte order mark, in
-/// the code page. Skips lines that are neither key nor value.
-/// @return nothing if the file does not begin as the editor's files do.
+/// Parses a file that the registry editor exported in version 5.00. The file is in UTF-16LE or, without a
+/// byte order mark, in the code page. Skips lines that are neither key nor value.
+/// @return nothing if the file lacks the header of that version.
 std::optional<RegistryTree> ParseRegistry(std::span<const std::uint8_t> file);
 
-/// @return the whole of the tree as the registry editor exports it in version 5.00.
+/// @return the tree in the format of the registry editor, version 5.00.
 std::vector<std::uint8_t> FormatRegistry(const RegistryTree& tree);
 
 } // namespace railwright

@@ -9,11 +9,11 @@
 namespace railwright {
 namespace {
 
-/// Stands for the backslash in the form by which keys are sorted: below every character of a name, so that
-/// the subkeys of a key follow it directly. What comes after it ends them.
+/// Separator replaces the backslash in the form by which keys are sorted. It is less than any character of a
+/// name, so subkeys directly follow their key. BehindSeparator ends them.
 constexpr std::string_view Separator("\0\1", 2), BehindSeparator("\0\2", 2);
 
-/// For each character the small one of its letter. Only those of the code page have one.
+/// Maps each character to its lower case. Only letters of the code page change.
 RegistryName FoldedCharacters() {
     constexpr std::size_t characters = 0x10000;
     RegistryName folded(characters, u'\0');
@@ -31,7 +31,7 @@ RegistryName FoldedName(RegistryName name) {
     return name;
 }
 
-/// @return two bytes for each character of a path, the high one first: that compares fastest.
+/// @return two bytes per character of a path, high byte first, which compare fastest.
 std::string SortedForm(const RegistryName& path) {
     const RegistryName folded = FoldedName(path);
     std::string form(2 * folded.size(), '\0');
@@ -103,7 +103,7 @@ bool RegistryTree::HasSubkeys(const RegistryName& path) const {
 
 void RegistryTree::Remove(const RegistryName& path) {
     if (const std::size_t end = path.rfind(u'\\'); end != RegistryName::npos && end > 0)
-        Find(path.substr(0, end)); // the key above stays
+        Find(path.substr(0, end)); // keeps the parent key
     const std::string form = SortedForm(path);
     keys.erase(form);
     keys.erase(keys.lower_bound(form + std::string(Separator)),

@@ -8,7 +8,7 @@
 
 namespace railwright {
 
-/// A text as the registry holds it: UTF-16 for keys, names and values.
+/// A key, name or text of the registry, in UTF-16.
 using RegistryName = std::u16string;
 
 struct RegistryValue {
@@ -22,49 +22,48 @@ struct RegistryValue {
 };
 
 struct RegistryKey {
-    /// The whole path from the name of its root on, in the letters with which it was made.
+    /// The full path from the root, in the case in which the key was created.
     RegistryName Path;
-    /// By the folded name.
+    /// Indexed by the folded name.
     std::map<RegistryName, RegistryValue> Values;
 
     bool operator==(const RegistryKey&) const = default;
 };
 
-/// Whether values of that type are texts, which the ANSI calls convert.
+/// Returns whether values of a type are texts, which the ANSI functions convert.
 bool IsTextType(std::uint32_t type);
 
-/// @return `ansi`, in the code page, as UTF-16.
+/// @return `ansi`, a text in the code page, as UTF-16.
 RegistryName WidenAnsi(std::string_view ansi);
 
-/// @return the bytes of `wide` in UTF-16LE.
+/// @return `wide` as UTF-16LE bytes.
 std::vector<std::uint8_t> ToWideBytes(std::u16string_view wide);
 
-/// @return UTF-16LE bytes as text; an odd last byte is left out.
+/// @return UTF-16LE bytes as text. Ignores an odd last byte.
 RegistryName FromWideBytes(const std::vector<std::uint8_t>& bytes);
 
-/// The keys of a registry. Names are the same in any case of letters. A key implies those above it, which
-/// take no memory until they are asked for.
+/// The keys of a registry. Names ignore case. A key implies its parents, which are created on first access.
 class RegistryTree {
 public:
-    /// The key of that path, null if there is none.
+    /// Returns the key, or null if it is missing.
     RegistryKey* Find(const RegistryName& path);
-    /// The key of that path, which is made if it is missing.
+    /// Returns the key. Creates it if it is missing.
     RegistryKey& Make(const RegistryName& path);
     bool HasSubkeys(const RegistryName& path) const;
-    /// Removes the key with all its subkeys.
+    /// Removes a key and its subkeys.
     void Remove(const RegistryName& path);
-    /// The key's value of that name, which is made without type and data where it is missing.
+    /// Returns a key's value. Creates it without type and data if it is missing.
     static RegistryValue& MakeValue(RegistryKey& key, const RegistryName& name);
-    /// The key's value of that name, null if there is none.
+    /// Returns a key's value, or null if it is missing.
     static const RegistryValue* FindValue(const RegistryKey& key, const RegistryName& name);
 
-    /// All keys, each before its subkeys, by a form of the path that sorts so.
+    /// Returns all keys, indexed by a form of the path that sorts each key before its subkeys.
     const std::map<std::string, RegistryKey>& Keys() const { return keys; }
 
 private:
     using Iterator = std::map<std::string, RegistryKey>::const_iterator;
 
-    /// @return the first subkey of the key of that form, the end if there is none.
+    /// @return the first subkey of a key in sorted form, or the end if there is none.
     Iterator FirstBelow(const std::string& form) const;
 
     std::map<std::string, RegistryKey> keys;

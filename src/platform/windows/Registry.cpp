@@ -5,10 +5,10 @@
 namespace railwright::registry {
 namespace {
 
-/// The registrations of the user, which HKEY_CLASSES_ROOT shows instead of those of the machine.
+/// Registrations of the current user. HKEY_CLASSES_ROOT shows them instead of the machine's.
 constexpr const char* UserClasses = "Software\\Classes\\";
 
-/// Reading and writing, whichever the key is opened for.
+/// KEY_READ and KEY_WRITE.
 constexpr REGSAM ReadAndWrite = 0x2003F;
 
 /// An open key, closed on destruction. Null if it could not be opened.
@@ -26,14 +26,13 @@ public:
 
     void Create(std::uint32_t root, const std::string& key) {
         const LSTATUS status = CreateIn(Native(root), key);
-        // The machine's registrations belong to administrators; everybody else has registrations of their
-        // own.
+        // Only administrators may change the machine's registrations. Other users have their own.
         if (status == ERROR_ACCESS_DENIED && Native(root) == HKEY_CLASSES_ROOT)
             CreateIn(HKEY_CURRENT_USER, UserClasses + key);
     }
     HKEY Handle() const { return handle; }
 
-    /// The roots are negative 32-bit numbers that the system widens with their sign.
+    /// Converts a root, a negative 32-bit number, to a handle with sign extension.
     static HKEY Native(std::uint32_t root) {
         return reinterpret_cast<HKEY>(static_cast<std::intptr_t>(static_cast<std::int32_t>(root)));
     }
@@ -75,7 +74,7 @@ bool Write(std::uint32_t root, const std::string& key, const std::string& name, 
     Key opened(root, key);
     if (opened.Handle() == nullptr)
         opened.Create(root, key);
-    // The system adds the NUL that follows the bytes of a text.
+    // Windows appends the text's NUL.
     return opened.Handle() != nullptr &&
            RegSetValueExA(opened.Handle(), name.c_str(), 0, value.Type,
                           reinterpret_cast<const BYTE*>(value.Data.c_str()),
