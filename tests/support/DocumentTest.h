@@ -16,29 +16,29 @@
 
 namespace railwright::testing {
 
-/// How a file may depart from the form in which this program writes it.
+/// Differences between a file and the form that this program writes.
 struct Form {
-    int Noise = 0x00; // stands in every byte that is passed over, and in a colour's first
-    int True = 0xFF;  // the byte of a flag that is set
+    int Noise = 0x00; // fills every byte that is skipped, and the first byte of a colour
+    int True = 0xFF;  // byte of a flag that is set
     Bytes Version = {1, 3, 0, 0};
     int Case = 0;            // added to every letter of a tag
-    bool Reversed = false;   // every chunk's sub-chunks stand in reverse order
+    bool Reversed = false;   // every chunk's sub-chunks are in reverse order
     int SizeError = 0;       // added to every ChunkSize and to the size of every parameter block
-    int UnknownShortBy = -1; // bytes left out of the size of an unknown chunk before each other; -1 for none
+    int UnknownShortBy = -1; // missing from the size of an unknown chunk before each other; -1 for none
 };
 
-/// Bytes that mean nothing.
+/// Bytes without meaning.
 struct Gap {
     std::size_t Size;
 };
-/// A value that is a small number in a random document.
+/// A value that is small in a random document.
 struct Small {
     std::int32_t& Number;
     int Lowest, Highest;
 };
 
-/// Goes through the values of a document in the order of its file, with an arithmetic of its own, and puts
-/// the bytes of that file together; with a seed it first gives each value any content.
+/// Visits the values of a document in file order, without code of the program, and builds the file's bytes.
+/// With a seed, it first assigns a random content to each value.
 class Walk {
 public:
     explicit Walk(Form form) : Departs(std::move(form)) {}
@@ -47,7 +47,7 @@ public:
 
     void operator()(auto&&... fields) { (Visit(fields), ...); }
     void Fit(auto& items, std::size_t size) { items.resize(random ? size : items.size()); }
-    /// A count, what stands between it and the list, and as many items as it says.
+    /// A count, the values between it and the list, and that many items.
     void List(std::int32_t& count, auto& items, auto&& each, auto&&... between) {
         (*this)(Small{count, 0, 12}, between...);
         Fit(items, static_cast<std::size_t>(count) + Next() % 3);
@@ -59,7 +59,7 @@ public:
             Byte(letter + Departs.Case);
     }
     void Size(std::size_t size) { Put(static_cast<int>(size) + Departs.SizeError); }
-    /// @return a chunk with its frame and sub-chunks, whose last own fields are `fields`.
+    /// @return a chunk with its frame and sub-chunks. Its last own fields are `fields`.
     Bytes Chunk(const std::string& tag, std::vector<Bytes> below, auto&&... fields) {
         (*this)(fields...);
         const bool unknown = Departs.UnknownShortBy >= 0;
@@ -80,7 +80,7 @@ public:
         Append(inside);
         return Taken();
     }
-    /// A chunk of a list alone, each item of which takes `size` bytes; 0 where that varies.
+    /// A chunk that contains only a list, with items of `size` bytes; 0 if the size varies.
     Bytes ListChunk(const char* tag, std::size_t size, std::int32_t& count, auto& items, auto&& each,
                     std::vector<Bytes> below = {}) {
         (*this)(Gap{16});
@@ -121,7 +121,7 @@ private:
     void Value(text& value) {
         if (random) {
             value.resize(Next() % 4 == 0 ? 256 : Next() % 8);
-            std::iota(value.begin(), value.end(), static_cast<char>(Next())); // one of 256 has every byte
+            std::iota(value.begin(), value.end(), static_cast<char>(Next())); // one in 256 has every byte
         }
         Put(static_cast<std::int64_t>(value.size()));
         Append(Bytes(value.begin(), value.end()));
@@ -211,7 +211,7 @@ inline Bytes WalkDocument(TrackDocument& t, Walk v) {
     for (float& height : r.Heights)
         v(height);
     const Bytes tera = v.Chunk("TERA", {}, Gap{16});
-    v(r.HasTerrain); // which stands nowhere in the file
+    v(r.HasTerrain); // not in the file
     v.Taken();
     auto& e = t.Environment;
     const Bytes envc = v.Chunk("ENVC", {}, Gap{16}, e.PreferredEnvironment, e.Text2, Gap{16});
@@ -233,7 +233,7 @@ inline Bytes WalkDocument(ElementDocument& e, Walk v) {
 }
 
 /// @return a document with every kind of record: known and unknown segments, texts of all bytes, floats of
-/// any bits, lists longer than their counts, terrain that is not stored, and counts that do not go together.
+/// any bits, lists longer than their counts, terrain that is not stored, and contradictory counts.
 template <class Document>
 Document Random(unsigned seed) {
     Document document;
@@ -241,7 +241,7 @@ Document Random(unsigned seed) {
     return document;
 }
 
-/// @return the document's file. Documents with the same file are equal in all that a file keeps.
+/// @return the document's file. Documents with the same file are equal in everything that a file stores.
 Bytes FileOf(auto document, const Form& form = {}) {
     return WalkDocument(document, Walk(form));
 }
@@ -252,7 +252,7 @@ inline void ExpectSame(const Bytes& actual, const Bytes& expected) {
                                     << ", first difference at byte " << at - actual.begin();
 }
 
-/// Tests of the files of one kind of document.
+/// Tests for the files of one kind of document.
 template <auto& InHand, FileResult (&LoadFile)(const FilePath&), FileResult (&SaveFile)(const FilePath&)>
 class DocumentTest : public ::testing::Test {
 protected:
@@ -268,7 +268,7 @@ protected:
         EXPECT_TRUE(saved) << saved.Reason;
         return ReadBytes(folder.File(name));
     }
-    /// Saves a document and loads it back from any form, with up to 6 bytes more behind its end.
+    /// Saves a document, then loads it from all forms, with up to 6 extra bytes at the end.
     void ExpectToComeBack(const Document& document, std::span<const Form> forms) {
         const Bytes file = FileOf(document);
         ExpectSame(Saved(document), file);
@@ -289,7 +289,7 @@ protected:
         }
     }
 
-    /// Only under a name of its kind is a document loaded and saved, and a wrong name leaves it as it was.
+    /// A document is only loaded and saved under a name of its kind. A wrong name leaves it unchanged.
     void ExpectNamesToBeHeeded(const Document& document) {
         const std::string end = name.substr(1);
         const std::string mixed = "d.Nl" + end.substr(3);
@@ -307,7 +307,7 @@ protected:
             EXPECT_FALSE(LoadFile(folder.Inside(wrong))) << wrong;
         }
         ExpectSame(FileOf(InHand), FileOf(document));
-#ifndef _WIN32 // the user's names are taken as they are written, and a backslash is a letter like any other
+#ifndef _WIN32 // elsewhere a backslash is an ordinary character
         EXPECT_FALSE(LoadFile(folder.Inside("C" + end)));
         std::filesystem::create_directory(folder.File("C"));
         WriteBytes(folder.File("C/a" + end), {});

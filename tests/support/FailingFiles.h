@@ -7,30 +7,29 @@
 
 namespace railwright::testing {
 
-/// Thrown where the process is to end suddenly.
+/// Thrown to end the process suddenly.
 struct SuddenEnd {};
 
-/// The file operations in force with faults of the test's choice, in force while it lives. Counted are the
-/// calls that can fail. No write takes more than 100 bytes at once, and none waits for the disk.
+/// The current file operations with faults injected, installed until destruction. Counts the calls that can
+/// fail. Each write takes at most 100 bytes and does not wait for the disk.
 class FailingFiles final : public FileOperations {
     using Name = const FilePath&;
     using Error = std::error_code&;
     using Opened = std::unique_ptr<OpenFile>;
 
 public:
-    int FailAt = 0;         // the number of the call that fails, counted from 1; 0 for none
-    int Calls = 0;          // made so far
-    std::size_t Listed = 0; // names of files given so far
-    bool Stays = false;     // every call behind that one fails as well
-    std::errc Cause = std::errc::no_space_on_device; // what the failure gives
-    bool EndsSuddenly = false;                       // instead of a failure the process ends at that call
-    bool LosesTheOldFile =
-        false; // an exchange breaks off in the middle: the old file is gone, the new one has no name
-    bool WritesNothing = false;  // a write that fails gives no error, it only writes nothing
-    std::errc OpenNewError = {}; // what OpenNew gives; no error for the system's own answer
+    int FailAt = 0; // the number of the call that fails, counted from 1; 0 for none
+    int Calls = 0;
+    std::size_t Listed = 0;                          // names of files listed so far
+    bool Stays = false;                              // every later call fails as well
+    std::errc Cause = std::errc::no_space_on_device; // the error of the failure
+    bool EndsSuddenly = false;                       // that call ends the process instead of failing
+    bool LosesTheOldFile = false; // an exchange stops halfway, without the old file and the new name
+    bool WritesNothing = false;   // a failing write writes nothing and reports no error
+    std::errc OpenNewError = {};  // error of OpenNew; none for the real one
     std::errc FlushFolderError = {};
     std::vector<FilePath> Aside = Files().TemporaryFolders(); // for copies
-    std::vector<std::string> Log = {}; // each exchange, and each folder that is flushed
+    std::vector<std::string> Log = {};                        // each exchange and each flush of a folder
 
     FileStatus Status(Name path) override { return Fails(status.Error) ? status : real.Status(path); }
     FilePath BehindLinks(Name a, Error e) override { return Fails(e) ? a : real.BehindLinks(a, e); }
@@ -101,7 +100,8 @@ private:
         File Written{All, Real->Content()};
     };
 
-    /// Counts a call. @return whether it is the one to fail; then the error is set.
+    /// Counts a call.
+    /// @return whether this call fails. If so, sets the error.
     bool Fails(Error e) {
         const bool fails = ++Calls == FailAt || (Stays && Calls > FailAt);
         if (fails && EndsSuddenly)
@@ -111,8 +111,8 @@ private:
     }
     Opened Wrap(Opened file) { return file ? std::make_unique<File>(*this, std::move(file)) : nullptr; }
 
-    FileStatus status = {.What = FileStatus::Kind::Unknown}; // of what cannot be looked at
-    FileOperations& real = Files();                          // those that were in force
+    FileStatus status = {.What = FileStatus::Kind::Unknown}; // for files that cannot be checked
+    FileOperations& real = Files();                          // the operations that were installed
     ScopedFileOperations scope{*this};
 };
 

@@ -15,7 +15,7 @@ namespace railwright::testing {
 
 using Bytes = std::vector<unsigned char>;
 using Names = std::vector<std::string>;
-/// What a file holds before and after a save.
+/// Content of a file before and after a save.
 inline const Bytes Old(180, 'o'), New(250, 'n');
 
 inline std::string Utf8(const std::filesystem::path& path) {
@@ -23,8 +23,8 @@ inline std::string Utf8(const std::filesystem::path& path) {
     return {text.begin(), text.end()};
 }
 
-/// A folder of its own for one test, gone with everything in it at the test's end. Paths are as a user would
-/// type them, those Inside as the program uses them, with a backslash between the names.
+/// A folder for one test, deleted with its content on destruction. Paths are as a user would type them; those
+/// of Inside are as the program uses them, with backslashes.
 class TemporaryFolder {
 public:
     TemporaryFolder() { std::filesystem::create_directories(folder); }
@@ -37,7 +37,7 @@ public:
         std::replace(name.begin(), name.end(), '\\', '/');
         return FilePath::FromUser(File(name));
     }
-    /// The names of all that lies in the folder, in order.
+    /// The sorted names in the folder.
     std::vector<std::string> Names() const {
         std::set<std::string> names;
         for (const auto& entry : std::filesystem::directory_iterator(folder))
@@ -60,7 +60,7 @@ inline void WriteBytes(const std::filesystem::path& file, const Bytes& bytes) {
         .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
 }
 
-/// The path of one of the examples that come with the program, as a user would type it.
+/// The path of an example file, as a user would type it.
 inline std::string Example(const std::string& name) {
     return std::string(RAILWRIGHT_EXAMPLES) + '/' + name;
 }

@@ -24,7 +24,7 @@ void StandIn(HKEY root, const char* name) {
 } // namespace
 
 TestRegistry::TestRegistry() {
-    RegDeleteTreeA(HKEY_CURRENT_USER, Place); // left by a run that broke off
+    RegDeleteTreeA(HKEY_CURRENT_USER, Place); // left by an aborted run
     StandIn(HKEY_CLASSES_ROOT, "Classes");
     StandIn(HKEY_CURRENT_USER, "User");
 }

@@ -6,8 +6,8 @@
 
 namespace railwright::testing {
 
-/// An empty registry of its own for one test: a file, or on Windows a key of the user's that stands in for
-/// the roots. It is gone at the test's end.
+/// An empty registry for one test, deleted on destruction: a file or, on Windows, a key of the user that
+/// replaces the roots.
 class TestRegistry {
 public:
     TestRegistry();
@@ -15,7 +15,7 @@ public:
     TestRegistry(const TestRegistry&) = delete;
     TestRegistry& operator=(const TestRegistry&) = delete;
 
-    /// The file, where there is one.
+    /// The file, if there is one.
     std::string File() const { return folder.File("data/registry.reg"); }
 
 private:

@@ -26,7 +26,7 @@ inline void ExpectNear(const Vector3& actual, const Vector3& expected, float tol
         EXPECT_NEAR(actual.*axis, expected.*axis, tolerance);
 }
 
-/// A test that begins with both documents empty.
+/// A test that starts with two empty documents.
 struct EmptyDocuments : ::testing::Test {
     EmptyDocuments() {
         ClearTrackDocument();
@@ -34,7 +34,7 @@ struct EmptyDocuments : ::testing::Test {
     }
 };
 
-/// Gives Track a curve as the reader leaves one, with a Normal segment for each node.
+/// Gives Track a curve in the form that the reader produces, with a Normal segment for each node.
 inline void SetCurve(List<BezierNode> nodes, bool closed) {
     const std::size_t count = nodes.size();
     nodes.resize(count + 1);
@@ -44,7 +44,7 @@ inline void SetCurve(List<BezierNode> nodes, bool closed) {
     Track.SegmentList.ClosedCircuit = closed;
 }
 
-/// Gives Track straight spans from point to point, along which a point moves evenly with T.
+/// Gives Track straight spans between points. The distance along each span is proportional to T.
 inline void SetStraightCurve(const List<Vector3>& points, bool closed) {
     const auto third = [](const Vector3& a, const Vector3& b) {
         return Vector3{a.X + (b.X - a.X) / 3, a.Y + (b.Y - a.Y) / 3, a.Z + (b.Z - a.Z) / 3};
@@ -56,7 +56,7 @@ inline void SetStraightCurve(const List<Vector3>& points, bool closed) {
     SetCurve(std::move(nodes), closed);
 }
 
-/// The same for Element, by way of Track. The first point should be the origin.
+/// Gives Element straight spans. Overwrites Track. The first point should be the origin.
 inline void SetStraightElement(const List<Vector3>& points) {
     SetStraightCurve(points, false);
     Element.Nodes.clear();
