@@ -36,7 +36,7 @@ TEST_F(Tools, ChangeEveryPointOfTheCurveAndAtWillTheNodesOfTheSupports) {
         for (const bool supports : {false, true}) {
             SetCurve({{point, point, point, 30}, {point, point, point}}, true);
             Element.Nodes = {{point, point, point, 30}, {point, point, point}};
-            Track.FreeNodes = {{}, 1, {{point}, {point}}}; // the second lies beyond the count
+            Track.FreeNodes = {{}, 1, {{point}, {point}}}; // the second is beyond the count
             Track.FundamentalNodes = {{}, 1, {{point}}};
             const bool ofElement = step.starts_with("rotate-");
             RunStep(step + (supports || ofElement ? "" : ",track-only"));
@@ -56,14 +56,14 @@ TEST_F(Tools, ChangeEveryPointOfTheCurveAndAtWillTheNodesOfTheSupports) {
         }
 }
 
-/// @return a checksum (FNV-1a) of some random documents, half of whose floats are special, after a tool.
+/// @return a checksum (FNV-1a) of random documents after a tool. Half of their floats are special values.
 template <class Document>
 std::uint64_t ChecksumAfter(Document& inHand, void (*tool)()) {
     std::uint64_t sum = 0xCBF29CE484222325;
     for (unsigned seed = 1; seed <= 100; ++seed) {
         inHand = Random<Document>(seed);
         if constexpr (requires { inHand.TrackHeader; })
-            inHand.TrackHeader.Trains.resize(13); // one for the train that is left when it runs backwards
+            inHand.TrackHeader.Trains.resize(13); // running backwards leaves one train
         tool();
         for (const unsigned char byte : FileOf(inHand))
             sum = (sum ^ byte) * 0x100000001B3;
@@ -94,8 +94,8 @@ TEST_F(Tools, StoreTheSameBitsAndOneNaNWithEveryCompiler) {
     }
 }
 
-// The element leads from the origin to (20, 5, 30) and ends there in the direction of each row. The origin,
-// which becomes its end, lies at (-20, -5, -30) from there; it is turned, and so is the first control point.
+// The element leads from the origin to (20, 5, 30), where it has the direction of the row. The origin becomes
+// its end and is at (-20, -5, -30) from there. It is rotated, and so is the first control point.
 TEST_F(Tools, ReverseAnElementFromItsEndByAnAngleOfItsDirection) {
     const std::tuple<float, float, Vector3, Vector3> cases[] = {
         {0, -4, {20, -5, 30}, {0, 0, -4}},                         // north: half a turn
@@ -122,12 +122,12 @@ static void FillClasses() {
     Track.SegmentList = {{}, false, 4, {full, full, full, full, {}}}; // one more than the curve has nodes
     Track.FreeNodes.Count = Track.FundamentalNodes.Count = Track.SupportBeams.Count = 2;
     Track.WoodCatwalks.Count = Track.Scenery.TreeCount = Track.SceneryObjects.Count = 2;
-    Track.PreFabSupports = {{}, 2, {{1, 0}, {1, 1}}, {{}, {}}}; // one fewer
+    Track.PreFabSupports = {{}, 2, {{1, 0}, {1, 1}}, {{}, {}}}; // one less
     Track.TrackInfo.AuthorComments = Track.Environment.PreferredEnvironment = "text";
     Track.Terrain.HasTerrain = true;
 }
 
-/// A 1 for each class of data that is still there, in their order.
+/// A 1 for each class of data that remains, in order.
 static std::string ClassesLeft() {
     const auto& segments = Track.SegmentList.Segments;
     const auto& prefab = Track.PreFabSupports.Nodes;
@@ -160,15 +160,15 @@ TEST_F(Tools, SetTunnelsAndRemoveTheChosenClassAndNoOther) {
         FillClasses();
         RunStep("remove=" + name);
         EXPECT_EQ(ClassesLeft(), std::string(i, '1') + '0' + std::string(12 - i, '1'));
-        // What lies beyond the curve's nodes stays.
+        // The segment beyond the curve's nodes is unchanged.
         EXPECT_TRUE(Track.SegmentList.Segments[3].Tunnel && Track.SegmentList.Segments[3].CustomColors);
     }
     FillClasses();
     RunStep(all);
-    EXPECT_EQ(ClassesLeft(), "0110000000000"); // behind the track it stops
+    EXPECT_EQ(ClassesLeft(), "0110000000000"); // stops after the last node
 }
 
-/// Three nodes, and as many segments as asked for.
+/// Three nodes and the given number of segments.
 static void SetOpenTrack(std::int32_t segments) {
     SetCurve({{{10, 1, 1}, {11, 1, 1}, {12, 1, 1}, 30, true, false, false},
               {{20, 1, 1}, {21, 1, 1}, {22, 1, 1}, 1, false, true, false},
@@ -179,7 +179,7 @@ static void SetOpenTrack(std::int32_t segments) {
         Track.SegmentList.Segments.emplace_back().Color[0] = i < segments ? ColorValue(i + 1) : 0;
 }
 
-/// @return the X of the points of each node, its roll, which flag it has, and the colour of its segment.
+/// @return the X of each node's points, its roll, its flag, and the colour of its segment.
 static std::string NodesAndSegments() {
     std::ostringstream all;
     for (std::size_t i = 0; i < static_cast<std::size_t>(Track.BezierCurve.NodeCount); ++i) {
@@ -221,18 +221,17 @@ TEST_F(Tools, LayATrackBackOverItselfAndRunItBackwards) {
         for (std::size_t i = 0; i < 12; ++i) {
             const bool own = static_cast<std::int32_t>(i / 3) + 1 == tens.SegmentType;
             EXPECT_FLOAT_EQ(Track.SegmentList.Segments[0].*numbers[i], own ? turned[i] : 10) << i;
-            EXPECT_EQ(Track.SegmentList.Segments[1].*numbers[i], 10); // the last one stays
+            EXPECT_EQ(Track.SegmentList.Segments[1].*numbers[i], 10); // the last one is unchanged
         }
     }
 }
 
-/// The report on Track.
 class Report : public EmptyDocuments {
 protected:
     FilePath file = FilePath::FromUser("gone.nltrack");
     NumberSeparators separators;
 
-    /// Its sections, which have an empty line between them, with LF for the ends of lines.
+    /// Its sections, which are separated by empty lines, with LF line ends.
     std::vector<std::string> Sections() const {
         std::string report = BuildTrackOverview(file, separators, MeasureTrack());
         for (std::size_t end = 0; (end = report.find("\r\n", end)) != std::string::npos;)
@@ -252,7 +251,7 @@ protected:
     }
 };
 
-/// Fills a list with one record for each of `types`.
+/// Fills a list with one record per item of `types`.
 template <class Record>
 static void Fill(List<Record>& list, std::int32_t Record::*type, const std::vector<std::int32_t>& types) {
     list = {};
@@ -316,7 +315,7 @@ TEST_F(Report, TellsOfTheTrack) {
 }
 
 TEST_F(Report, CountsSegmentsAndTunnels) {
-    Track.SegmentList.SegmentCount = 12; // one fewer than there are
+    Track.SegmentList.SegmentCount = 12; // one less than in the list
     Fill(Track.SegmentList.Segments, &TrackSegment::SegmentType,
          {0, 1, 2, 2, 3, 4, 4, 4, 5, 256, 257, -1, 0});
     PutIntoTunnels({0, 1, 5, 11, 12});
@@ -328,7 +327,7 @@ TEST_F(Report, CountsSegmentsAndTunnels) {
                                          "   Brake....: 3\n"
                                          "Tunneled Segments: 4\n"
                                          "Actual Tunnels...: 3");
-    // Where a closed circuit closes, a tunnel counts as two.
+    // A tunnel across the start of a closed circuit counts as two.
     Track.SegmentList = {{}, true, 6, List<TrackSegment>(7)};
     PutIntoTunnels({0, 1, 3, 5});
     EXPECT_TRUE(Section("Total Segments").ends_with("Tunneled Segments: 4\nActual Tunnels...: 3"));
@@ -356,7 +355,7 @@ TEST_F(Report, CountsNodesAndBeams) {
 }
 
 TEST_F(Report, CountsPrefabricatedSupports) {
-    Track.PreFabSupports = {{}, 3, {{2, 0}, {0, 2}, {8, 2}, {}}, {}}; // a node has a count, and its first
+    Track.PreFabSupports = {{}, 3, {{2, 0}, {0, 2}, {8, 2}, {}}, {}}; // a node has a count and first index
     Fill(Track.PreFabSupports.Supports, &PreFabSupport::SupportType, {0, 1, 2, 3, 4, 5, 6, 7, 7, -9});
     EXPECT_EQ(Section("Total Pre-Fab"), "Total Pre-Fabricated Supports: 10\n"
                                         "   Track Nodes...: 1\n"

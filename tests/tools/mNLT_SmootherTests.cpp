@@ -21,8 +21,9 @@ static std::array<float, 9> Coordinates(const BezierNode& node) {
 
 class NodeSmoother : public EmptyDocuments {
 protected:
-    /// Smooths a curve of one free node, at `place` of the list, and two that a straight holds, so that the
-    /// control points `before` and `after` beside the free node stay. @return the node.
+    /// Smooths a curve of a free node, at index `place`, and two nodes held by a straight. The control points
+    /// `before` and `after` next to the free node do not move.
+    /// @return the node.
     static BezierNode Smoothed(const BezierNode& node, const Vector3& before, const Vector3& after,
                                std::size_t place = 0) {
         List<BezierNode> nodes = {
@@ -34,8 +35,8 @@ protected:
     }
 };
 
-/// Nodes 0 and 1 lie on a straight; 1 to 4 and, behind a node that is in none, 9 and 10 are straight in plan
-/// only; node 6 would sink into the ground. The tenths of the others are such that every rounding shows.
+/// Nodes 0 and 1 are on a straight. Nodes 1 to 4, and 9 and 10 after a node on no straight, are straight only
+/// in plan. Node 6 would sink into the ground. The tenths of the others make every rounding visible.
 const List<BezierNode> WorkedCurve = {
     {{0, 20, 0}, {-12, 23, 4}, {10, 20, 0}},
     {{30, 20, 0}, {20, 20, 0}, {40, 22, 1}},
@@ -50,7 +51,7 @@ const List<BezierNode> WorkedCurve = {
     {{-5, 28, 30}, {6, 33, 36}, {-13, 21, 20}},
 };
 
-/// What smoother_reference.py makes of it, which reads it here.
+/// Result of smoother_reference.py, which reads the curve from this file.
 constexpr const char* WorkedResult[] = {
     "00000000 41A00000 00000000 C1400000 41B80000 40800000 41200000 41A00000 00000000",
     "41F00000 41A00000 00000000 41A00000 41A00000 00000000 42200000 41B00000 3F800000",
@@ -65,7 +66,7 @@ constexpr const char* WorkedResult[] = {
     "C06B43E6 41D71C53 41DED06E 40C00000 42040000 42100000 C1500000 41A80000 41A00000"};
 
 TEST_F(NodeSmoother, ComesToTheBitsOfTheReference) {
-    for (const bool closed : {false, true}) { // first and last node are neighbours either way
+    for (const bool closed : {false, true}) { // first and last node are neighbours in both cases
         SetCurve(WorkedCurve, closed);
         SmoothTrackNodes();
         for (std::size_t i = 0; i < WorkedCurve.size(); ++i) {
@@ -92,9 +93,10 @@ TEST_F(NodeSmoother, KeepsStraightsClearsFlagCAndEndsWithNumbers) {
     }
 }
 
-// Two nodes lead to each other. The ends of the way back are far from straight in space and straight in plan,
-// so that the nodes are held; in space they are, and then stay, if the way out is bent by less than 3.6243
-// degrees (a tangent of 0.06334), between its ends, or either end and the chord.
+// Two nodes lead to each other. The way back is straight in plan but far from straight in space, so both
+// nodes are held in plan. They are also held in space, and do not move, if the way out is nearly straight:
+// the angles between its ends, and between each end and the chord, are less than 3.6243 degrees (a tangent of
+// 0.06334).
 TEST_F(NodeSmoother, HoldsBothEndsOfASegmentBentByLessThanTheLimit) {
     const std::tuple<float, float, bool> bends[] = {
         {0.0633F, 0, true},   {0, -0.0633F, true},    {0.0634F, 0, false},   {0, -0.0634F, false},
@@ -111,8 +113,8 @@ TEST_F(NodeSmoother, HoldsBothEndsOfASegmentBentByLessThanTheLimit) {
     }
 }
 
-// All is level but the outgoing control point, which the sweeps bring down or up to the level of the node
-// unless the other one, which stays where it is, lies outside.
+// Everything is level except the outgoing control point. The sweeps move it down or up to the level of the
+// node, unless the other control point, which does not move, is outside the world.
 TEST_F(NodeSmoother, RefusesANodeAsAWholeAtTheBoundsOfTheWorld) {
     const std::pair<Vector3, bool> cases[] = {{{220, 20, 0}, false},    {{219.5F, 20, 0}, true},
                                               {{-220, 20, 0}, false},   {{-60, 20, 220}, false},
@@ -126,14 +128,14 @@ TEST_F(NodeSmoother, RefusesANodeAsAWholeAtTheBoundsOfTheWorld) {
             const BezierNode node = Smoothed({{0, y, 0}, in, out}, {-10, y, 5}, {5, y, -10}, place);
             EXPECT_EQ(node.ControlIn, in);
             ExpectNear(node.ControlOut, accepted ? Vector3{10, y, 10} : out, 1e-4F);
-            // Twenty halvings leave a hundred-thousandth, which the last sweep takes off at even places.
+            // Twenty halvings leave a hundred-thousandth, which the last sweep removes at even indexes.
             EXPECT_TRUE(!accepted || y > 20 || (node.ControlOut.Y == y) == (place % 2 == 0));
         }
 }
 
-// The control points lie 20 metres apart at right angles to those of the neighbours, and the way is shared as
-// the roots of the distances to these: 1 : 1, 3 : 1, and 18.7 : 1 or the reverse. At 19.3 : 1 the greater
-// share is above 0.95.
+// The control points are 20 metres apart, at right angles to those of the neighbours. The ratio of the shares
+// is that of the square roots of the distances: 1 : 1, 3 : 1, and 18.7 : 1 or the reverse. At 19.3 : 1 the
+// greater share exceeds 0.95.
 TEST_F(NodeSmoother, SlidesAPositionWithinLimits) {
     const std::tuple<float, float, Vector3> cases[] = {
         {50, 50, {0, 20, 0}},    {90, 10, {5, 20, 0}},           {175, 0.5F, {8.9852F, 20, 0}},
@@ -143,9 +145,9 @@ TEST_F(NodeSmoother, SlidesAPositionWithinLimits) {
     for (const auto& [before, after, expected] : cases)
         ExpectNear(Smoothed({{0, 20, 5}, in, out}, {-10, 20, -before}, {10, 20, -after}).Position, expected,
                    1e-3F);
-    // All four in one line: the exact middle, whatever the distances.
+    // All four in a line: the exact middle, whatever the distances.
     EXPECT_EQ(Smoothed({{3, 25, 0}, in, out}, {-40, 20, 0}, {30, 20, 0}).Position, (Vector3{0, 20, 0}));
-    // The same if only the last three are, but with the first three the shares are 0 and 1.
+    // The same if only the last three are in a line. With the first three, the shares are 0 and 1.
     EXPECT_EQ(Smoothed({{3, 20, 0}, in, out}, {-10, 20, -50}, {30, 20, 0}).Position, (Vector3{0, 20, 0}));
     EXPECT_EQ(Smoothed({{3, 20, 0}, in, out}, {-40, 20, 0}, {10, 20, -50}).Position, (Vector3{3, 20, 0}));
     const Vector3 a = {1, 2, 3}, b = {10, 20, 30}, c = {40, 20, 5};
@@ -162,7 +164,7 @@ TEST_F(NodeSmoother, SlidesAPositionWithinLimits) {
         for (const BezierNode& node : Track.BezierCurve.Nodes)
             for (const float coordinate : Coordinates(node))
                 notFinite += std::isfinite(coordinate) ? 0 : 1;
-        EXPECT_EQ(notFinite, curve.size() / 11); // it has not spread
+        EXPECT_EQ(notFinite, curve.size() / 11); // NaN has not spread
     }
 }
 
