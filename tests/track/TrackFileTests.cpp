@@ -10,7 +10,7 @@
 #include <new>
 #include <sstream>
 
-/// All bytes that the test program has asked the heap for with `new` so far, given back or not.
+/// Total bytes allocated with `new` in this process, including freed ones.
 static std::atomic<std::size_t> allocated = 0;
 
 [[gnu::noinline]] void* operator new(std::size_t size) {
@@ -23,7 +23,7 @@ static std::atomic<std::size_t> allocated = 0;
     allocated += size;
     return std::malloc(std::max<std::size_t>(size, 1));
 }
-#ifndef _WIN32 // where a list is not aligned, and the runtime has no such call
+#ifndef _WIN32 // Windows does not align lists and lacks this call
 [[gnu::noinline]] void* operator new(std::size_t size, std::align_val_t alignment) {
     allocated += size;
     if (void* const memory = std::aligned_alloc(static_cast<std::size_t>(alignment), size))
@@ -45,17 +45,18 @@ namespace railwright::testing {
 
 using TrackFile = DocumentTest<Track, LoadTrackFile, SaveTrackFile>;
 
-// Places in a file, and the length of one that holds an empty track.
-constexpr std::size_t SubChunksOfRoot = 31; // the last byte of that number
+// Positions in a file, and the length of a file with an empty track.
+constexpr std::size_t SubChunksOfRoot = 31; // the last byte of the number
 constexpr std::size_t FirstTag = 32;
 constexpr std::size_t LastChunkOfEmpty = 613;
 constexpr std::size_t LengthOfEmpty = 665;
 
-// Bytes of memory that a load may take: of a broken file of the fixtures, and for each byte of another one.
+// Memory that a load may allocate: for a broken file of the fixtures, and per byte of any other file.
 constexpr std::size_t MemoryForBroken = 20'000;
 constexpr std::size_t MemoryForByte = 20;
 
-/// @return what stands on paper: bytes as hexadecimal digits, letters behind a dot, zeros as z and how many.
+/// @return the bytes of a notation: hexadecimal digits, letters after a dot, and runs of zeros as z and their
+/// number.
 static Bytes FromPaper(const std::string& paper) {
     Bytes bytes;
     std::istringstream words(paper);
@@ -70,7 +71,8 @@ static Bytes FromPaper(const std::string& paper) {
     return bytes;
 }
 
-// All other tests hold the program against the encoder of the tests; this one holds that against paper.
+// All other tests compare the program with the tests' encoder. This one checks the encoder against bytes
+// worked out by hand.
 TEST_F(TrackFile, TheEncoderOfTheTestsComesToBytesWorkedOutByHand) {
     TrackDocument track;
     track.TrackHeader.TrackType = 2, track.TrackHeader.CarsPerTrain = 5;
@@ -99,7 +101,7 @@ TEST_F(TrackFile, TheEncoderOfTheTestsComesToBytesWorkedOutByHand) {
                                   ".SEGM 00000072  00000001 FF z16 "
                                   "      00000002 FF 00000001 00000002 00000003 FF z15 "
                                   "      00000024 z3 07 z4 41000000 z4 z4 00 FF z14  z16  00000000 ");
-    // Behind that it is as in an empty track; there are a train, two letters, a node and a segment more.
+    // The rest is as in an empty track, with an extra train, two letters, a node and a segment.
     Bytes file = FileOf(track);
     EXPECT_EQ(file.size(), LengthOfEmpty + 30 + 2 + 60 + 73);
     file.resize(front.size());
@@ -129,7 +131,7 @@ TEST_F(TrackFile, TracksComeBackWholeFromAnyForm) {
         ExpectToComeBack(Random<TrackDocument>(seed), forms);
     }
     EXPECT_EQ(Track.FileHeader.Version[1], 0xFF);
-    // One zeroed element stands behind those of the file.
+    // One zeroed element follows those of the file.
     EXPECT_EQ(Track.TrackHeader.Trains.size(), static_cast<std::size_t>(Track.TrackHeader.NumTrains) + 1);
     ASSERT_EQ(Track.BezierCurve.Nodes.size(), static_cast<std::size_t>(Track.BezierCurve.NodeCount) + 1);
     EXPECT_EQ(Track.BezierCurve.Nodes.back().Position.X, 0);
@@ -137,7 +139,7 @@ TEST_F(TrackFile, TracksComeBackWholeFromAnyForm) {
 }
 
 TEST_F(TrackFile, LargeTracksComeBackWholeWhereverTheyAreCut) {
-    // Far more than is in memory at once while a file is read or written.
+    // More than one window of the reader and the writer.
     constexpr std::size_t Many = 3000;
     constexpr std::int32_t Long = 200'000;
     TrackDocument large = Random<TrackDocument>(3);
@@ -173,7 +175,7 @@ TEST_F(TrackFile, BelievesTheNumberOfSubChunksAndNothingElse) {
     EXPECT_TRUE(Load(file));
     ExpectSame(FileOf(Track), empty);
 
-    // A chunk that comes twice: the later one counts.
+    // If a chunk occurs twice, the later one counts.
     TrackDocument odd;
     odd.Environment = {{}, "first", "and more"};
     file = FileOf(odd);
@@ -188,7 +190,7 @@ TEST_F(TrackFile, BelievesTheNumberOfSubChunksAndNothingElse) {
     odd.TrackHeader.TrackColor[0] = 0xAB123456;
     ExpectSame(Saved(odd), file);
 
-    // A tag can be anything.
+    // A tag can be any four bytes.
     file = FileOf(TrackDocument{});
     file.resize(FirstTag + 4);
     for (const auto& [tag, shown] : {std::pair("\0\xE9p7", "\?\?P7"), {" ~\x7F!", "\?~\?!"}}) {
@@ -196,7 +198,7 @@ TEST_F(TrackFile, BelievesTheNumberOfSubChunksAndNothingElse) {
         EXPECT_EQ(Load(file).Reason, shown + std::string(": the file ends too early"));
     }
 
-    // Terrain of no size is terrain all the same, and the smallest segments need no more than they have.
+    // Terrain of size zero is still terrain. 200 segments of the smallest kind are not too many for the file.
     odd.Terrain.HasTerrain = true;
     odd.SegmentList = {{}, true, 200, List<TrackSegment>(200, {.SegmentType = 7})};
     EXPECT_TRUE(Load(FileOf(odd)));
@@ -209,11 +211,11 @@ TEST_F(TrackFile, BelievesTheNumberOfSubChunksAndNothingElse) {
 TEST_F(TrackFile, HasNamesOfItsOwnAndALengthWithinLimits) {
     ExpectNamesToBeHeeded(Random<TrackDocument>(1));
     EXPECT_EQ(FileOf(TrackDocument{}).size(), LengthOfEmpty);
-    Track.WoodCatwalks = {{}, 2, {{{}, 0x7FFFFFFF}, {{}, 0x7FFFFFFF}}}; // beyond what a long can count
+    Track.WoodCatwalks = {{}, 2, {{{}, 0x7FFFFFFF}, {{}, 0x7FFFFFFF}}}; // the sum overflows a 32-bit integer
     EXPECT_FALSE(SaveTrackFile(folder.Inside("large")));
     Track.WoodCatwalks.Items = {{{}, 0}, {{}, 0}};
     Track.WoodCatwalks.Items[0].ExtraBytes = static_cast<std::int32_t>(0x8000'0000 - ComputeChunkSizes());
-    EXPECT_EQ(ComputeChunkSizes(), 0x8000'0000); // one byte too many
+    EXPECT_EQ(ComputeChunkSizes(), 0x8000'0000); // one byte too long
     EXPECT_FALSE(SaveTrackFile(folder.Inside("large")));
 }
 
@@ -253,14 +255,15 @@ TEST_F(TrackFile, NoByteThatIsMissingOrWrongBringsALoadDown) {
             const std::size_t before = allocated;
             const bool loaded{LoadTrackFile(folder.Inside(name))};
             EXPECT_LT(allocated - before, MemoryForByte * good.size()) << at;
-            const Bytes kept = FileOf(Track); // throws where a count is beyond its list
+            const Bytes kept = FileOf(Track); // throws if a count exceeds its list
             EXPECT_TRUE(loaded || kept == empty) << at;
             EXPECT_LE(ComputeChunkSizes(), static_cast<std::int64_t>(good.size() + 4)) << at;
         }
     EXPECT_TRUE(FileOf(Track) == good);
     for (std::size_t size = good.size(); size-- > 0;) {
         std::filesystem::resize_file(folder.File(name), size);
-        // The byte behind the file reads as zero: the last of all, or that of the root's number of chunks.
+        // The byte after the file reads as zero. It replaces the last byte of the file, or that of the root's
+        // number of chunks.
         const bool loaded = LoadTrackFile(folder.Inside(name)).Done;
         EXPECT_EQ(loaded, size == good.size() - 1 || size == SubChunksOfRoot) << size;
         EXPECT_TRUE(FileOf(Track) == (size == good.size() - 1 ? good : empty)) << size;
