@@ -12,7 +12,7 @@ TEST_F(ElementFile, ElementsComeBackWholeFromAnyForm) {
         SCOPED_TRACE(seed);
         auto random = Random<ElementDocument>(seed);
         EXPECT_EQ(FileOf(random).size(), static_cast<std::size_t>(144 + 50 * random.NodeCount));
-        random.SubChunks = 9; // neither this nor the following has a place in the file
+        random.SubChunks = 9; // neither this nor the next value is stored in the file
         random.Nodes[0] = {{5, 5, 5}, random.Nodes[0].ControlOut, {5, 5, 5}, 5, true, true};
         if (random.NodeCount > 0)
             random.Nodes.back().ControlOut = {5, 5, 5};
@@ -31,7 +31,7 @@ TEST_F(ElementFile, HasNamesOfItsOwnAndEndsBehindItsLastRecord) {
     for (int size = 0; size <= 176; ++size) {
         Element = twoSpans;
         const bool loaded{Load(Bytes(file.begin(), file.begin() + size))};
-        // The byte behind the file reads as zero: the last of the records, or that of a count of no spans.
+        // The byte after the file reads as zero. It completes the last record, or a count of zero spans.
         EXPECT_EQ(loaded, size == 75 || size >= 175) << size;
         EXPECT_EQ(Element.NodeCount, size >= 175 ? 2 : 0) << size;
     }
