@@ -19,6 +19,14 @@ struct FileFilter {
 
 enum class FilePurpose { Open, Save };
 
+/// Flags of FileQuestion. Only the dialogs of Windows use others.
+inline constexpr std::int32_t OFN_READONLY = 1;
+inline constexpr std::int32_t OFN_OVERWRITEPROMPT = 2;
+inline constexpr std::int32_t OFN_HIDEREADONLY = 4;
+inline constexpr std::int32_t OFN_ENABLEHOOK = 32;
+inline constexpr std::int32_t OFN_ENABLETEMPLATE = 64;
+inline constexpr std::int32_t OFN_FILEMUSTEXIST = 4096;
+
 /// The request to a file dialog.
 struct FileQuestion {
     WindowHandle Owner = NoWindow;

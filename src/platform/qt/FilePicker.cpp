@@ -1,7 +1,5 @@
 #include "platform/FilePicker.h"
 
-#include "platform/FileDialogs.h"
-
 #include <algorithm>
 
 #include <QDir>
