@@ -206,7 +206,7 @@ UnknownChunks ApplyAndSave(const std::string& file, const Arguments& arguments) 
     progress.Tell("reading");
     const auto [kind, unknown] = Load(file);
     const auto begins = [&, &steps = arguments.Steps](std::size_t i) {
-        progress.Tell("step " + std::to_string(i + 1) + " of " + std::to_string(steps.size()) + ": " +
+        progress.TellStep("step " + std::to_string(i + 1) + " of " + std::to_string(steps.size()) + ": " +
                       std::string(NameOfStep(steps[i])));
     };
     if (const StepResult applied = kind.Apply(arguments.Steps, begins); !applied.Done)
