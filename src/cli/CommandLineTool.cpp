@@ -207,7 +207,7 @@ UnknownChunks ApplyAndSave(const std::string& file, const Arguments& arguments) 
     const auto [kind, unknown] = Load(file);
     const auto begins = [&, &steps = arguments.Steps](std::size_t i) {
         progress.TellStep("step " + std::to_string(i + 1) + " of " + std::to_string(steps.size()) + ": " +
-                      std::string(NameOfStep(steps[i])));
+                          std::string(NameOfStep(steps[i])));
     };
     if (const StepResult applied = kind.Apply(arguments.Steps, begins); !applied.Done)
         throw FileFailure{file, applied.Reason};

@@ -6,8 +6,8 @@
 
 namespace railwright {
 
-/// Shows the current activity on a line of the terminal and erases it on destruction. Until then, nothing else
-/// may write to the terminal.
+/// Shows the current activity on a line of the terminal and erases it on destruction. Until then, nothing
+/// else may write to the terminal.
 class Progress {
 public:
     /// @param out null to show nothing.
