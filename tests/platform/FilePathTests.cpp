@@ -40,23 +40,23 @@ TEST(NameLookup, FindsNamesInAnyCaseAndTheSameEachTime) {
     std::filesystem::create_directory(folder.File("Sky"));
     for (const char8_t* name : {u8"Sky/\u00C4.bmp", u8"Sky/b.bmp", u8"Sky/\u4E00.bmp"})
         WriteBytes(folder.Path() / name, {});
-    if (!BackslashParts) // on Windows these would be the same file
+    if (!BackslashParts) // Windows ignores case, so these would be the same file
         for (const char* name : {"Sky/B.BMP", "Sky/B.bMP", "Sky/c.BMP", "Sky/c.bmp", "Sky/x\\b.bmp"})
             WriteBytes(folder.File(name), {});
     NameLookup lookup;
     const std::pair<const char*, const char*> cases[] = {
-        {"sky\\b.bmp", "Sky/b.bmp"},                                // just as it is written
-        {"SKY\\B.bmp", BackslashParts ? "Sky/b.bmp" : "Sky/B.BMP"}, // the first in the order of the bytes
+        {"sky\\b.bmp", "Sky/b.bmp"},                                // an exact match wins
+        {"SKY\\B.bmp", BackslashParts ? "Sky/b.bmp" : "Sky/B.BMP"}, // first in byte order
         {"sky\\\xE4.BMP", "Sky/\u00C4.bmp"},
-        {"sky\\?.bmp", "Sky/?.bmp"}, // what the code page cannot hold is not found
+        {"sky\\?.bmp", "Sky/?.bmp"}, // a character outside the code page is never found
         {"sky\\x\\b.bmp", "Sky/x/b.bmp"},
-        {"sky\\X\\B.bmp", "Sky/x/B.bmp"}, // a missing folder has the letters in which it was first asked for
+        {"sky\\X\\B.bmp", "Sky/x/B.bmp"}, // a missing folder keeps the case of its first lookup
     };
     for (const auto& [path, place] : cases)
         EXPECT_EQ(lookup.Find(start, DocumentPath(path)), folder.Inside(place)) << path;
     EXPECT_TRUE(lookup.IsComplete());
     FailingFiles files;
-    files.FailAt = 1; // the folder is there and cannot be listed
+    files.FailAt = 1; // the folder exists but cannot be listed
     NameLookup unsure;
     EXPECT_TRUE(unsure.Find(start, FileName("Sky")) == folder.Inside("Sky") && !unsure.IsComplete());
 }

@@ -9,13 +9,13 @@
 
 namespace railwright::testing {
 
-/// What a save finds, and how many calls it takes.
+/// State before a save, and the number of calls that it makes.
 struct Situation {
     bool HasOld;
-    bool IsInPlace; // the folder takes no new file
+    bool IsInPlace; // no new file can be created in the folder
     int Calls;
 };
-/// What a call gives that fails.
+/// Error of the call that fails.
 struct Fault {
     std::errc Cause;
     bool WritesNothing = false;
@@ -27,13 +27,14 @@ static void ExpectNothingLost(const Situation& now, int failAt, bool stays, cons
         WriteBytes(folder.File("a"), Old);
     FailingFiles files;
     files.FailAt = failAt;
-    files.Stays = stays; // then what was overwritten cannot be put back
+    files.Stays = stays; // so the overwritten content cannot be restored
     files.Cause = fault.Cause;
     files.WritesNothing = fault.WritesNothing;
     files.OpenNewError = now.IsInPlace ? std::errc::permission_denied : std::errc{};
     files.Aside = {aside.Inside(""), aside.Inside("")};
     const FileResult saved = WriteWholeFile(folder.Inside("a"), New);
-    // A folder that takes no new file has the old one overwritten, and if one takes no copy another does.
+    // If the folder allows no new file, the save overwrites the old one. If one folder allows no copy, the
+    // save uses the other.
     const bool notPermitted = fault.Cause == std::errc::operation_not_permitted;
     const bool takesNoNew =
         now.HasOld && ((failAt == 3 && (notPermitted || fault.Cause == std::errc::permission_denied)) ||
@@ -49,9 +50,9 @@ static void ExpectNothingLost(const Situation& now, int failAt, bool stays, cons
     EXPECT_EQ(ReadBytes(lost ? saved.OldKeptIn.Native() : folder.File("a")), saved ? New : before);
     EXPECT_EQ(folder.Names().size(), saved || now.HasOld ? 1U : 0U);
     EXPECT_TRUE(stays || failAt == 20 || aside.Names().empty());
-    const bool replaced = saved && !now.IsInPlace && !answered; // then the new name goes to the disk
+    const bool replaced = saved && !now.IsInPlace && !answered; // so the folder is flushed
     EXPECT_TRUE(!replaced || files.Log == (Names{"exchange", folder.Inside("a").Folder().Native()}));
-    EXPECT_TRUE(!now.IsInPlace || !saved || files.Log == Names{files.Aside[0].Native()}); // with the copy
+    EXPECT_TRUE(!now.IsInPlace || !saved || files.Log == Names{files.Aside[0].Native()}); // the copy's folder
 }
 
 TEST(WholeFile, SaveThatFailsLeavesWhatWasThere) {
@@ -86,7 +87,7 @@ TEST(WholeFile, OnlyAClosedFolderIsAnsweredByWritingInPlace) {
         files.OpenNewError = error;
         const bool closed = error != std::errc::no_space_on_device;
         EXPECT_EQ(WriteWholeFile(folder.Inside("a"), Old).Done, closed);
-        EXPECT_EQ(ReadBytes(folder.File("a")), closed ? Old : New); // the shorter over the longer
+        EXPECT_EQ(ReadBytes(folder.File("a")), closed ? Old : New); // shorter content replaces longer content
         EXPECT_FALSE(WriteWholeFile(folder.Inside("other"), Old));
     }
     EXPECT_EQ(folder.Names(), Names{"a"});
@@ -102,7 +103,7 @@ TEST(WholeFile, NamesTheCopyOfAnInterruptedSaveAndReportsAFolderThatCannotBeFlus
     EXPECT_EQ(LeftCopies(),
               (std::vector{aside.Inside("railwright-copy-1-a"), aside.Inside("railwright-copy-1-b"),
                            aside.Inside("railwright-copy-3-a")}));
-    std::error_code error; // one that is open is not left
+    std::error_code error; // an open copy is in use
     const auto open = files.OpenCopy(aside.Inside("railwright-copy-2-b"), error);
     EXPECT_EQ(LeftCopies(FileName("b")), std::vector{aside.Inside("railwright-copy-1-b")});
     files.OpenNewError = std::errc::permission_denied;
@@ -119,16 +120,16 @@ TEST(WholeFile, NamesTheCopyOfAnInterruptedSaveAndReportsAFolderThatCannotBeFlus
 }
 
 TEST(WholeFile, KeepsTheNewContentIfTheOldFileIsLost) {
-    // 1177 and its like are what an exchange gives that has taken the old file away and not yet put the new
-    // one there.
+    // Windows returns error 1177 and similar ones if an exchange stops after it removed the old file and
+    // before it renamed the new one.
     for (const bool flushed : {true, false}) {
         const TemporaryFolder folder;
         WriteBytes(folder.File("a"), Old);
         if (flushed)
-            WriteBytes(folder.File("kept-1-a"), Old); // in an earlier case
+            WriteBytes(folder.File("kept-1-a"), Old); // left by an earlier save
         FailingFiles files;
         files.LosesTheOldFile = true;
-        files.FailAt = flushed ? 0 : 8; // content that is not on the disk is not worth keeping
+        files.FailAt = flushed ? 0 : 8; // unflushed content is not kept
         const FileResult saved = WriteWholeFile(folder.Inside("a"), New);
         ASSERT_FALSE(saved);
         EXPECT_EQ(saved.KeptIn.IsEmpty(), !flushed);
@@ -148,7 +149,7 @@ TEST(WholeFile, AFolderThatAnotherProcessMakesMeanwhileIsWelcome) {
     WriteBytes(folder.File("file"), Old);
     for (const auto& [name, isWelcome] : {std::pair("made", true), {"file", false}}) {
         FailingFiles files;
-        files.FailAt = 1; // the first look does not find it
+        files.FailAt = 1; // the first check does not find it
         EXPECT_EQ(CreateFolders(folder.Inside(name)).Done, isWelcome);
     }
 }

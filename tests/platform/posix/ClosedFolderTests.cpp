@@ -36,7 +36,7 @@ TEST(EnvironmentOrganizerDeathTest, MovesNothingOutOfAFolderThatItCannotRead) {
         std::_Exit(OrganizeEnvironments(simulator.Inside(""), progress) ? 0 : 1);
     };
     for (const int mode :
-         {0000, 0333, 0555, 0777}) { // closed, not to be listed, not to be written; its .env is closed
+         {0000, 0333, 0555, 0777}) { // no access, no listing, no writing, no access to its .env
         fs::permissions(folder, static_cast<fs::perms>(mode));
         EXPECT_EXIT(runAsNobody(), ::testing::ExitedWithCode(1), "") << mode;
     }
@@ -75,7 +75,7 @@ TEST(EnvironmentOrganizerPlaces, TakesNoNameForAPathAndTellsEachInOneLine) {
 }
 
 TEST(EnvironmentOrganizerPlaces, ReadsThroughLinksAndChangesNothingThroughThem) {
-    // Which of the names below the simulator's folder are links to what is outside it.
+    // Names below the simulator's folder that are links to a target outside it.
     for (const std::string linked : {"", "Environments", "Dawn.env", "sky.bmp", "loose.txt", "Dawn", "deep",
                                      "Dawn/deep", "__Unused Files__"}) {
         SCOPED_TRACE(linked);
@@ -91,7 +91,7 @@ TEST(EnvironmentOrganizerPlaces, ReadsThroughLinksAndChangesNothingThroughThem) 
                                             {"loose.txt", "loose"}})
             WriteBytes(folder / name, {content.begin(), content.end()});
         fs::permissions(folder / "deep/mud.bmp", fs::perms::owner_read | fs::perms::owner_write);
-        const bool isBegun = linked == "Dawn/deep"; // by a run that was cut off
+        const bool isBegun = linked == "Dawn/deep"; // by an interrupted run
         if (isBegun) {
             const std::string list = "Railwright has not finished organizing these environments:/Dawn.env/";
             WriteBytes(folder / "~unfinished=", {list.begin(), list.end()});
@@ -111,8 +111,7 @@ TEST(EnvironmentOrganizerPlaces, ReadsThroughLinksAndChangesNothingThroughThem) 
         };
         const std::string was = linked.empty() ? "" : found();
         Unseen progress;
-        // Where an environment is passed over, and where something would have to be written through a link,
-        // nothing is moved.
+        // Nothing is moved if an environment is skipped, or if a write would go through a link.
         const bool passes = linked == "Dawn.env" || isBegun || linked == "__Unused Files__";
         EXPECT_EQ(OrganizeEnvironments(root.Inside("sim"), progress), !passes) << progress.Told;
         if (!linked.empty()) {
@@ -124,7 +123,7 @@ TEST(EnvironmentOrganizerPlaces, ReadsThroughLinksAndChangesNothingThroughThem) 
         EXPECT_EQ(std::string(settings.begin(), settings.end()) != before, isNew);
         EXPECT_EQ(fs::exists(folder / "Dawn/sky.bmp"), isNew || isBegun);
         EXPECT_EQ(fs::exists(folder / "Dawn/deep/mud.bmp"), isNew);
-        if (isNew) { // a copy is as private as its source
+        if (isNew) { // a copy keeps the permissions of its source
             EXPECT_EQ(fs::status(folder / "Dawn/deep/mud.bmp").permissions(),
                       fs::perms::owner_read | fs::perms::owner_write);
         }

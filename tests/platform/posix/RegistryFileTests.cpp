@@ -14,7 +14,7 @@
 
 namespace railwright::testing {
 
-/// Plain characters as the editor stores them.
+/// UTF-16LE text with a byte order mark, as the editor saves it.
 static Bytes Wide(std::string_view characters) {
     Bytes bytes = {0xFF, 0xFE};
     for (const char character : characters)
@@ -22,7 +22,7 @@ static Bytes Wide(std::string_view characters) {
     return bytes;
 }
 
-/// Puts a file of that content in the registry's place.
+/// Replaces the registry's file.
 static void Put(const TestRegistry& own, const Bytes& bytes) {
     std::filesystem::create_directories(std::filesystem::path(own.File()).parent_path());
     WriteBytes(own.File(), bytes);
@@ -50,8 +50,8 @@ TEST(RegistryFile, IsWrittenAsTheEditorWritesIt) {
     EXPECT_TRUE(Write(REG_SZ, "own NUL", text("a\0", 2)));
     RegistryInput other = "x";
     EXPECT_TRUE(WriteRegistryValue(HKEY_CLASSES_ROOT, ".nltrack", REG_SZ, "", other));
-    // A line takes 80 characters at most: 8 before the bytes and 23 times 3 are 77, and with the backslash
-    // 78; one byte more would need 81. The other 7 follow.
+    // A line has at most 80 characters. 8 characters and 23 bytes of 3 characters are 77, and 78 with the
+    // backslash; another byte would make it 81. The other 7 bytes follow.
     std::string first;
     for (int i = 0; i < 23; ++i)
         first += "01,";
@@ -76,7 +76,7 @@ TEST(RegistryFile, IsReadAsTheEditorExportsIt) {
                               "[HKEY_CLASSES_ROOT\\old]\r\n@=\"kept\"\r\n[-HKEY_CLASSES_ROOT\\OLD]\r\n"
                               "@=\"of no key\"\r\n[HKEY_LOCAL_MACHINE\\Software]\r\n\"e\"=hex(2):%\r\n"
                               "[HKEY_CLASSES_ROOT\\end]\r\n@=\"no line end";
-    std::string plain = Head + lines; // as an editor of texts saves it, with other systems' line ends
+    std::string plain = Head + lines; // as text editors save it, with other line ends
     std::erase(plain, '\r');
     for (const Bytes& file : {Wide(Head + lines), Bytes(plain.begin(), plain.end())}) {
         const TestRegistry own;
@@ -93,7 +93,7 @@ TEST(RegistryFile, IsReadAsTheEditorExportsIt) {
         for (const auto& [where, expected] : cases)
             EXPECT_EQ(Read(where.first, where.second), expected) << where.first << ' ' << where.second;
 
-        // What the program does not know is still there after it has changed the file.
+        // Unknown content survives a change of the file.
         EXPECT_TRUE(Write(REG_SZ, "", "new"));
         auto tree = ParseRegistry(ReadBytes(own.File()));
         ASSERT_TRUE(tree);
@@ -113,7 +113,7 @@ TEST(RegistryFile, HasRootsThatStayAndGrowsNotWithTheLevelsOfAKey) {
     const TestRegistry own;
     Put(own, deep);
     EXPECT_EQ(Read(path.substr(1), ""), "deep");
-    // A key above it is there in the letters of the file, and stays when the one below goes.
+    // The parent key has the case of the file, and stays when its subkey is deleted.
     std::string capitals = path.substr(1);
     std::replace(capitals.begin(), capitals.end(), 'k', 'K');
     EXPECT_TRUE(DeleteRegistryKey(HKEY_CLASSES_ROOT, capitals));
@@ -161,7 +161,7 @@ TEST(RegistryFile, StaysWholeWhateverFails) {
 TEST(RegistryFile, LosesNothingIfTwoChangeItAtOnce) {
     const TestRegistry own;
     const auto count =
-        [](const char* name) { // to 200, in a value of that name; 0 if each round found the last
+        [](const char* name) { // counts to 200 in the value; 0 if each round reads its number back
             const FailingFiles noWaiting;
             for (int round = 1; round <= 200; ++round)
                 if (!Write(REG_SZ, name, TextOf(std::to_string(round))) ||

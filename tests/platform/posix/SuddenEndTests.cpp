@@ -15,17 +15,17 @@
 
 namespace railwright::testing {
 
-/// How many saves a process has begun and ended, in memory that outlives it.
+/// Number of saves that a process has begun and ended, in shared memory.
 struct Progress {
     std::atomic<int> Begun, Ended;
 };
 
 TEST(SuddenEnd, LeavesTheOldOrTheNewTrackWholeWheneverItComes) {
     const TemporaryFolder folder, aside;
-    FailingFiles files; // in short pieces
+    FailingFiles files; // writes short pieces
     files.Aside = {aside.Inside("")};
     ClearTrackDocument();
-    const auto save = [&](int number) { // two contents by turns, of different length and letters
+    const auto save = [&](int number) { // alternates between two contents of different length and letters
         Track.TrackInfo.AuthorComments.assign(number % 2 == 0 ? 60'000 : 40'000, "eo"[number % 2]);
         return SaveTrackFile(folder.Inside("a.nltrack")).Done;
     };
@@ -43,10 +43,10 @@ TEST(SuddenEnd, LeavesTheOldOrTheNewTrackWholeWheneverItComes) {
     constexpr int kills = 200;
     int inTheMiddle = 0, status = 0;
     std::mt19937 random(1);
-    // On a busy machine the process often rests between two saves; then there are more kills.
+    // On a busy machine many kills occur between two saves. Then there are more kills.
     for (int kill = 0; (kill < kills || (inTheMiddle < kills / 8 && kill < 20 * kills)) && !HasFailure();
          ++kill) {
-        // Every other process finds no place for a new file, and overwrites the old one.
+        // Every other process cannot create a new file, and overwrites the old one.
         files.OpenNewError = kill % 2 == 0 ? std::errc{} : std::errc::permission_denied;
         saves->Begun = saves->Ended = 0;
         const pid_t child = fork();
@@ -67,7 +67,7 @@ TEST(SuddenEnd, LeavesTheOldOrTheNewTrackWholeWheneverItComes) {
             << kill;
         for (const std::string& copy : copies)
             std::filesystem::remove(aside.File(copy));
-        // Nothing stays, also of a kill between the temporary name and the right one.
+        // No file is left, even after a kill between the temporary name and the final one.
         EXPECT_TRUE(save(0) && ReadBytes(folder.File("a.nltrack")) == contents[0]);
         EXPECT_TRUE(aside.Names().empty() && folder.Names() == Names{"a.nltrack"});
     }

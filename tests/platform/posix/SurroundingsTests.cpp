@@ -4,7 +4,7 @@
 
 #include <langinfo.h>
 
-/// What the user's locale says, for a test that stands before the system's.
+/// The user's locale, returned by a replacement for the system's function.
 static std::string codeset, thousands, decimal = ".";
 
 extern "C" char* nl_langinfo_l(nl_item item, locale_t) {

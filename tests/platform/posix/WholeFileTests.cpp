@@ -23,11 +23,11 @@
 #include <sys/xattr.h>
 #include <unistd.h>
 
-/// The file that is looked at whenever something goes to the disk, and what was seen.
+/// A file that is checked at every flush, and the results.
 static std::string watched;
 static railwright::testing::Names flushes;
 
-/// Stands before the system's: notes how long what goes to the disk is, and the length of the watched file.
+/// Replaces the system's fsync. Records the length of the flushed file, and that of the watched file.
 extern "C" int fsync(int descriptor) {
     struct stat flushed {
     }, seen{};
@@ -92,7 +92,7 @@ TEST(WholeFile, RefusesInWordsWhatIsNoFileAndReportsFullDisks) {
     }
     EXPECT_EQ(folder.Names(), before);
     EXPECT_TRUE(fs::is_symlink(folder.File("full")) && fs::is_symlink(folder.File("loop")));
-    std::error_code error; // rights that cannot be read are not those of a file that is new
+    std::error_code error; // unreadable permissions are an error, not those of a new file
     EXPECT_TRUE(!Files().OpenNew(folder.Inside("loop"), folder.Inside("loop"), error) && error &&
                 folder.Names() == before);
 
@@ -114,7 +114,7 @@ TEST(WholeFile, RefusesInWordsWhatIsNoFileAndReportsFullDisks) {
     umount(folder.File("mounted").c_str());
 }
 
-/// Whose a file is, what its mode allows, its access list and an attribute of the user's.
+/// Owner, mode, access list and a user attribute of a file.
 struct Rights {
     uid_t Owner;
     gid_t Group;
@@ -167,7 +167,7 @@ TEST(WholeFileDeathTest, SignalsCutNoSaveOff) {
     };
     for (const bool isInPlace : {false, true}) {
         WriteBytes(folder.File("a"), Old);
-        const auto beyondLimit = [&] { // 200 bytes, of 250
+        const auto beyondLimit = [&] { // 200 of 250 bytes
             const rlimit limit = {200, 200};
             setrlimit(RLIMIT_FSIZE, &limit);
             save(isInPlace, [](OpenFile& file, std::error_code& error) { WriteAll(file, New, error); });
@@ -194,7 +194,7 @@ TEST(WholeFileDeathTest, OverwritesAFileWhoseOwnerAContainerDoesNotKnow) {
     WriteBytes(folder.File("a"), Old);
     if (chown(folder.File("a").c_str(), 12345, 12345) != 0 || chmod(folder.File("a").c_str(), 0666) != 0)
         GTEST_SKIP() << "only root can give files away";
-    const auto saveInContainer = [&] { // 0 if it was saved, 1 if not, 2 if there are no containers
+    const auto saveInContainer = [&] { // 0 if it was saved, 1 if not, 2 without containers
         if (unshare(CLONE_NEWUSER) != 0)
             std::_Exit(2);
         for (const auto& [name, content] :
@@ -215,11 +215,11 @@ TEST(WholeFileDeathTest, OverwritesAFileWhoseOwnerAContainerDoesNotKnow) {
     EXPECT_EQ(RightsOf(folder.File("a")).Owner, 12345U);
 }
 
-/// An access list of version 2: each entry is a kind, rights and who, in 2, 2 and 4 bytes.
+/// An access list of version 2. Each entry is a kind, rights and an id, in 2, 2 and 4 bytes.
 std::string AccessList(std::initializer_list<std::array<int, 3>> entries) {
     std::string list("\2\0\0\0", 4);
     for (const auto& [kind, rights, who] : entries)
-        for (const int half : {kind, rights, who, who < 0 ? who : 0}) // -1 stands for nobody in particular
+        for (const int half : {kind, rights, who, who < 0 ? who : 0}) // -1 means no id
             list += {static_cast<char>(half), static_cast<char>(half >> 8)};
     return list;
 }
@@ -228,7 +228,7 @@ TEST(WholeFile, KeepsOwnerRightsAndAttributes) {
     const TemporaryFolder folder;
     if (chown(folder.File("").c_str(), 0, 0) != 0)
         GTEST_SKIP() << "only root can give files away";
-    // Its owner and user 100 may read and write it, its group and others nothing.
+    // Its owner and user 100 may read and write it. Its group and others have no rights.
     const std::string list = AccessList({{1, 6, -1}, {2, 6, 100}, {4, 0, -1}, {16, 6, -1}, {32, 0, -1}});
     const auto give = [](const std::string& to, const char* name, const std::string& value) {
         return setxattr(to.c_str(), name, value.data(), value.size(), 0) == 0;
@@ -239,7 +239,7 @@ TEST(WholeFile, KeepsOwnerRightsAndAttributes) {
         for (const mode_t mode : {0600U, 0660U, 0640U, 0604U, 02755U}) {
             const std::string file = folder.File("a");
             WriteBytes(file, Old);
-            removexattr(file.c_str(), "system.posix_acl_access"); // got from its folder
+            removexattr(file.c_str(), "system.posix_acl_access"); // inherited from the folder
             ASSERT_TRUE(chown(file.c_str(), 1, 60) == 0 && chmod(file.c_str(), mode) == 0);
             ASSERT_TRUE(!hasList || give(file, "system.posix_acl_access", list));
             ASSERT_TRUE(give(file, "user.note", "mine"));
@@ -257,21 +257,21 @@ TEST(WholeFileDeathTest, GivesNobodyMoreRights) {
     const std::string file = folder.File("a");
     if (chown(folder.File("").c_str(), 0, 60) != 0 || chmod(folder.File("").c_str(), 0777) != 0)
         GTEST_SKIP() << "only root can give files away";
-    const auto saveAs = [&](gid_t group) { // who is a member of that group only
+    const auto saveAs = [&](gid_t group) { // a user in that group only
         if (setgroups(1, &group) != 0 || setresgid(65534, 65534, 65534) != 0 ||
             setresuid(65534, 65534, 65534) != 0)
             std::_Exit(2);
         std::_Exit(WriteWholeFile(folder.Inside("a"), New) ? 0 : 1);
     };
-    const std::string leftover = folder.File(".railwright-12-34.tmp"); // of another user's save
+    const std::string leftover = folder.File(".railwright-12-34.tmp"); // left by another user's save
     WriteBytes(leftover, Old);
     chmod(leftover.c_str(), 0666);
     for (const auto& [group, mode, owner, ofFolder] :
-         {std::tuple(60U, 0660U, 65534U, 0777U), // the group can be kept,
-          {60U, 0064U, 1U, 0777U},               // but the owner would then be one of them,
-          {60U, 0661U, 1U, 0777U},               // or one of the others
-          {60U, 0660U, 1U, 01777U},              // in a sticky folder nobody replaces another's file,
-          {61U, 0666U, 1U, 0777U}}) {            // nothing can be kept, so that it is written in place
+         {std::tuple(60U, 0660U, 65534U, 0777U), // the group is kept,
+          {60U, 0064U, 1U, 0777U},               // not if the owner would then be in it,
+          {60U, 0661U, 1U, 0777U},               // or one of the others;
+          {60U, 0660U, 1U, 01777U},              // a sticky folder forbids replacing another's file;
+          {61U, 0666U, 1U, 0777U}}) {            // nothing can be kept: written in place
         chmod(folder.File("").c_str(), ofFolder);
         WriteBytes(file, Old);
         ASSERT_TRUE(chown(file.c_str(), 1, 60) == 0 && chmod(file.c_str(), mode) == 0);
@@ -281,7 +281,7 @@ TEST(WholeFileDeathTest, GivesNobodyMoreRights) {
         fs::remove(file);
     }
     EXPECT_TRUE(fs::exists(leftover));
-    std::error_code error; // a copy is for its owner alone
+    std::error_code error; // only the owner may access a copy
     EXPECT_TRUE(Files().OpenCopy(folder.Inside("copy"), error));
     EXPECT_EQ(RightsOf(folder.File("copy")).Mode, 0600U);
 }
@@ -314,7 +314,7 @@ TEST(WholeFile, ANewFileHasNoNameAndLeftoversAreClearedAway) {
 
 TEST(WholeFile, TwoThatOverwriteInPlaceDoNotMixTheirContents) {
     const TemporaryFolder folder, aside;
-    FailingFiles files; // in short pieces
+    FailingFiles files; // writes short pieces
     files.OpenNewError = std::errc::permission_denied;
     files.Aside = {aside.Inside("")};
     const Bytes contents[] = {Bytes(9000, 'o'), Bytes(11000, 'n')};
@@ -329,7 +329,7 @@ TEST(WholeFile, TwoThatOverwriteInPlaceDoNotMixTheirContents) {
             Bytes read;
             if (!ReadWholeFile(folder.Inside("a"), read) ||
                 (read != Old && read != contents[0] && read != contents[1]))
-                _exit(1); // a mixture
+                _exit(1); // mixed content
             if (read != Old)
                 _exit(0);
         }
@@ -342,7 +342,7 @@ TEST(WholeFile, TwoThatOverwriteInPlaceDoNotMixTheirContents) {
         EXPECT_TRUE(found == contents[0] || found == contents[1]) << round;
     }
     EXPECT_TRUE(aside.Names().empty());
-    // While it waits another file takes the name, and is the one to be overwritten.
+    // While the save waits, another file is renamed to the name. The save overwrites that file.
     int held = open(folder.File("a").c_str(), O_RDONLY);
     ASSERT_EQ(flock(held, LOCK_EX), 0);
     WriteBytes(folder.File("b"), Old);
@@ -354,7 +354,7 @@ TEST(WholeFile, TwoThatOverwriteInPlaceDoNotMixTheirContents) {
     EXPECT_TRUE(save(1));
     other.join();
     EXPECT_EQ(ReadBytes(folder.File("a")), contents[1]);
-    held = open(folder.File("a").c_str(), O_RDONLY); // for ever
+    held = open(folder.File("a").c_str(), O_RDONLY); // never released
     ASSERT_EQ(flock(held, LOCK_EX), 0);
     EXPECT_EQ(save(0).Reason, "is being read or written by another program");
     close(held);
@@ -397,7 +397,7 @@ TEST(WholeFile, NamesAreTakenJustAsTheyAreWritten) {
     EXPECT_TRUE(!ReadWholeFile(folder.Inside("none"), read) && read.empty());
     EXPECT_TRUE(CreateFolders(FilePath::FromUser(folder.File("a//b\\c//"))));
     EXPECT_TRUE(fs::is_directory(folder.File("a/b\\c")));
-    for (const char* name : {".hidden\\a", ".hidden"}) // a file
+    for (const char* name : {".hidden\\a", ".hidden"}) // .hidden is a file
         EXPECT_FALSE(CreateFolders(folder.Inside(name))) << name;
 }
 

@@ -11,7 +11,7 @@
 
 namespace railwright::testing {
 
-/// Says who may do what with a key of the machine's.
+/// Sets the access rights of a machine key.
 static void Protect(const std::string& key, const char* rights) {
     PSECURITY_DESCRIPTOR descriptor = nullptr;
     HKEY opened = nullptr;

@@ -52,14 +52,14 @@ TEST(WholeFile, NamesAreUtf8InAnyCase) {
     EXPECT_EQ(FileLength(inside("\u00C4ltere.NLTRACK")), 250);
     Bytes read;
     EXPECT_TRUE(ReadWholeFile(inside("\u00C4LTERE.nltrack"), read) && read.size() == 250);
-    // Names need not be well-formed.
+    // Windows allows names that are not valid UTF-16.
     for (const wchar_t* name :
          {L"\xD83D\xDE80\u4E00", L"\xD83D", L"\xDE80\xD83D.a\xDE80", L"\xD83D\xD83D\xDE80"})
         EXPECT_EQ(ToWide(FromWide(name)), name);
     EXPECT_EQ(FromWide(L"\xD83D\xDE80\xDE80"), "\U0001F680\xED\xBA\x80");
 }
 
-/// Another program has a file open for some milliseconds, or to the end of this, and shares it with nobody.
+/// Another program keeps a file open without sharing, for some milliseconds or until destruction.
 class Held {
 public:
     Held(const std::string& file, int milliseconds) {
@@ -114,7 +114,7 @@ TEST(WholeFile, KeepsRightsAndAttributes) {
     const TemporaryFolder folder;
     const std::string file = folder.File("a");
     WriteBytes(file, Old);
-    // It is its owner's alone, whatever the folder says.
+    // Only the owner may access it, whatever the folder's rights.
     PSECURITY_DESCRIPTOR rights = nullptr;
     ASSERT_TRUE(ConvertStringSecurityDescriptorToSecurityDescriptorA("D:P(A;;FA;;;OW)", 1, &rights, nullptr));
     ASSERT_TRUE(SetFileSecurityA(file.c_str(),
@@ -145,7 +145,7 @@ TEST(WholeFile, IsHiddenUntilItIsWholeAndLeftAloneByTheOrganizer) {
         WIN32_FIND_DATAA found{};
         FindClose(FindFirstFileA(folder.File("Environments/~railwright-*").c_str(), &found));
         EXPECT_NE(found.dwFileAttributes & FILE_ATTRIBUTE_HIDDEN, 0U) << &found.cFileName[0];
-        // One that a sudden end has left in the last moment before it had its name is not hidden.
+        // A file left by a crash just before the rename is not hidden.
         WriteBytes(folder.File("Environments/~railwright-1-0.tmp"), Old);
         std::ostringstream out, errors;
         EXPECT_EQ(RunCommandLineTool({"organize", folder.File("")}, out, errors), 0);
@@ -178,7 +178,7 @@ TEST(WholeFile, TakesPathsOfAnyLengthAndOfTheNetwork) {
         Files().Delete(file, error);
         EXPECT_FALSE(error || FileExists(file));
     }
-    // The standard library does not reach as deep.
+    // The standard library cannot delete such long paths.
     for (; deep.size() > start.size(); deep.resize(deep.rfind('\\')))
         EXPECT_TRUE(RemoveDirectoryW((L"\\\\?\\" + std::wstring(deep.begin(), deep.end())).c_str()));
 }

@@ -1,5 +1,5 @@
-// Plays the other programs of the desktop in the tests. "hold FILE MILLISECONDS" has a file open and shares
-// it with nobody, "record FILE WORDS" writes down how it was to show its window, and the words.
+// Acts as another program of the desktop in tests. "hold FILE MILLISECONDS" keeps a file open without
+// sharing. "record FILE WORDS" writes the words to a file, and how the window should be shown.
 
 #include <cstdlib>
 #include <fstream>
@@ -11,7 +11,7 @@ int main(int count, char** arguments) {
     if (count < 4)
         return EXIT_FAILURE;
     if (arguments[1] == std::string("hold")) {
-        HANDLE held = INVALID_HANDLE_VALUE; // until those who look whether it is held let go
+        HANDLE held = INVALID_HANDLE_VALUE; // retries while the test itself has the file open
         while (held == INVALID_HANDLE_VALUE)
             held = CreateFileA(arguments[2], GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
         Sleep(static_cast<DWORD>(std::atoi(arguments[3])));
@@ -19,7 +19,7 @@ int main(int count, char** arguments) {
     }
     STARTUPINFOA start{};
     GetStartupInfoA(&start);
-    // The file appears under its name when it is whole.
+    // Rename the file when it is complete.
     const std::string file = arguments[2];
     std::ofstream record(file + ".part");
     record << ((start.dwFlags & STARTF_USESHOWWINDOW) != 0 ? static_cast<int>(start.wShowWindow) : -1);
