@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The files below a folder, by their names from there, but for what a cut-off save leaves behind.
+/// The files below a folder by relative path, without leftovers of interrupted saves.
 using Tree = std::map<std::string, std::string>;
 
 class Silent final : public OrganizerProgress {
@@ -29,7 +29,7 @@ public:
 
     std::vector<int> shown;
     int copies = 0;
-    /// The folder of a second run that is tried in the middle of the first.
+    /// Folder of a second run, which is tried during the first.
     FilePath second;
 };
 
@@ -59,7 +59,7 @@ protected:
     Silent progress;
 };
 
-/// Environments that share a name, also with what the organizer or its user puts into the folder.
+/// Environments that share a name with each other, or with a file that the organizer or its user creates.
 const Tree Sharing = {
     {"Environments/x.env", "t.texture.path=Environments\\a.png\r\n"},
     {"Environments/x.env.env", "t.texture.path=Environments\\b.png\r\n"},
@@ -73,8 +73,8 @@ const Tree Sharing = {
     {"Environments/e.png", "e"},
 };
 
-/// The folder of several gets the letters of the first, in the order of the bytes. A file counts as the
-/// folder until it has gone.
+/// The shared folder has the case of the first name in byte order. A file in the position of the folder
+/// counts as the folder until it is moved away.
 const Tree Shared = {
     {"Environments/x.env", "t.texture.path=Environments\\x\\a.png\r\n\r\n"},
     {"Environments/x.env.env", "t.texture.path=Environments\\x\\b.png\r\n\r\n"},
@@ -90,10 +90,10 @@ const Tree Shared = {
     {"Environments/__unused files__/b.png", "b"},
     {"Environments/__unused files__/c.png", "c"},
     {"Environments/__unused files__/e.png", "e"},
-    {"Environments/d.png", "d"}, // there is one in its place
+    {"Environments/d.png", "d"}, // its name is already taken
 };
 
-/// A file in the place of an environment's folder counts as that until it has gone.
+/// A file in the position of an environment's folder counts as the folder until it is moved away.
 const Tree InPlaceOfFolders = {
     {"Environments/y.env", "t.texture.path=Environments\\z.png\r\n"},
     {"Environments/Y.env.env", "t.texture.path=Environments\\z.png\r\n"},
@@ -159,14 +159,14 @@ TEST_F(EnvironmentOrganizer, GivesEachEnvironmentItsTexturesAndPutsTheRestAway) 
     EnvironmentScan scan = ScanEnvironments(folder.Inside(""));
     EXPECT_EQ(scan.EnvironmentList.size(), 6U);
     EXPECT_EQ(scan.Unorganized, 4);
-    progress.second = folder.Inside(""); // a second press during the run does nothing
+    progress.second = folder.Inside(""); // a second press during the run has no effect
     EXPECT_TRUE(Organize());
     EXPECT_EQ(Found(), Tidy);
-    EXPECT_TRUE(fs::is_directory(folder.Path() / "Environments/Out")); // its texture was read where it lies
+    EXPECT_TRUE(fs::is_directory(folder.Path() / "Environments/Out")); // its texture was read from there
     EXPECT_EQ(progress.shown, (std::vector{0, 16, 33, 50, 66, 83, 100}));
 
     scan = ScanEnvironments(folder.Inside(""));
-    EXPECT_EQ(scan.Unorganized, 1); // none of its textures can be read
+    EXPECT_EQ(scan.Unorganized, 1); // its textures are all unreadable
     EXPECT_TRUE(Organize());
     EXPECT_EQ(Found(), Tidy);
 }
@@ -181,7 +181,7 @@ TEST_F(EnvironmentOrganizer, TakesEveryExtensionOutOfANameAndAnySeparator) {
               "x.texture.path=Environments\\a.b\\t.bmp\r\nz.texture.path:Environments\\a.b\\v.bmp\r\n\r\n");
     EXPECT_TRUE(fs::exists(folder.Path() / "Environments/a.b/t.bmp"));
     const auto paths = ParseTexturePaths("x.texture.path=\r\ny.texture.path=s\r\nz.texture.path= \tt \r\n");
-    EXPECT_TRUE(paths.size() == 2 && paths[1].Text() == "\tt"); // only blanks are taken off
+    EXPECT_TRUE(paths.size() == 2 && paths[1].Text() == "\tt"); // only blanks are trimmed
 }
 
 TEST_F(EnvironmentOrganizer, MovesNothingBesideAnEnvironmentThatItCannotOrganize) {
@@ -193,7 +193,7 @@ TEST_F(EnvironmentOrganizer, MovesNothingBesideAnEnvironmentThatItCannotOrganize
                                          {"a", texture + "\rsun=1\r\n"},
                                          {"x.env", texture + "\r\n"}}) {
         Fill({{std::string("Environments/") + name + ".env", settings},
-              {"Environments/x.env", "sun=1\r\n"}, // has none, and the name of the last
+              {"Environments/x.env", "sun=1\r\n"}, // has no texture, and the name of the last one
               {"Environments/t.bmp", "t"}});
         Tree before = Found();
         EXPECT_FALSE(Organize()) << settings;
@@ -229,7 +229,7 @@ TEST_F(EnvironmentOrganizer, StopsAtTheFirstMissingFolderOfAPath) {
     Fill({{"Environments/x.env", "t.texture.path=" + path + "\r\n"}});
     FailingFiles files;
     EXPECT_TRUE(Organize());
-    EXPECT_LE(files.Calls, 1000); // most of them write the settings, 100 bytes at a time
+    EXPECT_LE(files.Calls, 1000); // most calls write the settings, 100 bytes at a time
 }
 
 TEST_F(EnvironmentOrganizer, DoesNothingWithoutEnvironments) {
@@ -272,7 +272,7 @@ TEST_F(EnvironmentOrganizer, LeavesAListAloneThatIsNotItsOwn) {
     for (const auto& [content, isOwn] :
          {std::pair("a letter", false),
           {"Railwright has not finished organizing these environments:/Dawn.env/gone.env/\r\n", true}}) {
-        const std::string own = "u.texture.path=Environments\\Dawn\\own.bmp\r\n"; // is in its place
+        const std::string own = "u.texture.path=Environments\\Dawn\\own.bmp\r\n"; // already in its folder
         Fill({{"Environments/Dawn.env", "t.texture.path=Environments\\Sky.bmp\r\n" + own},
               {"Environments/Dawn/own.bmp", "own"},
               {"Environments/New.env", "t.texture.path=Environments\\Sky.bmp\r\n"},
@@ -284,10 +284,10 @@ TEST_F(EnvironmentOrganizer, LeavesAListAloneThatIsNotItsOwn) {
         EXPECT_EQ(Found() == before, !isOwn);
         EXPECT_EQ(Found().count("Environments/Dawn/Sky.bmp"), isOwn ? 1U : 0U);
         EXPECT_EQ(Found().at("Environments/Dawn.env").ends_with("\\Dawn\\Sky.bmp\r\n" + own + "\r\n"), isOwn);
-        EXPECT_EQ(progress.copies, isOwn ? 2 : 0); // one for each environment
+        EXPECT_EQ(progress.copies, isOwn ? 2 : 0); // one per environment
         EXPECT_EQ(Found().count("Environments/~unfinished="), isOwn ? 0U : 1U);
     }
-    // An environment by the name of the list can have no folder, and goes on naming a loose file.
+    // An environment with the name of the list cannot have a folder, and continues to use a loose file.
     Fill({{"Environments/~unfinished=.env", "t.texture.path=Environments\\Sky.bmp\r\n"},
           {"Environments/~unfinished=", "Railwright has not finished organizing these environments:/\r\n"},
           {"Environments/Sky.bmp", "sky"}});

@@ -23,8 +23,8 @@ protected:
     TrackAssociation() { PrepareFileAssociation("D:\\Spa\u00DF\\NoLimits"); }
     ~TrackAssociation() override { PrepareFileAssociation(""); }
 
-    /// What is set with that default verb and icon, without some of the verbs. By themselves these are the
-    /// design-time choices of the panel.
+    /// The entries for a default verb and icon, without some of the verbs. The defaults are the initial
+    /// choices of the panel.
     static Entries With(const char* verb = "Ride", const std::string& icon = RideIcon,
                         const std::vector<std::string>& without = {}) {
         const std::string shell = Class + "\\Shell", file = " \"%1\"";
@@ -39,7 +39,7 @@ protected:
                 entries.insert({{shell + name, caption}, {shell + name + "\\Command", Folder + command}});
         return entries;
     }
-    /// What of all that is in the registry.
+    /// Those of these entries that are in the registry.
     static Entries Registered() {
         Entries found;
         for (const auto& [key, value] : With())
@@ -73,7 +73,7 @@ TEST_F(TrackAssociation, FollowsEachOption) {
         {0, 7, "E:\\caf\u00E9\\\u4E00.ico", "Ride", "E:\\caf\xE9\\?.ico,0"},
         {0, 7, "", "Ride", ",0"},
         {0, 0, "E:\\a.ico", "Ride", RideIcon},
-        {3, 8, "E:\\a.ico", "Ride", RideIcon}, // no choices of the panel: all stays
+        {3, 8, "E:\\a.ico", "Ride", RideIcon}, // not available in the panel: no change
         {-1, -1, "E:\\a.ico", "Ride", RideIcon}};
     for (const auto& [doubleClick, icon, iconFile, verb, expected] : cases) {
         SetAll(doubleClick, icon, iconFile);
@@ -83,14 +83,14 @@ TEST_F(TrackAssociation, FollowsEachOption) {
 
 TEST_F(TrackAssociation, RemovesTheVerbsThatAreCleared) {
     SetAll();
-    for (int press = 0; press < 2; ++press) { // the second time there is nothing to remove
+    for (int press = 0; press < 2; ++press) { // the second time the verbs are already gone
         SetTrackAssociation({.iDoubleClick = 1, .bRide = false, .bTerraform = false});
         EXPECT_EQ(Registered(), With("Edit", RideIcon, {"\\Ride", "\\Tera"}));
     }
     SetTrackAssociation({.iDoubleClick = 2, .bEdit = false, .bTool = false});
     EXPECT_EQ(Registered(), With("Tera", RideIcon, {"\\Edit", "\\Tool"}));
 
-    // One that was set by hand, with another caption and only half of it.
+    // A verb that was set by hand: another caption, and no command.
     RegistryInput byHand = "Look inside";
     WriteRegistryValue(HKEY_CLASSES_ROOT, Class + "\\SHELL\\edit", REG_SZ, "", byHand);
     SetTrackAssociation({.iDoubleClick = 2, .bEdit = false});

@@ -9,13 +9,13 @@
 
 namespace railwright::testing {
 
-/// Runs on the file and, where the program runs on Windows, on the registry itself.
+/// Tests the registry file, or on Windows the real registry.
 class WinRegistry : public ::testing::Test {
 protected:
     static constexpr const char* Key = "Software\\NoLimits Coasters";
     TestRegistry own;
 
-    /// @return what reading leaves in a text that was "before"; "failed" in front if there was no value.
+    /// @return a text that was "before", after reading. "failed, " precedes it if there was no value.
     static std::string Read(const std::string& name, const std::string& key = Key) {
         text result = "before";
         const bool found = ReadRegistryValue(HKEY_CURRENT_USER, key, name, result);
@@ -37,7 +37,7 @@ TEST_F(WinRegistry, ReadsWhatTheRegistryHolds) {
         {REG_SZ, "Spa\xDF \x80", "Spa\xDF \x80"},
         {REG_SZ, "a\r\nb \"c\"", "a\r\nb \"c\""},
         {REG_SZ, text1023 + '\0', text1023},
-        {REG_SZ, text1023 + 'b', "failed, before"}, // with its NUL one byte too long
+        {REG_SZ, text1023 + 'b', "failed, before"}, // one byte too long with its NUL
         {REG_BINARY, std::string(1024, 'b'), "before"},
         {REG_BINARY, std::string(1025, 'b'), "failed, before"},
         {REG_DWORD, std::string("\x1E\x0A\x00\x90", 4), "&hbefore90000A1E"},
@@ -68,7 +68,7 @@ TEST_F(WinRegistry, WritesEachTypeAndMakesTheKey) {
     for (const auto& [name, read] : expected)
         EXPECT_EQ(Read(name), read) << name;
 
-    // A text is stored with its NUL, bytes are stored as they are.
+    // A text is stored with a NUL, bytes are stored unchanged.
     for (const auto& [name, size] : {std::pair("t", 5U), std::pair("b", 3U), std::pair("d", 4U)})
         EXPECT_EQ(registry::Read(HKEY_CURRENT_USER, Key, name).value().Data.size(), size) << name;
 

@@ -1,4 +1,4 @@
-// Sets the association of track files once, for the checks with the system's own registry tools.
+// Sets the association of track files once, for the test with Windows' registry tools.
 
 #include "install/mTool_TrackAssociation.h"
 #include "platform/CommandLine.h"
