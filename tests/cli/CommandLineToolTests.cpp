@@ -30,7 +30,7 @@ static Json Dump(const std::string& file) {
     return Json::parse(Call({"dump", file}).Out);
 }
 
-/// What `characters` consists of, between the characters `end`.
+/// Splits `characters` at each `end`.
 static std::vector<std::string> Split(const std::string& characters, char end) {
     std::vector<std::string> pieces;
     std::istringstream stream(characters);
@@ -46,7 +46,7 @@ protected:
     const std::string element = Example("loop.nlelem");
     const std::string output = folder.File("out.nltrack");
 
-    /// Reads, reports, prints, draws and writes a file once more; it has to come out the same.
+    /// Runs every command on a file. Writing it again must not change it.
     void ExpectSound(const std::string& file) {
         const bool isElement = file.ends_with(".nlelem");
         for (const char* command : {"check", "dump", "polyline", "report"})
@@ -55,7 +55,8 @@ protected:
         EXPECT_EQ(Call({"apply", file, "-o", file}).Status, 0);
         EXPECT_EQ(ReadBytes(file), bytes);
     }
-    /// Saves Track as it is. @return the file.
+    /// Saves Track.
+    /// @return the path.
     std::string Saved() {
         EXPECT_TRUE(SaveTrackFile(folder.Inside("saved.nltrack")));
         return folder.File("saved.nltrack");
@@ -72,7 +73,7 @@ TEST_F(CommandLine, HelpShowsExamplesThatWork) {
         const std::size_t example = help.find(begin + command + ' ');
         ASSERT_NE(example, std::string::npos) << help;
         const std::string line = Split(help.substr(example + begin.size()), '\n').front();
-        // What stands behind ">" is the shell's.
+        // The part from ">" on is for the shell.
         const Outcome outcome = Call(Split(line.substr(0, line.find(" >")), ' '));
         EXPECT_TRUE(outcome.Status == 0 && outcome.Errors.empty()) << line << '\n' << outcome.Errors;
     }
@@ -87,7 +88,7 @@ TEST_F(CommandLine, TellsWhatIsNoCommandAndInOneLineWhatIsWrongWithAFile) {
         const Outcome outcome = Call(Split(words, ' '));
         EXPECT_TRUE(outcome.Status == 2 && outcome.Out.empty() && !outcome.Errors.empty()) << words;
     }
-    for (const char* command : {"apply", "preview"}) // an empty name is no name
+    for (const char* command : {"apply", "preview"}) // an empty file name
         EXPECT_EQ(Call({command, track, "-o", ""}).Status, 2);
     EXPECT_EQ(Call({"report", track, "--decimal", ""}).Status, 2); // 10.9 would read 109
     const std::string gone = folder.File("gone.nltrack"), broken = folder.File("broken.nltrack"),
@@ -119,7 +120,7 @@ TEST_F(CommandLine, TellsWhatIsNoCommandAndInOneLineWhatIsWrongWithAFile) {
         EXPECT_EQ(Split(outcome.Errors, '\n').size(), 1U);
     }
     EXPECT_EQ(folder.Names(), (Names{"broken.nltrack", "file", "taken.nltrack"}));
-    const Outcome mixed = Call({"report", gone, track}); // it goes on behind a failure
+    const Outcome mixed = Call({"report", gone, track}); // continues after a failure
     EXPECT_TRUE(mixed.Status == 1 && mixed.Out.starts_with("File Name...: harbor-comet\n"));
     const Outcome checked = Call({"check", track, broken, gone, "[a,b]"});
     EXPECT_EQ(checked.Out, track + ": ok\n" + broken + ": NLIM: the file ends too early at byte 6\n" + gone +
@@ -144,7 +145,7 @@ TEST_F(CommandLine, SuggestsTheNameThatIsNearestToWhatWasTyped) {
         {track, "ROTAT", "a track, did you mean 'rotate'?"},
         {track, "backward=1", "a track, did you mean 'backwards'?"},
         {track, "fly", "a track"},
-        {track, "revrse", "a track"}, // that is one for an element
+        {track, "revrse", "a track"}, // a step for elements
         {element, "revrse", "an element, did you mean 'reverse'?"},
         {element, "rotatey=9", "an element, did you mean 'rotate-y'?"}};
     for (const auto& [file, step, expected] : steps)
@@ -181,7 +182,7 @@ TEST_F(CommandLine, WritesNothingIfAStepDoesNotFit) {
          "rename=x,abcde rename=1,abcd\u4E00 [a,b] rename=,abcde rename=1, rename=99999999999,abcde "
          "rename=1,abcd,this-only reverse  "
          "rotate-x=90"},
-        {"switchback-spur.nltrack", "shuttle", "shuttle"}, // the second one finds a closed circuit
+        {"switchback-spur.nltrack", "shuttle", "shuttle"}, // the first step closes the circuit
         {"loop.nlelem", "reverse",
          "move=1,2,3 rotate=90 rotate-y rotate-w=3 rotate-x=90,track-only rotate-z= reverse=1"}};
     for (const auto& [sample, good, steps] : cases) {
@@ -196,7 +197,7 @@ TEST_F(CommandLine, WritesNothingIfAStepDoesNotFit) {
         }
     }
     EXPECT_EQ(folder.Names().size(), 3U);
-    Track.TrackInfo.AuthorComments = "kept"; // because all steps are looked at before the first is run
+    Track.TrackInfo.AuthorComments = "kept"; // all steps are checked before the first one runs
     EXPECT_FALSE(ApplyTrackSteps(Split("remove=comments fly", ' '), {}).Done);
     EXPECT_EQ(Track.TrackInfo.AuthorComments, "kept");
     for (const std::int32_t nodes : {501, 502}) {
@@ -239,7 +240,7 @@ TEST_F(CommandLine, KeepsEverySampleSoundBehindEveryTool) {
         if (to != '9')
             list.resize(static_cast<std::size_t>(count = to - '0') + 1);
     };
-    // Other numbers of segments, nodes, nodes with supports and trains than there are, which may disagree.
+    // Numbers of segments, nodes, nodes with supports and trains that may contradict each other.
     for (const char* counts : {"9999", "0999", "1999", "l999", "9099", "9199", "9299", "9919", "9990"})
         for (const char* sample : {"harbor-comet.nltrack", "switchback-spur.nltrack", "timber-fox.nltrack"}) {
             SCOPED_TRACE(std::string(sample) + ' ' + counts);
@@ -254,7 +255,8 @@ TEST_F(CommandLine, KeepsEverySampleSoundBehindEveryTool) {
 }
 
 TEST_F(CommandLine, RenamesObjectsByTheirNumberAndThoseOfTheSameName) {
-    // E with acute in both cases, and the division sign, whose byte is 0x20 above the multiplication sign.
+    // E with acute in both cases, and the division sign, whose byte is 0x20 above that of the multiplication
+    // sign.
     for (const char* name : {"\xC9.3ds", "\xE9.3DS", "e.3ds", "\xD7.3ds", "\xF7.3ds"})
         Track.SceneryObjects.Items.emplace_back().FileName = name;
     Track.SceneryObjects.Count = 5;
@@ -270,7 +272,7 @@ TEST_F(CommandLine, RenamesObjectsByTheirNumberAndThoseOfTheSameName) {
             flags += object["FileName"] == "a,b,\u00E9?" ? '1' : '0';
         EXPECT_EQ(flags, renamed) << step;
     }
-    EXPECT_EQ(Call({"apply", saved, "rename=5,abcde", "-o", output}).Status, 0); // the shortest of names
+    EXPECT_EQ(Call({"apply", saved, "rename=5,abcde", "-o", output}).Status, 0); // the shortest allowed name
     EXPECT_EQ(Call({"apply", saved, "rename=6,abcde", "-o", output}).Status, 1);
 }
 
@@ -288,7 +290,7 @@ TEST_F(CommandLine, ReportsPrintsDrawsAndDumps) {
     EXPECT_TRUE(lines.starts_with("x,y,z,node\n0.1,2.5,0,0\n")) << lines;
     EXPECT_TRUE(lines.ends_with(",1\n0.1,2.5,0,\n")); // the closing copy belongs to no node
     EXPECT_TRUE(Call({"polyline", element}).Out.starts_with("x,y,z\n0,0,0\n"));
-    EXPECT_EQ(Call({"preview", element, "-o", folder.File("a/b")}).Status, 0); // a new folder
+    EXPECT_EQ(Call({"preview", element, "-o", folder.File("a/b")}).Status, 0); // creates the folder
     const auto plan = ReadBytes(folder.File("a/b/plan.svg")), side = ReadBytes(folder.File("a/b/side.svg"));
     const std::string drawing(plan.begin(), plan.end());
     EXPECT_NE(drawing.find(
@@ -310,14 +312,14 @@ TEST_F(CommandLine, ReportsPrintsDrawsAndDumps) {
     EXPECT_EQ(document["BezierCurve"]["Nodes"], Json::parse(R"([{"Position": [1, 2.5, -3], "Roll": 0.5,
         "ControlIn": ["nan", 0, 0], "ControlOut": ["inf", "-inf", 0],
         "FlagA": true, "FlagB": false, "FlagC": true}])"));
-    const Json& lift = document["SegmentList"]["Segments"].at(0); // it has all fields, whatever the kind
+    const Json& lift = document["SegmentList"]["Segments"].at(0); // all fields, whatever the kind
     EXPECT_TRUE(lift["LiftValue1"] == 8 && lift["Color"][1] == 0x123456 && lift["BrakeFlag5"] == false);
     EXPECT_EQ(document["TrackInfo"]["AuthorComments"], "\u00E9\u20AC\"\n\x7F\u009D");
     EXPECT_NE(Call({"dump", Saved()}).Out.find("\u00E9\u20AC\\\"\\n\\u007f\\u009d"), std::string::npos);
     EXPECT_EQ(document["PreFabSupports"]["Nodes"].at(1)["Supports"].at(1)["SupportType"], 4);
     EXPECT_EQ(document["Terrain"]["Heights"], (Json{{0, 10, 20}, {1, 11, 21}}));
     Track.Terrain.GridSizeZ = 0, Track.Terrain.Heights = {};
-    EXPECT_EQ(Dump(Saved())["Terrain"]["Heights"], Json::array()); // no columns of nothing
+    EXPECT_EQ(Dump(Saved())["Terrain"]["Heights"], Json::array()); // a grid without points has no columns
     EXPECT_EQ(Dump(element)["Nodes"].size(), Element.Nodes.size());
 }
 

@@ -1,5 +1,5 @@
-// Runs each line of standard input as the arguments of railwright-cli, all in one process, and prints the
-// line, what the command says, and its status.
+// Runs each line of standard input as the arguments of railwright-cli, all in one process. Prints the line,
+// the command's output and its status.
 
 #include "cli/CommandLineTool.h"
 #include "platform/CommandLine.h"
