@@ -27,7 +27,7 @@
 namespace railwright::testing {
 namespace {
 
-/// What a user sets and clicks, and the procedure that does the same to a document that has such things.
+/// Controls to set and click, and the procedure that makes the same change.
 struct ToolCase {
     const char* Steps;
     std::function<void()> Procedure;
@@ -70,7 +70,7 @@ const ToolCase ToolCases[] = {
     {"hsERotate=370 btnERotate(2)", [] { RotateElement(2, 10); }, "banked-turn.nlelem"},
 };
 
-/// Opens the track with other objects, as its file names them.
+/// Opens the track with objects of these names.
 bool OpenWithObjects(const Program& program, const std::vector<text>& names) {
     LoadTrackFile(FilePath::FromUser(Comet));
     Track.SceneryObjects.Count = static_cast<std::int32_t>(names.size());
@@ -81,12 +81,12 @@ bool OpenWithObjects(const Program& program, const std::vector<text>& names) {
     return Open(program.Path("objects.nltrack"));
 }
 
-/// The brightest part of a pixel's colour.
+/// Value of a pixel's colour in HSV.
 int Brightness(const QImage& picture, int x, int y) {
     return picture.pixelColor(x, y).value();
 }
 
-/// The box around all pixels that are brighter than the ground.
+/// Bounding box of the pixels that are brighter than the ground.
 QRect CurveIn(const QImage& picture) {
     QRect box;
     for (int y = 0; y < picture.height(); ++y)
@@ -103,7 +103,7 @@ void WindowTests::ChangesTheDocument() {
         const std::string file = Example(name);
         const bool ofElements = file.ends_with(".nlelem");
         Program program(file);
-        // The document as its file has it, and what the window shows of it.
+        // The saved document, and the state of the window.
         const auto state = [&] {
             const std::string stored = program.Path(ofElements ? "stored.nlelem" : "stored.nltrack");
             (ofElements ? SaveElementFile : SaveTrackFile)(FilePath::FromUser(stored));
@@ -121,7 +121,7 @@ void WindowTests::ChangesTheDocument() {
         QVERIFY2(bDocumentChanged, steps);
         QCOMPARE(program.Title(), QString("Railwright: %1*").arg(name));
         const auto changed = state();
-        // The same by hand: what the window shows must be what a refresh of that document shows.
+        // The procedure and a refresh must result in the same window.
         (ofElements ? LoadElementFile : LoadTrackFile)(FilePath::FromUser(file));
         procedure();
         (ofElements ? RefreshElementTools : RefreshTrackTools)();
@@ -161,7 +161,7 @@ void WindowTests::FollowsTheTrack() {
         QCOMPARE(program.Marks("chkRemove", 13), QString(marks));
     }
     QVERIFY(!bDocumentChanged);
-    // Nothing ticked is a change all the same; the ticks outlive the document.
+    // Removing nothing counts as a change. The ticks survive opening another document.
     program.Click("btnRemove(2)");
     QVERIFY(bDocumentChanged);
     program.Click("chkRemove(4)");
@@ -183,7 +183,7 @@ void WindowTests::FollowsTheTrack() {
     QVERIFY(Open(Comet));
     program.Choose("mnuTSmoother");
     QCOMPARE(line.text(), QString());
-    // The report follows while it is seen.
+    // The visible report follows changes.
     program.Choose("mnuTOverview");
     auto& report = program.Find<QPlainTextEdit>("txtOverview");
     for (const auto& [tool, tunnels] : {std::pair("btnTTunnel(1)", 1), {"btnTTunnel(2)", 0}}) {
@@ -202,7 +202,7 @@ void WindowTests::RenamesObjects() {
     auto& list = program.Find<QComboBox>("cmbTDSRenamer");
     auto& field = program.Find<QLineEdit>("txtTDSRenamer");
     const auto& label = program.Find<QLabel>("lblTDSRenamer");
-    // The second name is "café.3ds" in another case of letters than the first.
+    // The first two names differ only in case.
     const std::vector<text> some = {"CAF\xC9.3ds", "caf\xE9.3DS", "tree.3ds"};
     for (const auto& names : {std::vector<text>(), some}) {
         QVERIFY(OpenWithObjects(program, names));
@@ -213,7 +213,7 @@ void WindowTests::RenamesObjects() {
     QCOMPARE(list.itemText(0) + label.text(), QString("Object 01CAFÉ.3ds"));
     QTest::keyClick(&list, Qt::Key_Down);
     QCOMPARE(field.text(), QString("café.3DS"));
-    // Four characters are too few, and a file cannot store the others, by the button and by Enter.
+    // Both the button and Enter refuse four characters, and characters that a file cannot store.
     for (const char* const refused : {"ABÉD", "日本語.3ds"}) {
         field.setText(refused);
         program.Click("btnTDSRenamer");
@@ -270,7 +270,7 @@ void WindowTests::ChoosesTheFileAssociation() {
     program.Choose("mnuNLFileAssoc");
     for (const char* const box : {"chkNLAssocRtClk(0)", "chkNLAssocRtClk(2)", "chkNLAssocRtClk(3)"})
         program.Click(box);
-    select("optNLAssocDblClk", 0); // gets its tick back, the other two are taken away
+    select("optNLAssocDblClk", 0); // is ticked again; the other two are cleared
     program.Click("chkNLAssocRtClk(2)");
     program.Click("btnNLAssoc");
     QCOMPARE(program.Marks("chkNLAssocRtClk", 4), QString("xX--"));
@@ -284,7 +284,7 @@ void WindowTests::ChoosesTheFileAssociation() {
     QCOMPARE(registered("Shell\\Edit"), std::string("Edit"));
     QCOMPARE(registered("Shell\\Tera") + registered("Shell\\Tool"), std::string("nonenone"));
 #ifdef Q_OS_WIN
-    const std::string drive; // is part of the path
+    const std::string drive; // already in the path
 #else
     const std::string drive = "Z:";
 #endif
@@ -310,8 +310,8 @@ void WindowTests::OrganizesTheEnvironments() {
         WriteBytes(folder / name, {text.begin(), text.end()});
     program.Choose("mnuNLEnvOrganizer");
     QCOMPARE(shown(), QString("2 of 2, more"));
-    // The colours of the bar a quarter and three quarters along, each time that they change, as the events
-    // during and after the run see it.
+    // Colours of the bar at a quarter and three quarters, at each change that events during and after the run
+    // see.
     QStringList bar;
     const auto look = [&] {
         const QImage drawn = program.Find("pbNLEnvOrganize").grab().toImage();
@@ -325,7 +325,7 @@ void WindowTests::OrganizesTheEnvironments() {
     const std::function<void()> watch = [&] {
         look();
         if (bar.last().startsWith(red))
-            program.Click("btnNLEnvOrganize"); // in the middle of the run: nothing more happens
+            program.Click("btnNLEnvOrganize"); // has no effect during the run
         else
             QTimer::singleShot(0, &program.Window(), watch);
     };
@@ -355,7 +355,7 @@ void WindowTests::FitsThumbnailsToTheCurve() {
             const QPoint offCentre = curve.topLeft() + curve.bottomRight() - QPoint(size - 1, size - 1);
             QVERIFY(offCentre.manhattanLength() <= std::max(4, size / 64));
         }
-        // A small picture is the large one reduced.
+        // A small thumbnail is the large one scaled down.
         const QImage small = thumbnail(128);
         const QImage reduced =
             thumbnail(512).scaled(128, 128, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);

@@ -6,25 +6,25 @@
 
 namespace railwright::testing {
 
-/// The box or dialog that the program waits for, as the user sees it: of the toolkit or of the system.
+/// The modal box or dialog as the user sees it, either of Qt or of the system.
 class ShownBox {
 public:
     virtual ~ShownBox() = default;
-    /// The one in front, null if there is none.
+    /// Returns the one in front, or null.
     static std::unique_ptr<ShownBox> InFront();
 
-    /// @return how often this has been called for it before.
+    /// @return the number of earlier calls for this box.
     virtual int CountLook() = 0;
-    /// The title; for a message box title, text, icon and buttons with "|" between them.
+    /// Returns the title. For a message box, returns title, text, icon and buttons, separated by "|".
     virtual QString Seen() const = 0;
     virtual void Press(const QString& button) = 0;
-    /// Types a name into a file dialog and takes it; an empty name cancels.
-    /// @param before takes what stood in the field, unless it is null.
+    /// Types a name into a file dialog and accepts it. An empty name cancels.
+    /// @param before receives the previous content of the field, unless it is null.
     virtual void Name(const QString& name, QString* before) = 0;
     virtual void GiveUp() = 0;
 };
 
-/// What the question looks like that a file dialog asks before it takes the name of a file that exists.
+/// Returns the expected Seen() of the question whether a file dialog may replace an existing file.
 QString OverwriteQuestion(const QString& title, const QString& name);
 
 } // namespace railwright::testing

@@ -15,7 +15,7 @@ QString TextOf(HWND window) {
     return QString::fromWCharArray(text.data());
 }
 
-/// A dialog of the system's: its file dialogs, and the question that comes up in front of one.
+/// A file dialog of the system, or a question in front of one.
 class ShownSystemDialog final : public ShownBox {
 public:
     explicit ShownSystemDialog(HWND shown) : dialog(shown) {}
@@ -45,7 +45,7 @@ public:
     }
 
     void Name(const QString& name, QString* before) override {
-        HWND field = GetDlgItem(dialog, cmb13); // a list with a field in it, or the field alone
+        HWND field = GetDlgItem(dialog, cmb13); // a combo box with an edit field, or just the field
         field = field == nullptr ? GetDlgItem(dialog, edt1) : field;
         if (before != nullptr)
             *before = TextOf(field);
@@ -71,7 +71,7 @@ private:
     HWND dialog;
 };
 
-/// A dialog with another in front of it is disabled.
+/// Ignores dialogs with another dialog in front, which are disabled.
 BOOL CALLBACK TakeDialogInFront(HWND window, LPARAM found) {
     std::array<wchar_t, 16> name{};
     GetClassNameW(window, name.data(), static_cast<int>(name.size()));

@@ -50,8 +50,8 @@ QString ShownWidget::Seen() const {
     return QStringList{box->windowTitle(), text, icons[box->icon()], buttons.join(',')}.join('|');
 }
 
-// An answer may bring up the next box before it returns, and a timer does not run within itself: it is given
-// soon.
+// An answer may open the next box before it returns, and a timer does not fire within its own handler. So
+// answers are posted.
 
 void ShownWidget::Press(const QString& button) {
     QTimer::singleShot(0, &widget, [&box = widget, button] {
@@ -66,7 +66,7 @@ void ShownWidget::Name(const QString& name, QString* before) {
         auto* const field = dialog.findChild<QLineEdit*>("fileNameEdit");
         if (before != nullptr)
             *before = field->text();
-        // Keys would bring up the list of completions, which takes the next of them.
+        // Typing would open the completion list, which takes the next keys.
         field->setText(name);
         for (auto* const button : dialog.findChild<QDialogButtonBox*>()->buttons())
             if ((PlainCaption(*button) == "Cancel") == name.isEmpty())

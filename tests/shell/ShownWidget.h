@@ -6,11 +6,11 @@
 
 namespace railwright::testing {
 
-/// A modal widget of the toolkit's.
+/// A modal widget of Qt.
 class ShownWidget final : public ShownBox {
 public:
     explicit ShownWidget(QWidget& modal) : widget(modal) {}
-    /// The one in front, null if there is none.
+    /// Returns the one in front, or null.
     static std::unique_ptr<ShownBox> InFront();
     int CountLook() override;
     QString Seen() const override;

@@ -55,7 +55,7 @@ Program::Program(const std::string& commandLine, bool simulator,
     window->Form_Load(commandLine);
     window->show();
     std::filesystem::remove(program / "NoLimitsSimulator.exe");
-    // The last of the panels is built behind the first painting.
+    // The last panel is built after the first painting.
     if (!QTest::qWaitFor([&] { return window->findChild<QWidget*>("btnTDSRenamer") != nullptr; }))
         qFatal("the window does not show");
 }
@@ -69,7 +69,7 @@ Program::~Program() {
 
 void Program::Click(const QString& button) {
     QWidget& control = Find(button);
-    // A check box answers on its mark and its text, not on the empty room beside them.
+    // A check box reacts to clicks on its mark and text, not on the space next to them.
     QTest::mouseClick(&control, Qt::LeftButton, {}, QPoint(6, control.height() / 2));
 }
 

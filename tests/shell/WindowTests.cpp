@@ -17,7 +17,7 @@
 namespace railwright::testing {
 namespace {
 
-/// Every panel: how it is reached, and what it looks like.
+/// Every panel, how to open it, and its appearance.
 constexpr struct PanelCase {
     const char* Label;
     const char* Entry;
@@ -43,7 +43,7 @@ constexpr struct PanelCase {
     {"lblTrackTools(10)", "mnuT3dsRenamer", 15, false, "Track Tool: 3DS Renamer"},
 };
 
-/// The panel in front, its title, previews, and the label with the mark beside it, in one line.
+/// Returns the visible panel, its title, its previews and the marked label, in one line.
 QString Shown(Program& program) {
     QStringList shown;
     for (int tab = 0; tab < 16; ++tab)
@@ -65,7 +65,7 @@ QString Expected(const PanelCase& panel) {
     return QString("%1|%2").arg(panel.Tab).arg(panel.Title) + view + mark;
 }
 
-/// Which of the controls that follow the document are enabled, one letter each.
+/// Returns one letter per control that depends on the document: X if it is enabled.
 QString Enabled(Program& program) {
     QString enabled;
     for (const char* const name :
@@ -87,7 +87,7 @@ QString NothingTo(const QString& what) {
     return "Note|There is no document to " + what + ".|Information|OK";
 }
 
-/// Makes an unsaved change and tells the first node's place on X.
+/// Makes an unsaved change. Returns the first node's X.
 float Change(Program& program) {
     program.Click("btnTMirror(1)");
     return Track.BezierCurve.Nodes[0].Position.X;
@@ -114,19 +114,19 @@ void WindowTests::ReachesEveryPanel() {
 }
 
 void WindowTests::EnablesByTheDocument() {
-    // Menus, entries, a picture; labels: tracks 0 to 8, elements, simulator, tracks 9 and 10.
+    // Menus, entries, a picture; then labels: tracks 0 to 8, elements, simulator, tracks 9 and 10.
     const QString track = "X-XXXXXXXXXXXXXX--XXXX";
     const QString element = "-XXXXXX---------XXXX--";
     Program program;
     QCOMPARE(program.Title(), QString("Railwright"));
     QCOMPARE(Shown(program), Expected(Cases[0]));
-    // Save answers with no document too: the title shows the empty name.
+    // Save answers even without a document. The title then shows the empty name.
     program.Box(NothingTo("save"), "OK");
     program.Click("imgToolBar(1)");
     QCOMPARE(program.Title(), QString("Railwright: "));
     QCOMPARE(Enabled(program), QString("--XX-XX-----------XX--"));
     for (const std::string& file : {Comet, Loop, Comet, Comet, Loop}) {
-        // Unsaved changes go without a question, but not with Escape.
+        // Opening discards unsaved changes without a question, but Escape keeps them.
         program.Choose("mnuTMove");
         if (iDocumentKind == CurrentDocument::None)
             program.Box(NothingTo("change"), "OK");
@@ -140,7 +140,7 @@ void WindowTests::EnablesByTheDocument() {
         QVERIFY(!bDocumentChanged && program.Find("ucFTab(0)").isVisible());
         QCOMPARE(Enabled(program), file == Comet ? track : element);
     }
-    // A label that is disabled does nothing.
+    // A disabled label does nothing.
     program.Click("lblTrackTools(2)");
     QCOMPARE(Shown(program), Expected(Cases[0]));
 }
@@ -157,7 +157,7 @@ void WindowTests::DrawsFrameAndPreviewsSharp() {
         QVERIFY(image.pixel(size.width() - 1, 0) == dark && image.pixel(0, size.height() - 1) == dark);
     }
     QtPictureBox box(&window);
-    // The pen keeps its width over a Cls.
+    // Cls keeps the pen width.
     box.DrawWidth(3);
     box.Cls();
     box.Line(-1e30F, 200, 1e30F, 200, {255, 0, 0});
@@ -182,7 +182,7 @@ void WindowTests::PaintsAsIfNothingWereLeftOut() {
         painter.translate(0.5, 0.5);
         painter.setRenderHint(QPainter::Antialiasing);
         for (int stroke = 0; stroke < 2000; ++stroke) {
-            // Around the picture, where most just miss it or touch its edge, and a few points.
+            // Strokes around the picture, most of which just miss or touch its edge, and a few points.
             const int width = stroke % 7 == 0 ? 3 : 1;
             const float x = place(-size, 2 * size),
                         y = stroke % 2 == 0 ? place(-4, 4) : place(-size, 2 * size);
@@ -201,7 +201,7 @@ void WindowTests::PaintsAsIfNothingWereLeftOut() {
         painter.end();
         QVERIFY2(kept.Drawn(ratio) == whole, qPrintable(QString::number(ratio)));
     }
-    // What lies far away is not even kept, whichever way it lies.
+    // Strokes far outside the picture are not stored.
     PaintedPicture picture;
     for (const auto& [x, y] : {std::pair(1e6F, 0.F), {-1e6F, 0.F}, {0.F, 1e6F}, {0.F, -1e6F}, {1e6F, 1e6F}}) {
         picture.Line(x, y, x + 1, y + 9, {});
@@ -214,7 +214,7 @@ void WindowTests::PaintsAsIfNothingWereLeftOut() {
 }
 
 void WindowTests::ShowsTextsWhole() {
-    // A text with a bar at each end, in places that are too narrow for it.
+    // A text with a bar at each end, in labels that are too narrow.
     for (const int lacking : {0, 2, 8}) {
         QLabel label("|wwwwwwwwww|");
         label.setFont(ControlFont());
@@ -262,7 +262,7 @@ void WindowTests::StartsWithFileAndSimulator() {
     WriteBytes(there, {});
     for (const auto& [answer, chosen] :
          {std::pair("No", std::string()), std::pair("Yes", std::string()), std::pair("Yes", there)}) {
-        // The question comes first, and the file of the command line is opened whatever the answer.
+        // The question comes first. The file of the command line is opened whatever the answer.
         Program program(Comet, false, [&, reply = QString(answer), name = chosen](Program& asked) {
             asked.Box(question, reply);
             if (reply == "Yes")
@@ -278,7 +278,7 @@ void WindowTests::StartsWithFileAndSimulator() {
             QCOMPARE(program.IsEnabled(name), !chosen.empty());
     }
 #ifdef Q_OS_WIN
-    const QString mark = "[.]"; // no name has an asterisk or a quote there
+    const QString mark = "[.]"; // Windows forbids asterisks and quotes in names
 #else
     const QString mark = "[*]\"";
 #endif
@@ -286,16 +286,16 @@ void WindowTests::StartsWithFileAndSimulator() {
     const std::string file = simulator.File(words.toStdString() + ".NLTrack");
     WriteBytes(file, ReadBytes(Comet));
     Program program(file);
-    // The toolkit shows a doubled mark as one.
+    // Qt shows a doubled mark as one.
     QCOMPARE(program.Title(), "Railwright: " + QString(words).replace("[*]", "[*][*]") + ".NLTrack");
-    // Also the panels that were not there yet when it was opened show it.
+    // Panels built later show the file, too.
     QVERIFY(!program.IsEnabled("btnTShuttle") && Track.SceneryObjects.Count > 0);
     QCOMPARE(program.Find<QComboBox>("cmbTDSRenamer").count(), Track.SceneryObjects.Count);
     QVERIFY(program.Report().startsWith("File Name...: " + words + '\n') && !bDocumentChanged);
     QVERIFY(sNoLimitsPath ==
             FilePath::FromUser(QCoreApplication::applicationDirPath().toStdString()).AsFolder());
 
-    // Where the simulator was installed is taken as it stands, and counts even if it is empty.
+    // The registered folder is used unchecked, even if it is empty.
     const char* const key = "Software\\NoLimits Coasters";
     for (const auto& [registered, path] :
          {std::pair("D:\\Spa\xDF", "D:\\Spa\u00DF\\"), std::pair("", "\\")}) {
@@ -307,7 +307,7 @@ void WindowTests::StartsWithFileAndSimulator() {
     }
     QVERIFY(DeleteRegistryKey(HKEY_CURRENT_USER, key));
 #ifndef Q_OS_WIN
-    // Off Windows it is in Wine's registry, on one of Wine's drives.
+    // On other systems, the folder is in Wine's registry and on a drive of Wine.
     const TemporaryFolder prefix;
     std::filesystem::create_directories(prefix.File("drive_c/Spiele/NoLimits \u00DF"));
     std::filesystem::create_directory(prefix.File("dosdevices"));
@@ -355,13 +355,13 @@ void WindowTests::FailsToOpen() {
         QVERIFY2(!Open(program.Path(name)), name.c_str());
         QCOMPARE(program.Title(), QString("Railwright: switchback-spur.nltrack*"));
         QVERIFY(program.Find("ucFTab(6)").isVisible() && program.Find("lblTrackTools(0)").isEnabled());
-        // Nothing works on what is left: no tool changes it, and it is not saved over anything.
+        // No tool changes the remaining document, and it cannot be saved.
         const QString report = program.Report();
         const std::int32_t nodes = Track.BezierCurve.NodeCount;
         for (const char* const button : {"btnTMove(0)", "btnTScale", "btnTRotate", "btnTMirror(0)",
                                          "btnTTunnel(0)", "btnTShuttle", "btnRemove(2)", "btnTBackwards",
                                          "btnTSmoother", "btnTDSRenamer", "btnEReverse", "btnERotate(0)"}) {
-            if (program.IsEnabled(button)) // the track has no objects to rename
+            if (program.IsEnabled(button)) // disabled for a track without objects
                 program.Box(NothingTo("change"), "OK");
             program.Click(button);
         }
@@ -375,7 +375,7 @@ void WindowTests::FailsToOpen() {
 
 void WindowTests::Saves() {
     Program program(Comet);
-    // A folder of the very name that the writer would use stands in its way.
+    // A folder already has the name that the writer would use.
     std::filesystem::create_directory(program.Path("taken.dat.nltrack"));
     const float x = Change(program);
     QString offered;
@@ -393,9 +393,9 @@ void WindowTests::Saves() {
     QVERIFY(!bDocumentChanged && program.Title() == "Railwright: saved.nltrack");
     QVERIFY(Open(program.Path("saved.nltrack")));
     QCOMPARE(Track.BezierCurve.Nodes[0].Position.X, x);
-    // The name of a file that exists is asked about. Another extension is left alone by the dialog, and the
-    // writer adds its own behind it. From then on the name tells no format: if the user does not go on with
-    // the name that was written, nothing is written.
+    // The dialog asks before it replaces a file. It accepts another extension, and the writer appends its
+    // own. Then the name says nothing about the format: nothing is written unless the user confirms the
+    // written name.
     program.File(SaveTrackTitle, program.Path("saved.nltrack"))
         .Box(OverwriteQuestion(SaveTrackTitle, "saved.nltrack"), "Yes")
         .File(SaveTrackTitle, program.Path("other.dat"))
@@ -422,7 +422,7 @@ void WindowTests::Saves() {
         QCOMPARE(Track.BezierCurve.Nodes[0].Position.X, place);
     }
     QVERIFY(Open(Loop));
-    // No code page has all letters of this name.
+    // No code page contains all letters of this name.
     const std::string turned = "turned  \u6771\u4EAC \u0416";
     program.File("Save NoLimits Element File...", program.Path(turned))
         .File("Open NoLimits File...", program.Path(turned + ".nlelem"));
@@ -440,7 +440,7 @@ void WindowTests::KeepsTheOldFileOfASaveThatFails() {
     const std::string file = program.Path("a.nlelem");
     const Bytes old = ReadBytes(Loop);
     WriteBytes(file, old);
-    // Look, follow links, open, a write of each 100 bytes, cut off, flush and exchange.
+    // Check, follow links, open, a write per 100 bytes, truncate, flush, exchange.
     const auto calls = 6 + static_cast<int>(old.size() + 99) / 100;
     const QString title = "Save NoLimits Element File...";
     for (int failing = 1; failing <= calls + 1; ++failing) {
@@ -449,7 +449,8 @@ void WindowTests::KeepsTheOldFileOfASaveThatFails() {
         program.Box(OverwriteQuestion(title, "a.nlelem"), "Yes");
         FailingFiles files;
         files.FailAt = failing;
-        // The full disk and the broken one by turns; without a right the old file would be overwritten.
+        // Alternates between a full and a broken disk. After a denied permission, the save would overwrite
+        // the old file.
         files.Cause = failing % 2 == 0 ? std::errc::no_space_on_device : std::errc::io_error;
         const QString cannot = failing == 1 ? "cannot be checked: " : "cannot be written: ";
         const QString why = QString::fromStdString(std::make_error_code(files.Cause).message());
@@ -469,7 +470,7 @@ void WindowTests::TellsToWaitAndGetsOverLackOfMemory() {
     program.Box("Error|There is not enough memory for this document!|Warning|OK", "OK");
     ApplyTrackTool([] { throw std::bad_alloc(); });
     QVERIFY(QGuiApplication::overrideCursor() == nullptr && bDocumentChanged);
-    // The panels still show what was there before.
+    // The panels still show the state before the tool.
     program.Find<QLineEdit>("txtTDSRenamer").setText("other.3ds");
     Track.SceneryObjects = {};
     program.Click("btnTDSRenamer");
@@ -477,7 +478,7 @@ void WindowTests::TellsToWaitAndGetsOverLackOfMemory() {
 }
 
 void WindowTests::PassesNamesThroughTheDialogs() {
-    // A name that has no room is not offered; the dialog comes all the same.
+    // A name that is too long is not offered, but the dialog appears.
     Program program;
     FileDialog dialog = {.sFileName = std::string(260, 'n'),
                          .sFileTitle = "title",
@@ -495,7 +496,7 @@ void WindowTests::PassesNamesThroughTheDialogs() {
 }
 
 void WindowTests::TellsOfNamesThatAreTooLong() {
-    // 259 characters pass the dialogs; one more is told, and the question comes again.
+    // The dialogs accept 259 characters. For one more they report an error and ask again.
     Program program(Comet);
     const std::string folder = program.Path("");
     const std::string most(259 - folder.size() - std::string(".nltrack").size(), 'n');
@@ -532,7 +533,7 @@ void WindowTests::OpensAFileThatIsDropped() {
     const auto drop = [&](const QList<QUrl>& addresses) {
         QMimeData data;
         data.setUrls(addresses);
-        // The source offers to move the file, and would delete its own.
+        // The source offers a move, which would delete its file.
         QDragEnterEvent enter({100, 100}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
         enter.setDropAction(Qt::MoveAction);
         QApplication::sendEvent(&program.Window(), &enter);
@@ -550,7 +551,7 @@ void WindowTests::OpensAFileThatIsDropped() {
     QCOMPARE(program.Title(), QString("Railwright: loop.nlelem"));
     QVERIFY(drop({comet}));
     QCOMPARE(program.Title(), QString("Railwright: harbor-comet.nltrack"));
-    // Changes are kept on Cancel and if no name is chosen.
+    // Cancel keeps the changes, and so does a missing name.
     for (const QString answer : {"Cancel", "Yes", "No"}) {
         bDocumentChanged = false;
         Change(program);

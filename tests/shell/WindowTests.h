@@ -21,21 +21,22 @@
 
 namespace railwright::testing {
 
-/// A fresh program in its start state: no document, the simulator's folder found, the window shown. It
-/// answers the message boxes and file dialogs that come up, in the order in which it was told of them; one
-/// that was not foretold, shows something else or does not come fails the test.
+/// A new program in its initial state: no document, the simulator's folder found, the window visible. Answers
+/// the expected message boxes and file dialogs in order. A missing, unexpected or different one fails the
+/// test.
 class Program {
 public:
-    /// @param simulator whether the simulator lies beside the program. `foretell` is run before the start.
+    /// @param simulator whether the program is in the simulator's folder.
+    /// @param foretell runs before the start.
     explicit Program(const std::string& commandLine = "", bool simulator = true,
                      const std::function<void(Program&)>& foretell = {});
     ~Program();
-    /// A message box with that title, text, icon and buttons is to come, and what to press.
+    /// Expects a message box with this title, text, icon and buttons, and presses a button.
     Program& Box(const QString& shown, const QString& button);
-    /// A file dialog in which a name is typed and taken; an empty name cancels.
+    /// Expects a file dialog, types a name and accepts it. An empty name cancels.
     Program& File(const QString& title, const std::string& name, QString* fieldBefore = nullptr);
     frmMain& Window() { return *window; }
-    /// A control by its name; a missing one ends the test program.
+    /// Returns a control by name. Aborts if it is missing.
     template <class Control = QWidget>
     Control& Find(const QString& name) {
         if (auto* const control = window->findChild<Control*>(name))
@@ -46,11 +47,11 @@ public:
     bool IsEnabled(const QString& name) { return Find<QObject>(name).property("enabled").toBool(); }
     void Choose(const QString& entry) { Find<QAction>(entry).trigger(); }
     QString Title() const { return window->windowTitle(); }
-    /// What the overview shows when it is brought to the front, behind which the panel of before comes back.
+    /// Returns the text of the Overview panel, then shows the previous panel again.
     QString Report();
-    /// The check boxes of an array: X ticked, - not; x and . where they are disabled.
+    /// Returns the state of an array of check boxes: X ticked, - not; x and . if disabled.
     QString Marks(const char* name, int count);
-    /// Path of a file in this program's own folder, as a user would type it.
+    /// Returns the path of a file in the test's folder, as a user would type it.
     std::string Path(const std::string& name) const { return folder.File(name); }
     std::vector<std::string> Names() const { return folder.Names(); }
 
@@ -64,7 +65,7 @@ private:
     std::unique_ptr<frmMain> window;
 };
 
-/// Opens a file by its name as a user would type it.
+/// Opens a file. The path is as a user would type it.
 inline bool Open(const std::string& file) {
     return OpenNoLimitsFile(FilePath::FromUser(file));
 }

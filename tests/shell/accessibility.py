@@ -1,4 +1,4 @@
-"""Walks the window through the desktop's accessibility service, and works all of it with keys."""
+"""Uses every panel of the window with keys, and reads it through the desktop's accessibility service."""
 
 import filecmp
 import os
@@ -10,8 +10,8 @@ import pyatspi
 
 TOOL, EXAMPLES, WORK = sys.argv[1:]
 
-# Each panel: the label that shows it, the controls to go to with the keys that work them, in the order of the Tab key,
-# and the step of the command line that does the same.
+# Each panel: its label, the controls to focus and the keys to press there, in tab order, and the equivalent step of
+# the command line.
 TRACK_PANELS = [
     ("Overview", [], None),
     ("Remove Data", [("Trees", "space"), ("Remove Selected Data", "space")], "remove=trees"),

@@ -1,5 +1,5 @@
 # shellcheck shell=bash
-# What the end-to-end tests share: they work on the window as a user does, by mouse and keys.
+# Functions of the end-to-end tests, which use the window like a user, with mouse and keys.
 fail() {
     echo "$*" >&2
     exit 1
@@ -13,18 +13,18 @@ wait_for() {
 }
 find_window() { xdotool search --onlyvisible --name "$1" | head -n 1 | grep .; }
 has_keyboard() { xdotool getwindowfocus getwindowname | grep -q "$1"; }
-# Places are told as the layout has them, below the menu bar.
+# Coordinates are those of the layout, below the menu bar.
 click() { xdotool mousemove --window "$window" "$1" $((menu + $2)) click 1; }
 
-# Waits for a window with that title, and works on it from then on.
+# Waits for a window with that title. Later clicks go to this window.
 await_window() {
     wait_for find_window "$1"
     window=$(find_window "$1")
     menu=$(($(xdotool getwindowgeometry --shell "$window" | sed -n 's/^HEIGHT=//p') - 445))
 }
-# Mirrors and moves the track, and asks for the dialog to save it.
+# Mirrors and moves the track, then opens the save dialog.
 work_on_track() {
-    # By keys alone: down the list of tools to Mirror, and on to its first button.
+    # With keys only: down the list of tools to Mirror, and to its first button.
     xdotool key --repeat 7 Tab key Return key --repeat 8 Tab key space
     wait_for find_window '^Railwright: harbor-comet.nltrack[*]$'
     click 40 82   # the tool Move
@@ -38,7 +38,7 @@ type_name() {
     xdotool key Return
     wait_for find_window '^Railwright: changed.nltrack$'
 }
-# expect_changed CLI ORIGINAL CHANGED: the command line makes the same file by the same steps.
+# expect_changed CLI ORIGINAL CHANGED: the command line creates the same file with the same steps.
 expect_changed() {
     local expected=${3%.nltrack}-expected.nltrack
     "$1" apply "$2" mirror=north-south move=0,0,-5 -o "$expected" >/dev/null

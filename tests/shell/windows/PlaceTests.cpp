@@ -13,7 +13,7 @@ void WindowTests::OpensFromSharesAndDeepFolders() {
         deep += "\\" + std::string(60, 'd');
     QVERIFY(CreateFolders(own.Inside(deep)));
     const FilePath inDeepFolder = own.Inside(deep + "\\a.nltrack");
-    // The dialogs of the emulator know no shares, so the file comes as from a double click.
+    // Wine's dialogs do not support shares, so the file is opened as by a double-click.
     const FilePath onShare = FilePath::FromUser("//server/share/railwright-window.nltrack");
     for (const FilePath& file : {inDeepFolder, onShare}) {
         QVERIFY(WriteWholeFile(file, ReadBytes(Comet)));
