@@ -10,7 +10,7 @@ TEST(FileName, EndsInAnExtensionAndLosesOne) {
     for (const char* name : {"", "nltrack", "a.nltrac", "a.nltrack ", "a.nltrack\\b", "a.nlelem"})
         EXPECT_FALSE(HasExtension(name, TrackExtension)) << name;
     EXPECT_EQ(WithoutEvery("a.3DS.3ds", ".3ds"), "a");
-    EXPECT_EQ(WithoutEvery("a.3.3dsds.3d", ".3ds"), "a.3ds.3d"); // comes together only by the removal
+    EXPECT_EQ(WithoutEvery("a.3.3dsds.3d", ".3ds"), "a.3ds.3d"); // the removal leaves another ".3ds"
 }
 
 } // namespace railwright::testing

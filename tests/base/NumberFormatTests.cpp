@@ -13,7 +13,7 @@ TEST(NumberFormat, RoundsAndPrintsTheExactValue) {
         {0.125, "#0.00", "0.13"}, {-0.125, "#0.00", "-0.13"}, {999.995, "###,##0.00", "1,000.00"},
         {-0.004, "0.00", "0.00"}, {7, "000", "007"},          {1234, "000", "1234"},
         {5, "#0.00", "5.00"},     {infinity, "0.00", "inf"},  {infinity - infinity, "0.00", "nan"},
-        {2.675, "0.00", "2.67"}}; // the nearest double of the last lies below
+        {2.675, "0.00", "2.67"}}; // the nearest double to the last one is smaller
     for (const auto& [value, pattern, expected] : cases)
         EXPECT_EQ(FormatNumber(value, pattern, {}), expected) << pattern;
     EXPECT_EQ(FormatNumber(1234567.5, "#,##0.00", {"\u00A0", ","}), "1\u00A0234\u00A0567,50");
