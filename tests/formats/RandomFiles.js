@@ -1,7 +1,7 @@
 'use strict';
-// Makes random files of both kinds, the same ones from the same seed. Of the layouts it knows only what is needed for a
-// file to be read at all: how large a record is, and where counts, lengths and kinds of segment stand. All else is noise,
-// also what is passed over.
+// Creates random files of both kinds, the same ones for the same seed. It only knows the parts of the layouts that
+// make a file readable: the sizes of records, and the positions of counts, lengths and kinds of segment. Everything
+// else is noise, including skipped bytes.
 
 class RandomFiles {
     constructor(seed) {
@@ -34,7 +34,7 @@ class RandomFiles {
         return this.below(4) ? this.text() : this.long(-this.below(3));
     }
 
-    /** @return a count, what stands between, and as many items. */
+    /** @return a count, `between` bytes of noise, and that many items. */
     counted(item, limit = 5, between = 0) {
         const count = this.below(limit);
         return Buffer.concat([this.long(count), this.noise(between), ...Array.from({length: count}, item)]);
@@ -82,7 +82,7 @@ class RandomFiles {
         return Buffer.from(Array.from(tag, letter => (this.below(4) ? letter : letter.toLowerCase())).join(''));
     }
 
-    /** @return a chunk of no kind. The size of every third leaves out the last field. */
+    /** @return an unknown chunk. Every third one leaves the last field out of its size. */
     unknown() {
         const size = this.below(20);
         const leftOut = this.below(3) ? 0 : 4;
@@ -96,7 +96,7 @@ class RandomFiles {
         return Buffer.concat([this.tagged(tag), this.noise(4), ...this.fields(tag), this.long(below.length), ...below]);
     }
 
-    /** @return the chunks of some tags, each with some of those behind it inside. */
+    /** @return the chunks of some tags. Each contains some of the following ones. */
     chunks(tags) {
         const chunks = [];
         while (tags.length > 0) {
@@ -119,7 +119,7 @@ class RandomFiles {
         return Buffer.concat([this.tagged('ELEM'), this.noise(68), this.counted(() => this.noise(50)), this.noise(68)]);
     }
 
-    /** @return the file with some fault, which may make it no document. */
+    /** @return the file with a fault that may make it unreadable. */
     spoiled(file) {
         if (this.below(2))
             return file.subarray(0, this.below(file.length));

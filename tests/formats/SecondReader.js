@@ -1,6 +1,6 @@
 'use strict';
-// Reads documents by the descriptions in docs/formats alone: they are compiled to a reader, and what that reads is put
-// into the form that `railwright-cli dump` has.
+// Reads documents using only the descriptions in docs/formats: compiles them to a reader, and converts its results to
+// the form of `railwright-cli dump`.
 const compiler = require('kaitai-struct-compiler');
 const fs = require('fs');
 const KaitaiStream = require('kaitai-struct/KaitaiStream');
@@ -10,9 +10,9 @@ const yaml = require('js-yaml');
 const formats = path.join(__dirname, '../../docs/formats');
 const load = name => yaml.load(fs.readFileSync(path.join(formats, path.basename(name) + '.ksy'), 'utf8'));
 
-/** The name that a field or type of a description has in the program. */
+/** The program's name for a field or type of a description. */
 const nameInCode = id => id.replace(/(?:^|_)(.)/g, (_, first) => first.toUpperCase());
-/** The name that it has in the compiled reader. */
+/** The compiled reader's name for a field. */
 const property = id => id.replace(/_(.)/g, (_, first) => first.toUpperCase());
 
 const windows1252 = '€\x81‚ƒ„…†‡ˆ‰Š‹Œ\x8dŽ\x8f\x90‘’“”•–—˜™š›œ\x9džŸ';
@@ -41,25 +41,25 @@ class SecondReader {
     constructor(Format, description) {
         this.Format = Format;
         this.types = new Map(Object.entries(description.types).map(([id, type]) => [nameInCode(id), type]));
-        /** The values that each field has had, for the first few. */
+        /** The first two different values of each field. */
         this.seen = new Map();
     }
 
-    /** @return what stands in a file, as the compiled reader gives it. @throws if it is no document. */
+    /** @return a file's content from the compiled reader. @throws if the file is not a document. */
     read(bytes) {
         const file = new this.Format(new KaitaiStream(Uint8Array.from(bytes).buffer));
         file._read();
         return file;
     }
 
-    /** @return the chunks below the one given, from front to back. */
+    /** @return the chunks below `parent`, in file order. */
     chunksOf(parent) {
         return (parent.chunks || []).flatMap(chunk => [chunk, ...this.chunksOf(chunk)]);
     }
 
     /**
-     * @return the document in a file. What the descriptions cannot say is said here: the byte behind the end is 0, an
-     * unknown chunk may not reach for it, and of two chunks of a kind the later one counts.
+     * @return the document in a file. Adds the rules that the descriptions cannot express: the byte after the end is 0,
+     * an unknown chunk must not include it, and the later of two chunks of a kind counts.
      */
     document(bytes) {
         const file = this.read(Buffer.concat([bytes, Buffer.alloc(1)]));
@@ -77,7 +77,7 @@ class SecondReader {
         return document;
     }
 
-    /** What a record of the file says of the node before it comes to that node. */
+    /** A record of the file holds a control point of the previous node. Moves it there. */
     element(file) {
         const nodes = [{}];
         for (const [i, {ControlOut, ...node}] of file.nodes.map(node => this.record(node)).entries()) {
@@ -103,7 +103,7 @@ class SecondReader {
         return convert ? convert(read) : this.record(read);
     }
 
-    /** @return the fields of a record by their names in the program; a list whose parts are apart comes as a list. */
+    /** @return the fields of a record by their names in the program. Separate parts of a list are combined. */
     record(read) {
         const typeName = read.constructor.name;
         const {seq, instances = {}} = this.types.get(typeName);
@@ -131,7 +131,7 @@ class SecondReader {
             values.add(JSON.stringify(value));
     }
 
-    /** @return the fields of records that never had two values, so that nothing is known about them. */
+    /** @return the fields of records that never had two values, so that the test proves nothing about them. */
     unproved() {
         const records = [...this.types].filter(([name]) => !/^(Chunk|UnknownChunk|Closing)$/.test(name));
         const fields = records.flatMap(([name, {seq}]) => seq.filter(({id}) => id).map(({id}) => name + '.' + id));

@@ -1,7 +1,7 @@
 'use strict';
-// Proves the descriptions in docs/formats: compare.js PROGRAM WORK reads every document at hand and random ones with a
-// reader that is made of the descriptions alone. PROGRAM, the command line, has to read the same from each, and to refuse
-// the same ones. WORK is a folder for the files, which stays if something is found.
+// Tests the descriptions in docs/formats: compare.js PROGRAM WORK. Reads every sample document and random ones with a
+// reader compiled from the descriptions. PROGRAM, the command line, must read the same from each, and refuse the same
+// ones. WORK is a folder for the files, which is kept after a failure.
 const assert = require('assert');
 const {execFileSync, execFile} = require('child_process');
 const fs = require('fs');
@@ -18,7 +18,7 @@ const bytesOf = name => fs.readFileSync(path.join(work, name));
 const run = promisify(execFile);
 const output = {encoding: 'utf8', cwd: work, maxBuffer: 1 << 28};
 
-/** Puts all documents into the folder. @return their names. */
+/** Copies all documents into the folder. @return their names. */
 function collect() {
     const names = [];
     const put = (origin, kind, bytes) => {
@@ -44,12 +44,12 @@ function collect() {
     return names;
 }
 
-/** @return the names of the files that the program takes. */
+/** @return the names of the files that the program accepts. */
 function taken(names) {
     let printed;
     try {
         printed = execFileSync(program, ['check', ...names], output);
-    } catch (error) { // as it ends when it refuses any
+    } catch (error) { // nonzero exit status after a refused file
         printed = error.stdout;
     }
     const verdicts = printed.trim().split('\n');
@@ -61,7 +61,7 @@ function isEmpty(value) {
     return typeof value === 'object' ? Object.values(value).every(isEmpty) : [0, false, ''].some(none => Object.is(value, none));
 }
 
-/** Holds what the program read against what the second reader read. What a file has no place for is empty. */
+/** Compares the results of the program and the second reader. Values that are not in the file must be empty. */
 function compare(dumped, read, where) {
     if (read === undefined)
         return assert(isEmpty(dumped), where + ' is read by the program only');
@@ -78,7 +78,7 @@ function compare(dumped, read, where) {
     return assert(Object.is(dumped, expected), `${where} is ${read}, and the program has ${dumped}`);
 }
 
-/** Checks that all bytes that are passed over in a record, and in those inside of it, are 0, and how sizes count. */
+/** Checks that all skipped bytes of a record and its inner records are 0, and checks their sizes. */
 function checkWritten(read, where) {
     if (Array.isArray(read))
         return read.forEach((item, i) => checkWritten(item, `${where}.${i}`));
@@ -103,7 +103,7 @@ function checkWritten(read, where) {
 
 const tagOf = ({tag}) => tag.letters.map(({byte}) => String.fromCharCode(byte)).join('');
 
-/** Checks what the program saves of a file: the form that the descriptions call written. */
+/** Checks that the program saves a file in the form that the descriptions call written. */
 function checkSaved(reader, original, saved, where) {
     const file = reader.read(saved);
     checkWritten(file, where);
