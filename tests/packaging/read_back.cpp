@@ -1,4 +1,4 @@
-// Reads back what Windows finds in the programs that users get, for the test of them.
+// Reads the resources and icons of the released programs as Windows does, for a test.
 
 #include "install/mTool_TrackAssociation.h"
 #include "platform/CommandLine.h"
@@ -79,7 +79,7 @@ void PrintManifest(const std::wstring& file) {
     ReleaseActCtx(context);
 }
 
-/// Stores an icon with its transparency.
+/// Saves an icon with its transparency.
 void Store(HICON icon, const std::string& name) {
     ICONINFO parts{};
     BITMAP size{};
@@ -93,15 +93,15 @@ void Store(HICON icon, const std::string& name) {
               DIB_RGB_COLORS);
     ReleaseDC(nullptr, screen);
     for (std::size_t i = 0; i < pixels.size(); i += 4)
-        std::swap(pixels[i], pixels[i + 2]); // blue and red
+        std::swap(pixels[i], pixels[i + 2]); // BGR to RGB
     std::ofstream file(name + '-' + std::to_string(size.bmWidth) + ".pam", std::ios::binary);
     file << "P7\nWIDTH " << size.bmWidth << "\nHEIGHT " << size.bmHeight
          << "\nDEPTH 4\nMAXVAL 255\nTUPLTYPE RGB_ALPHA\nENDHDR\n";
     file.write(pixels.data(), static_cast<std::streamsize>(pixels.size()));
 }
 
-/// Sets the association of a simulator in the folder to each of Railwright's icons in turn, and stores the
-/// icons to which its entry leads: icon-NUMBER-WIDTH.pam, the number that of the choice.
+/// Chooses each of Railwright's icons in turn for a simulator in the folder. Saves the icons that the
+/// registry entry refers to as icon-NUMBER-WIDTH.pam, where NUMBER is that of the choice.
 void StoreAssociatedIcons(const std::string& folder) {
     constexpr const char* Place = "Software\\Railwright Icons";
     HKEY place = nullptr;
@@ -119,7 +119,7 @@ void StoreAssociatedIcons(const std::string& folder) {
         const std::wstring library = text.substr(0, comma);
         const int number = std::stoi(text.substr(comma + 1));
         std::array<HICON, 4> icons{};
-        // Asked for both at once, Wine makes the small icon from the large one.
+        // If asked for both at once, Wine scales the small icon from the large one.
         ExtractIconExW(library.c_str(), number, &icons[0], nullptr, 1);
         ExtractIconExW(library.c_str(), number, nullptr, &icons[1], 1);
         PrivateExtractIconsW(library.c_str(), number, 48, 48, &icons[2], nullptr, 1, 0);

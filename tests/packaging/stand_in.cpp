@@ -1,5 +1,5 @@
-// Plays the programs in the test of the packages: makes the file of its argument, and runs until it is
-// deleted.
+// Replaces the programs in the test of the packages. Creates the file of its argument, and runs until the
+// file is deleted.
 #include <windows.h>
 
 int main(int, char** arguments) {
