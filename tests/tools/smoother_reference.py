@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Works out by other means what the Node Smoother makes of the curve in mNLT_SmootherTests.cpp."""
+"""Computes in another way how the Node Smoother changes the curve in mNLT_SmootherTests.cpp."""
 import math, pathlib, re, struct
 
 f32 = lambda x: struct.unpack("<f", struct.pack("<f", x))[0]
