@@ -15,15 +15,15 @@ namespace {
 using View = std::span<const std::uint8_t>;
 constexpr bool IsChain = std::string_view(RAILWRIGHT_TARGET) == "chain";
 
-/// A number below `limit`; 0 if that is 0.
+/// Returns a random number below `limit`, or 0 if `limit` is 0.
 struct Dice {
     std::minstd_rand Engine;
     std::size_t operator()(std::size_t limit) { return limit == 0 ? 0 : Engine() / 7 % limit; }
     const auto& Of(const auto& values) { return values[(*this)(std::size(values))]; }
 };
 
-/// Where a chunk has its number of items, its first item, and how large the smallest is; counted from the
-/// first of its own fields.
+/// Positions of the item count and the first item of a chunk, and the size of the smallest item. Counted from
+/// the first of the chunk's own fields.
 struct Layout {
     std::string_view Tag;
     std::size_t Count, First, Item;
@@ -36,15 +36,15 @@ constexpr Layout Layouts[] = {{"TRCK", 4, 12, 28},  {"INFO", 16, 20, 1},  {"BEZR
 constexpr Layout Unknown = {"", 0, 4, 4};
 
 constexpr std::int32_t Counts[] = {0, 1, 2, 3, 5, -1, 255, 500, 501, 502, 65536, 0x7FFFFFFF, -0x7FFFFFFF - 1};
-/// The bits of 0 and -0, the smallest and the largest, infinities, two that are no number, 1e30, 1e-30, 1,
-/// 180, and 999 between its neighbours.
+/// The bits of 0 and -0, the smallest and the largest, infinities, two NaNs, 1e30, 1e-30, 1, 180, and 999
+/// between its neighbours.
 constexpr std::uint32_t Floats[] = {0,          0x80000000, 1,          0x00800000, 0x7F7FFFFF, 0x7F800000,
                                     0xFF800000, 0x7FC00000, 0xFFFFFFFF, 0x7149F2CA, 0x0DA24260, 0x3F800000,
                                     0x43340000, 0x4479BFFF, 0x4479C000, 0x4479C001};
 constexpr std::string_view Numbers[] = {"0",   "-0",    "1",    "-1",    "0.5", "2.5", "90",
                                         "180", "1e-45", "1e30", "-3e38", "999", "360"};
 
-/// A chunk, taken apart. Its number of sub-chunks is not among its own fields.
+/// A parsed chunk. Its own fields exclude the number of sub-chunks.
 struct Chunk {
     Bytes Tag, Own;
     bool HasCount = false;
@@ -64,7 +64,8 @@ void AppendLong(Bytes& to, std::int32_t value) {
     to.resize(to.size() + 4), WriteLong(&to.back() - 3, value);
 }
 
-/// Takes a chunk off the front of the bytes. @return whether there is one.
+/// Parses a chunk at the start of the bytes and removes it.
+/// @return false if there is none.
 bool Take(View& bytes, Chunk& chunk, int depth = 0) {
     const auto isLetter = [](std::uint8_t byte) { return (byte | 0x20) >= 'a' && (byte | 0x20) <= 'z'; };
     if (bytes.size() < 8 || !std::ranges::all_of(bytes.first(4), isLetter))
@@ -76,7 +77,7 @@ bool Take(View& bytes, Chunk& chunk, int depth = 0) {
     const View body = bytes.subspan(8, size);
     bytes = bytes.subspan(8 + size);
     std::size_t own = size;
-    // The sub-chunks begin behind a number of as many chunks as lead just to the end.
+    // The sub-chunks follow their number, if that many chunks end exactly where this one does.
     for (std::size_t at = 0; at + 4 <= size && depth < 8 && !chunk.HasCount; ++at)
         if (const std::uint32_t count = ReadBits(&body[at]); count < 64 && (count > 0 || at + 4 == size)) {
             View rest = body.subspan(at + 4);
@@ -91,7 +92,7 @@ bool Take(View& bytes, Chunk& chunk, int depth = 0) {
     return true;
 }
 
-/// Writes a chunk, with sizes and numbers of sub-chunks of which one in `wrongOne` is wrong; 0 for none.
+/// Writes a chunk. On average one of `wrongOne` sizes and numbers of sub-chunks is wrong; none if it is 0.
 void Put(Bytes& to, const Chunk& chunk, Dice& dice, std::size_t wrongOne) {
     const auto number = [&](std::size_t right) {
         return wrongOne > 0 && dice(wrongOne) == 0 ? dice.Of(Counts) : static_cast<std::int32_t>(right);
@@ -129,13 +130,13 @@ void RepeatOrDrop(auto& list, Dice& dice) {
         list.insert(at, *at);
 }
 
-/// Writes a number over four bytes of the chunk's own, if they are there.
+/// Overwrites four bytes of the chunk's own fields, if it has them.
 void Set(Chunk& chunk, std::size_t at, std::uint32_t bits) {
     if (chunk.Own.size() >= 4 && at <= chunk.Own.size() - 4)
         WriteBits(&chunk.Own[at], bits);
 }
 
-/// @return where an item begins.
+/// @return the position of an item.
 std::size_t AnyItem(const Chunk& chunk, Dice& dice) {
     const Layout& form = chunk.Form();
     return form.First +
@@ -148,7 +149,7 @@ void ChangeCount(Chunk& root, Dice& dice) {
     Set(chunk, at, static_cast<std::uint32_t>(dice.Of(Counts)));
 }
 
-/// Gives a float an odd value, or that of another.
+/// Gives a float a special value or that of another float.
 void ChangeFloats(Chunk& root, Dice& dice) {
     Chunk& chunk = AnyOf(root, dice);
     const auto any = [&] { return AnyItem(chunk, dice) + dice(chunk.Form().Item / 4) * 4; };
@@ -159,7 +160,7 @@ void ChangeFloats(Chunk& root, Dice& dice) {
     }
 }
 
-/// Repeats or drops an item, with the right count.
+/// Repeats or drops an item, and adapts the count.
 void ChangeItems(Chunk& root, Dice& dice) {
     Chunk& chunk = AnyOf(root, dice);
     const Layout& form = chunk.Form();
@@ -196,7 +197,7 @@ void ChangeTree(Chunk& root, Dice& dice) {
 
 constexpr void (*Changes[])(Chunk&, Dice&) = {ChangeCount, ChangeFloats, ChangeItems, ChangeTree};
 
-/// @return a step that fits a document of that kind, mostly.
+/// @return a step that usually fits a document of that kind.
 std::string AnyStep(bool isTrack, Dice& dice) {
     static const auto trackSteps = TrackStepDescriptions(), elementSteps = ElementStepDescriptions();
     const StepDescription& kind = dice.Of(isTrack ? trackSteps : elementSteps);
@@ -231,7 +232,7 @@ void ChangeSteps(Bytes& steps, bool isTrack, Dice& dice) {
     }
 }
 
-/// A document, and what stands behind its root chunk; for a chain only what stands behind the last NUL.
+/// A document, and the bytes after its root chunk; for a chain, those after the last NUL.
 struct Input {
     Chunk Root;
     Bytes Behind;
@@ -243,7 +244,7 @@ struct Input {
         const auto from = IsChain ? std::find(bytes.rbegin(), bytes.rend(), 0).base() : bytes.begin();
         Behind.assign(from, bytes.end());
     }
-    /// @return its size, 0 if it is too long.
+    /// @return its size, or 0 if it exceeds `longest`.
     std::size_t WriteTo(std::uint8_t* data, std::size_t longest, Dice& dice) const {
         Bytes written;
         Put(written, Root, dice, dice(8) == 0 ? 5 : 0);
@@ -259,7 +260,7 @@ struct Input {
 
 } // namespace
 
-/// Half of the changes, and all of what is no document, are left to the library.
+/// Leaves half of the mutations, and all inputs that are not documents, to the library.
 extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size, std::size_t longest,
                                                unsigned seed) {
     Dice dice{std::minstd_rand(seed)};
@@ -276,7 +277,7 @@ extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t s
     return written > 0 ? written : LLVMFuzzerMutate(data, size, longest);
 }
 
-/// Puts a chunk of the second document in the place of one of the first. It gives way three times in four.
+/// Replaces a chunk with one of the second document. Leaves three of four calls to other mutations.
 extern "C" std::size_t LLVMFuzzerCustomCrossOver(const std::uint8_t* first, std::size_t firstSize,
                                                  const std::uint8_t* second, std::size_t secondSize,
                                                  std::uint8_t* out, std::size_t longest, unsigned seed) {

@@ -11,7 +11,7 @@ namespace railwright::fuzz {
 
 using Bytes = MemoryFiles::Bytes;
 
-/// Ends the process where a property does not hold.
+/// Aborts if a property does not hold.
 inline void Require(bool holds, const char* property) {
     if (!holds)
         std::fprintf(stderr, "BROKEN PROPERTY: %s\n", property), std::abort();

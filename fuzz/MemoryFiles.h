@@ -8,7 +8,7 @@
 
 namespace railwright::fuzz {
 
-/// Files and folders held in memory, in force while it lives. Their names are as they are written.
+/// Files and folders in memory, installed until destruction. Names are case-sensitive.
 class MemoryFiles final : public FileOperations {
     using Name = const FilePath&;
     using Error = std::error_code&;
@@ -17,9 +17,9 @@ class MemoryFiles final : public FileOperations {
 
 public:
     using Bytes = std::vector<std::uint8_t>;
-    /// Everything by its path: the bytes of a file, none for a folder.
+    /// All entries by path: the bytes of a file, nothing for a folder.
     std::map<FilePath, std::optional<Bytes>> All;
-    /// @return the bytes of a file, null if there is none.
+    /// @return the bytes of a file, or null if there is none.
     const Bytes* Find(Name path) const {
         const auto found = All.find(path);
         return found == All.end() || !found->second ? nullptr : &*found->second;
@@ -49,7 +49,7 @@ public:
     }
     void CreateFolder(Name path, Error error) override { Add(path, {}, error); }
     void Move(Name from, Name to, Error error) override {
-        // Only files are moved.
+        // Only files are ever moved.
         if (!Fails(!Find(from), error) && Add(to, {}, error))
             All[to] = std::move(All.extract(from).mapped());
     }
@@ -68,7 +68,7 @@ public:
 private:
     struct File final : OpenFile {
         explicit File(Bytes& bytes) : Content(bytes) {}
-        /// Few bytes at a time, so that every record comes to lie across two of them.
+        /// Reads few bytes at a time, so that every record is split between two reads.
         std::size_t Read(std::span<std::uint8_t> into, Error) override {
             const std::size_t count = std::min({into.size(), Content.size() - At, std::size_t{251}});
             std::ranges::copy(std::span(Content).subspan(At, count), into.begin());
@@ -97,7 +97,7 @@ private:
         File Open{Written};
     };
 
-    /// Adds what is new and has a folder to lie in.
+    /// Adds a new entry whose folder exists.
     bool Add(Name path, std::optional<Bytes> bytes, Error error) {
         const FilePath above = path.Folder();
         return !Fails((!above.IsEmpty() && Status(above).What != Kind::Folder) ||

@@ -4,12 +4,12 @@
 #include <fstream>
 #include <iterator>
 
-/// Runs the target once over every file of the given folders, none of which may be empty.
+/// Runs the target once on each file of the given folders. Fails if a folder is empty.
 int main(int count, char** folders) {
     for (int i = 1; i < count; ++i) {
         railwright::fuzz::Require(!std::filesystem::is_empty(folders[i]), "there are files to run over");
         for (const auto& entry : std::filesystem::directory_iterator(folders[i])) {
-            std::fprintf(stderr, "%s\n", entry.path().c_str()); // the last line names the file at fault
+            std::fprintf(stderr, "%s\n", entry.path().c_str()); // the last line names the faulty file
             std::ifstream stream(entry.path(), std::ios::binary);
             const railwright::fuzz::Bytes bytes{std::istreambuf_iterator<char>(stream), {}};
             LLVMFuzzerTestOneInput(bytes.data(), bytes.size());

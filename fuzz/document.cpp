@@ -7,7 +7,7 @@
 
 #include <sstream>
 
-// They are there in a build with the address sanitizer.
+// Available with the address sanitizer.
 extern "C" [[gnu::weak]] int __sanitizer_install_malloc_and_free_hooks(void (*)(const volatile void*,
                                                                                 std::size_t),
                                                                        void (*)(const volatile void*));
@@ -18,7 +18,7 @@ using namespace railwright::fuzz;
 
 namespace {
 
-/// How much more of the heap is in use at once, while it is measured, than was at the beginning.
+/// Growth of the heap during a measurement: current and highest.
 bool isMeasured = false;
 std::ptrdiff_t used = 0, peak = 0;
 
@@ -35,14 +35,14 @@ FilePath FileOf(const DocumentKind& kind) {
     return FilePath::FromUser("a" + std::string(kind.Extension));
 }
 
-/// @return the file of the document in hand.
+/// @return the file of the open document.
 Bytes Saved(const DocumentKind& kind) {
     const MemoryFiles files;
     Require(kind.Save(FileOf(kind)).Done, "what is in hand can be saved");
     return *files.Find(FileOf(kind));
 }
 
-/// @return whether a file could be loaded. One that could not has left a reason and an empty document.
+/// @return false if the file cannot be loaded. Then requires a reason and an empty document.
 bool Load(const DocumentKind& kind, const Bytes& file) {
     static const bool hooked = __sanitizer_install_malloc_and_free_hooks != nullptr &&
                                __sanitizer_install_malloc_and_free_hooks(Taken, GivenBack) > 0;
@@ -54,8 +54,8 @@ bool Load(const DocumentKind& kind, const Bytes& file) {
     isMeasured = hooked;
     const FileResult loaded = kind.Load(FileOf(kind));
     isMeasured = false;
-    // The nodes of RASC take 16 bytes for 4 of the file, their supports, in a list that doubles, as much
-    // again as the file.
+    // A node of RASC takes 16 bytes for 4 in the file. Its supports are in a list that doubles, and take as
+    // much again as the file.
     Require(peak <= 6 * std::ssize(file) + 8192, "a load takes a small multiple of the file");
     static double largest = 0;
     if (const double share = static_cast<double>(peak) / static_cast<double>(file.size());
@@ -68,7 +68,8 @@ bool Load(const DocumentKind& kind, const Bytes& file) {
     return loaded.Done;
 }
 
-/// Asks everything about the document in hand. @return its drawings, which are the same without an analysis.
+/// Runs every report and drawing on the open document.
+/// @return the drawings, which are the same without an analysis.
 std::string Drawings(bool isTrack) {
     const MemoryFiles none;
     std::string drawings[2];
@@ -92,7 +93,7 @@ std::string Drawings(bool isTrack) {
         analyzed.Length = TrackPolylineLength;
         for (const Vector3& point : TrackPolyline)
             analyzed.Box.Include(point);
-        // Only the printed one replaces control characters.
+        // Only the printed report replaces control characters.
         Require(report.find("\uFFFD") != std::string::npos ||
                     report == BuildTrackOverview(FileOf(TrackKind), {}, analyzed),
                 "the reports are the same");
@@ -103,9 +104,8 @@ std::string Drawings(bool isTrack) {
 
 } // namespace
 
-/// The input is a file of the kind that the build names, which is to come back from a save. For a chain it is
-/// of either kind, and behind its last NUL stand steps as the command line has them, each on a line of its
-/// own. A step that does not fit is passed over.
+/// The input is a file of the kind that the build names, which must survive a save. For a chain it is of
+/// either kind, followed by a NUL and steps, one per line. A step that does not fit is ignored.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     constexpr std::string_view target = RAILWRIGHT_TARGET;
     const bool isTrack = target == "track" || (target == "chain" && size > 0 && (*data | 0x20) != 'e');
@@ -126,7 +126,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const Bytes saved = Saved(kind);
     Require(Load(kind, saved), "what was saved can be loaded");
     Require(Saved(kind) == saved, "what was saved is saved the same again");
-    // An element's first node is only stored as the origin, near which a tool may have left it.
+    // Not for an element: its first node is always stored as the origin, but a tool may leave it close to
+    // that.
     Require(target != "chain" || !isTrack || Drawings(true) == drawings, "what was saved is drawn the same");
     return 0;
 }

@@ -16,16 +16,16 @@ namespace {
 
 const FilePath Simulator = FilePath::FromUser("Simulator");
 
-/// What an environment's file tells before and after a run.
+/// Content of an environment's file and its textures.
 struct Environment {
     text Settings;
-    /// Every line is closed, no value has an equals sign, which the organizer takes out when it looks, and no
-    /// file has the environment's name.
+    /// Every line is closed, no value contains an equals sign (which the organizer strips), and no file has
+    /// the environment's name.
     bool IsPlain;
-    /// What it finds, in the order of its settings; null for what is missing, or changes as an environment
-    /// does.
+    /// Found textures in the order of the settings. Null for one that is missing, or that is an environment
+    /// and thus changes.
     std::vector<std::optional<Bytes>> Textures;
-    /// The settings without what a run may change in them.
+    /// The settings without the parts that a run may change.
     text WhatStays;
 
     Environment(const MemoryFiles& files, const EnvironmentEntry& entry, NameLookup& lookup) {
@@ -51,8 +51,8 @@ struct Environment {
     }
 };
 
-/// Checks the environments of a folder after a run or a part of one: each has its old text but for folders,
-/// and its textures are where it says.
+/// Checks the environments of a folder after a complete or interrupted run. Each must keep its text except
+/// folders, and find its textures.
 void RequireTextures(const MemoryFiles& files, const std::vector<EnvironmentEntry>& entries,
                      const std::vector<Environment>& environments) {
     NameLookup lookup;
@@ -65,7 +65,7 @@ void RequireTextures(const MemoryFiles& files, const std::vector<EnvironmentEntr
     }
 }
 
-/// Checks that each file but the environments' is still there, under any name.
+/// Checks that the content of each file still exists under any name, except for environments.
 void RequireNothingLost(const MemoryFiles& files, const decltype(MemoryFiles::All)& before) {
     std::set<std::optional<Bytes>> contents = {std::nullopt};
     for (const auto& [path, content] : files.All)
@@ -79,10 +79,10 @@ void RequireNothingLost(const MemoryFiles& files, const decltype(MemoryFiles::Al
 
 } // namespace
 
-/// The input is the simulator's folder: files with a NUL between them, each a path in its first line and its
-/// text. A texture begins with its own path, so that no two are the same. What leads elsewhere is left out,
-/// and a bar in a name stands for a backslash. The last byte tells at which call a run is interrupted; a
-/// replay interrupts at each.
+/// The input is the simulator's folder: files separated by NULs, each with its path in the first line, then
+/// its text. A texture's content begins with its path, so that no two are the same. Paths that leave the
+/// folder are skipped. A bar in a name becomes a backslash. The last byte selects the call at which a run is
+/// interrupted; a replay interrupts at each call.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     MemoryFiles files;
     for (const auto *at = data, *const end = data + size; at < end;) {
@@ -109,7 +109,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const auto after = files.All;
     RequireNothingLost(files, before);
     RequireTextures(files, entries, environments);
-    if (!isDone || after == before) // otherwise each run is the first one over again
+    if (!isDone || after == before) // otherwise every run does the same
         return 0;
     const auto finish = [&] {
         for (int run = 0; run < 3; ++run)
@@ -120,7 +120,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const bool isPlain = std::ranges::all_of(environments, &Environment::IsPlain);
     Require(!isPlain || end == after, "a second run changes nothing");
 
-    // Interrupts a run at one of its calls. Returns whether it came to that call.
+    // Interrupts a run at a call. Returns false if the run makes fewer calls.
     const auto interrupt = [&](int call, bool endsSuddenly) {
         files.All = before;
         bool hasCome = false;
@@ -131,7 +131,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
             failing.EndsSuddenly = endsSuddenly;
             try {
                 OrganizeEnvironments(Simulator, progress);
-            } catch (const SuddenEnd&) { // it is run again
+            } catch (const SuddenEnd&) { // finish() runs again
             }
             hasCome = failing.Calls >= call;
         }
