@@ -29,30 +29,30 @@
 namespace railwright::bench {
 namespace {
 
-/// Something that is measured.
+/// A measurement.
 struct Row {
-    /// The kind of its documents, a slash, and what is done with them.
+    /// Kind of its documents, a slash, and the measured operation.
     std::string Name;
-    /// The rows of the same kind that it is held against, set apart by blanks.
+    /// Rows of the same kind to compare with, separated by blanks.
     std::string Yardsticks;
     std::function<void()> Once;
-    /// What is done each time before the clock runs.
+    /// Runs before each measurement.
     std::function<void()> Before = {};
     std::vector<std::int64_t> Sizes = {};
     bool ChangesDocument = false;
-    /// Instead of the time of Once: a figure that is printed as it is.
+    /// Returns a figure that is printed unchanged, instead of the time of Once.
     std::function<double()> Figure = {};
 
     std::string Kind() const { return Name.substr(0, Name.find('/')); }
 };
 
-std::string inHand; // kind and size of the document
+std::string inHand; // kind and size of the open document
 bool isChanged = false;
-FilePath path;                   // of its file
-std::vector<std::uint8_t> bytes; // the same file
+FilePath path;                   // of the document's file
+std::vector<std::uint8_t> bytes; // content of that file
 std::vector<std::uint8_t> copied;
 QtTrack qtTrack;
-TrackMeasures measures; // of the track in hand
+TrackMeasures measures; // of the open track
 
 void Must(bool holds, const char* what) {
     if (holds)
@@ -85,7 +85,7 @@ void ReadWithQtFromDisk() {
     Must(file.open(QIODevice::ReadOnly) && QDataStreamReader(file).Read(qtTrack = {}),
          "QDataStreamReader failed");
 }
-/// Memory has to come from the system again, as in a process that has just been started.
+/// Returns free memory to the system, as in a process that was just started.
 void FreeMemory() {
     malloc_trim(0);
 }
@@ -101,10 +101,11 @@ std::string Report() {
     return BuildTrackOverview(path, UserNumberSeparators(), measures);
 }
 
-std::int64_t howMany = 0; // of environments, or of textures of one
+std::int64_t howMany = 0; // number of environments, or textures of one environment
 const std::filesystem::path environments = "simulator/Environments";
 
-/// Makes the simulator's folder with environments of one texture each, or with one of as many textures.
+/// Creates the simulator's folder, with environments of one texture each or one environment with all
+/// textures.
 void MakeEnvironments(bool isOne) {
     std::filesystem::remove_all(environments);
     std::filesystem::create_directories(environments);
@@ -115,7 +116,7 @@ void MakeEnvironments(bool isOne) {
             << "t.texture.path=Environments\\" << name << ".png\r\n";
     }
 }
-/// What a program would do that takes no care: the same files, one after the other.
+/// Does the same without any care: copies the files one after the other.
 void CopyPlainly() {
     for (std::int64_t i = 0; i < howMany; ++i) {
         const std::string name = std::to_string(i), texture = name + ".png";
@@ -139,7 +140,8 @@ void DrawSvg(Draw&& draw) {
     out.Flush();
 }
 
-/// The yardsticks have to come to what the program comes to, and a saved file to what was loaded.
+/// Checks that the yardsticks and the program have the same results, and that a saved file equals the loaded
+/// one.
 void Check() {
     ReadWithQt();
     const auto same = [](const auto& read, std::int64_t count) { return read.size() == count; };
@@ -156,7 +158,7 @@ void Check() {
              qtTrack.List<QtTrack::Object>().last().FileName == model,
          "QDataStreamReader reads something else");
     const double length = TextbookSamples();
-    // Where a span's steps are below the last digit of the sum, a sum in 32 bits stands still.
+    // A sum in 32 bits stops growing when the steps are smaller than its last digit.
     Must(length > 1e6 || std::abs(static_cast<double>(TrackLength()) / length - 1) < 0.01,
          "the lengths differ");
     const std::vector<std::uint8_t> before = bytes;
@@ -164,7 +166,7 @@ void Check() {
     Must(ReadWholeFile(path, bytes) && bytes == before, "does not come back");
 }
 
-/// Saves the document in hand and keeps its file.
+/// Saves the open document and keeps its file.
 void MakeFile(const char* name) {
     path = FilePath::FromUser(name);
     Save();
@@ -172,7 +174,7 @@ void MakeFile(const char* name) {
     copied = bytes;
 }
 
-/// Makes the document of a kind and a size the one in hand, as its file has it, and analyses it.
+/// Creates and analyses a document of a kind and a size, unless it is already open and unchanged.
 void Prepare(const std::string& kind, std::int64_t size) {
     const bool isTrack = kind != "Element";
     if (inHand != kind + std::to_string(size)) {
@@ -194,7 +196,7 @@ void Prepare(const std::string& kind, std::int64_t size) {
         AnalyzeElement();
 }
 
-/// @return a line of /proc/self/status in bytes.
+/// @return a value of /proc/self/status in bytes.
 double ProcessStatus(const std::string& name) {
     std::ifstream status("/proc/self/status");
     for (std::string word; status >> word;)
@@ -203,7 +205,7 @@ double ProcessStatus(const std::string& name) {
     return 0;
 }
 
-/// @return millions of bytes that the command line prints in a second of the processor's.
+/// @return megabytes that the command line prints per second of processor time.
 template <void (*Print)(TextOutput&)>
 double MegabytesPerSecond() {
     std::size_t printed = 0;
@@ -223,7 +225,7 @@ void PrintDrawings(TextOutput& out) {
     Draw(plan, side);
 }
 
-/// @return the least time of some runs, in seconds, each of which begins without memory at hand.
+/// @return the shortest of several runs in seconds. Each run starts without free memory.
 double LeastSeconds(const std::function<void()>& before, const std::function<void()>& once) {
     double least = INFINITY;
     for (int run = 0; run < 5; ++run) {
@@ -237,7 +239,7 @@ double LeastSeconds(const std::function<void()>& before, const std::function<voi
     return least;
 }
 
-/// A track of a million things of one kind, each of which something in the window grows with.
+/// A track with a million items of a kind that slows down some part of the window.
 struct LargeTrack {
     const char* Name;
     void (Dice::*Make)(std::int64_t count);
@@ -257,22 +259,22 @@ void OpenInWindow(const FilePath& file) {
     Must(OpenNoLimitsFile(file), "is not opened");
     QApplication::processEvents();
 }
-/// The window shows something small, and what is large is gone.
+/// Opens a small file in the window and frees the large one.
 void EmptyWindow() {
     OpenInWindow(FilePath::FromUser(EXAMPLE));
     FreeDocuments();
 }
 
-/// @return how long the window takes to open a large track, in times of its load and its analysis.
+/// @return the time that the window takes to open a large track, relative to load and analysis.
 double OpenInLoads(const LargeTrack& track) {
     MakeLargeTrack(track);
     const double load = LeastSeconds(FreeDocuments, [] { Load(), AnalyzeTrack(); });
     return LeastSeconds(EmptyWindow, [] { OpenInWindow(path); }) / load;
 }
 
-/// @return by how many times the length of the file the process grows at most while `work` runs.
+/// @return the highest growth of the process while `work` runs, relative to the file.
 double PeakInFiles(void (*work)()) {
-    std::ofstream("/proc/self/clear_refs") << 5; // the peak begins anew
+    std::ofstream("/proc/self/clear_refs") << 5; // resets the peak
     const double before = ProcessStatus("VmRSS:");
     work();
     return (ProcessStatus("VmHWM:") - before) / static_cast<double>(bytes.size());
@@ -287,7 +289,7 @@ double PeakOfOpen(const LargeTrack& track) {
     return PeakInFiles([] { OpenInWindow(path); });
 }
 
-/// @return the middle of 20 ratios.
+/// @return the median of 20 ratios.
 double Median(const std::function<double()>& ratio) {
     std::vector<double> ratios(20);
     std::generate(ratios.begin(), ratios.end(), ratio);
@@ -295,7 +297,7 @@ double Median(const std::function<double()>& ratio) {
     return (ratios[9] + ratios[10]) / 2;
 }
 
-/// @return how long the program takes to show a file, in times of a window that shows less.
+/// @return the time that the program takes to show a file, relative to a smaller program.
 double StartInTimesOf(const char* other) {
     const auto seconds = [](const char* program) {
         const auto start = std::chrono::steady_clock::now();
@@ -308,7 +310,7 @@ double StartInTimesOf(const char* other) {
     });
 }
 
-/// @return the processor's time of the command line's `check`, in seconds.
+/// @return processor time of the command line's `check`, in seconds.
 double SecondsOfCheck(const QString& file) {
     const auto ofChildren = [] {
         rusage usage{};
@@ -325,7 +327,7 @@ double SecondsOfCheck(const QString& file) {
     Must(check.waitForFinished() && check.exitCode() == 0, "cannot be checked");
     return ofChildren() - before;
 }
-/// @return how long the process takes that checks a track of 24 MB, without its start, in times of
+/// @return the time to check a track of 24 MB, without the start of the process, relative to
 /// ByteSwapCopyTouched of the file.
 double CheckInByteSwapCopies() {
     inHand = "24 MB";
@@ -338,11 +340,11 @@ double CheckInByteSwapCopies() {
     });
 }
 
-/// Whether it works on many files instead of one document.
+/// Returns whether a row works on many files instead of one document.
 bool HasFiles(const Row& row) {
     return row.Kind() == "Environments" || row.Kind() == "Textures";
 }
-/// Whether it makes its documents itself.
+/// Returns whether a row creates its own documents.
 bool StandsAlone(const Row& row) {
     return row.Kind() == "Window" || row.Kind() == "Program";
 }
@@ -392,13 +394,13 @@ std::vector<Row> Rows() {
     add("Track/DrawSvg", textbook, [] { DrawSvg(DrawTrackPreview); });
     add("Track/DrawQt", textbook, [&] { DrawTrackPreview(plan, side); });
     add("Track/PaintQt", textbook, [&] { plan.Drawn(1), side.Drawn(1); });
-    // What RefreshTrackTools does, but for the widgets of the panels; and all of it, with the painting.
+    // RefreshTrackTools without the panels' widgets; then all of it, with painting.
     add("Track/Refresh", textbook, [&] { measures = DrawAndMeasureTrack(plan, side), Report(); });
     add("Track/RefreshWindow", textbook, [] { RefreshTrackTools(), QApplication::processEvents(); });
     addTools("Track/", ApplyTrackSteps,
              {"move=0.25,0,0", "scale=-1", "rotate=5", "mirror=east-west", "tunnels=toggle", "backwards",
               "remove=tunnels,custom-colors", "rename=1,harbour_crane_0.3ds", "smooth", "shuttle"});
-    rows.back().Before = InMemory<Load>; // it cannot be done twice
+    rows.back().Before = InMemory<Load>; // not possible twice
     add("Track/OpenToSaveDisk", "QDataStreamReaderDisk", [] {
         Load();
         DrawSvg([](auto& ofPlan, auto& ofSide) { measures = DrawAndMeasureTrack(ofPlan, ofSide); });
@@ -463,7 +465,7 @@ void Run(benchmark::State& state, const Row& row) {
     state.counters["figure"] = figure;
 }
 
-/// Registers the rows size by size, so that each document is made once.
+/// Registers the rows by size, so that each document is created once.
 void Register(const std::vector<Row>& rows, std::int64_t largest) {
     for (const char* const kind :
          {"Track", "Element", "Terrain", "Environments", "Textures", "Window", "Program"})
@@ -490,13 +492,13 @@ void Register(const std::vector<Row>& rows, std::int64_t largest) {
 int main(int argc, char** argv) {
     using namespace railwright;
     benchmark::Initialize(&argc, argv);
-    // Otherwise memory goes back to the system and comes again by chance.
+    // Otherwise memory is returned to the system and allocated again at random.
     mallopt(M_MMAP_THRESHOLD, 32 << 20);
     mallopt(M_TRIM_THRESHOLD, 1 << 30);
     QApplication application(argc, argv);
     QApplication::setStyle(new ControlStyle);
     frmMain window;
-    window.ShowTab(3); // one with the drawings
+    window.ShowTab(3); // a panel with previews
     window.show();
     const std::vector<bench::Row> rows = bench::Rows();
     bench::Register(rows, std::stoll(argv[1]));

@@ -9,8 +9,8 @@
 
 namespace railwright::bench {
 
-/// Fills Track and Element by random numbers of a fixed seed, which are the same on every machine. Supports,
-/// beams, objects and kinds of segments stand in the proportions of the examples.
+/// Fills Track and Element with random numbers from a fixed seed, the same on every machine. Supports, beams,
+/// objects and kinds of segments are as frequent as in the examples.
 class Dice {
 public:
     void MakeTrack(std::int64_t nodes) {
@@ -56,13 +56,13 @@ public:
             height = Between(-5, 40);
     }
 
-    /// A track of nodes alone, which all lie in the previews.
+    /// A track with only nodes, all inside the previews.
     void MakeNearNodes(std::int64_t nodes) {
         ClearTrackDocument();
         Fill(nodes, Track.BezierCurve.NodeCount, Track.BezierCurve.Nodes, [&] { return Node(); });
     }
 
-    /// The same with nodes that lie thousands of kilometres apart.
+    /// The same, but the nodes are thousands of kilometres apart.
     void MakeFarNodes(std::int64_t nodes) {
         ClearTrackDocument();
         const auto place = [&] {
@@ -100,7 +100,8 @@ private:
     }
     Vector3 Place() { return {Between(-200, 200), Between(0, 40), Between(-200, 200)}; }
 
-    /// The next node of a smooth curve with spans of about 12 metres, which turns back at the world's edge.
+    /// Returns the next node of a smooth curve, which has spans of about 12 metres and turns back at the edge
+    /// of the world.
     BezierNode Node() {
         heading += std::hypot(at.X, at.Z) > 180 ? 0.5F : Between(-0.5, 0.5);
         const Vector3 along = {4 * std::cos(heading), Between(-1, 1), 4 * std::sin(heading)};

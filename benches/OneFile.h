@@ -6,8 +6,8 @@
 
 namespace railwright::bench {
 
-/// While it lives, every name is that of one file in memory, and what is written goes nowhere: there remains
-/// the program's own work, and a copy in the place of the system's reading.
+/// Until destruction, every name refers to one file in memory, and written bytes are discarded. This leaves
+/// the program's own work, and a copy instead of the system's read.
 class OneFile final : public FileOperations {
 public:
     using Path = const FilePath&;

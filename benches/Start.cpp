@@ -12,7 +12,7 @@
 #include "shell/frmMain.h"
 #endif
 
-/// Ends the process once a window was painted: what comes behind that is no part of the start.
+/// Ends the process after a window was painted for the first time.
 struct EndOnPaint final : QObject {
     bool eventFilter(QObject* /*watched*/, QEvent* event) override {
         if (event->type() == QEvent::Paint)
@@ -21,8 +21,7 @@ struct EndOnPaint final : QObject {
     }
 };
 
-/// Shows the program's window with the file that is named, or a window of about its size that is empty or
-/// shows one line of text.
+/// Shows the program's window with a file, or a window of similar size that is empty or shows a line of text.
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
 #ifdef WHOLE_WINDOW

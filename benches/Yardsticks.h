@@ -11,10 +11,10 @@
 #include <QList>
 #include <QString>
 
-/// What the program is measured against: the same work, done as plainly as can be.
+/// Yardsticks for the program: the same work, done in the simplest way.
 namespace railwright::bench {
 
-/// One pass over a file that swaps the bytes of each 32-bit word into `into`, which is as long.
+/// Copies a file to `into`, which has the same length, and swaps the bytes of each 32-bit word.
 inline void ByteSwapCopy(const std::vector<std::uint8_t>& file, std::vector<std::uint8_t>& into) {
     std::size_t at = 0;
     for (std::uint32_t word = 0; at + 4 <= file.size(); at += 4) {
@@ -26,12 +26,12 @@ inline void ByteSwapCopy(const std::vector<std::uint8_t>& file, std::vector<std:
         into[at] = file[at];
 }
 
-/// Bytes to pass over.
+/// Bytes to skip.
 struct Gap {
     int Size;
     friend QDataStream& operator>>(QDataStream& in, Gap gap) { return in.skipRawData(gap.Size), in; }
 };
-/// A text with its length before it.
+/// A text preceded by its length.
 struct Text {
     QString& Into;
     friend QDataStream& operator>>(QDataStream& in, Text text) {
@@ -53,7 +53,7 @@ QDataStream& operator>>(QDataStream& in, std::array<Value, Size>& values) {
     return in;
 }
 
-/// A track as a program of the toolkit would hold it. What has no text in it is a plain structure already.
+/// A track in Qt's types. Records without texts are used unchanged.
 struct QtTrack {
     struct Train {
         bool Flag = false;
@@ -64,7 +64,7 @@ struct QtTrack {
         QString Text2, FileName;
         Vector3 A, B, C, D, E;
     };
-    TrackDocument Numbers; // those that stand outside of lists
+    TrackDocument Numbers; // the values outside of lists
     QString Comments, Environment, EnvironmentText, TerrainTexts[3];
     std::tuple<QList<Train>, QList<BezierNode>, QList<TrackSegment>, QList<FundamentalNode>,
                QList<QList<PreFabSupport>>, QList<FreeNode>, QList<SupportBeam>, QList<WoodCatwalk>,
@@ -77,8 +77,8 @@ struct QtTrack {
     }
 };
 
-/// Reads a whole track with a QDataStream, field by field into lists of structures, chunk by chunk as this
-/// program writes them.
+/// Reads a whole track with a QDataStream, field by field into lists of structures. Expects the chunks in
+/// this program's order.
 class QDataStreamReader {
 public:
     explicit QDataStreamReader(const std::vector<std::uint8_t>& file)
@@ -86,7 +86,7 @@ public:
                                      static_cast<qsizetype>(file.size()))) {}
     explicit QDataStreamReader(QFile& file) : in(&file) {}
 
-    /// @return whether the file came to its end as it should.
+    /// @return whether the file was read to its end without an error.
     bool Read(QtTrack& d) {
         TrackDocument& n = d.Numbers;
         qint32 count = 0;
@@ -212,7 +212,7 @@ private:
     QDataStream in;
 };
 
-/// The 101 points of each span of Track, by the formula of the textbooks.
+/// Computes the 101 points of each span of Track with the textbook formula.
 /// @return the length of the curve through them.
 inline double TextbookSamples() {
     constexpr double binomials[] = {1, 3, 3, 1};

@@ -1,5 +1,5 @@
-# Prints the results of the benches, as Google Benchmark's CSV file has them, as one table: of all repetitions the
-# least time, the processor's or, where the disk takes part, the clock's.
+# Prints Google Benchmark's CSV file as a table. Each time is the shortest of all repetitions: processor time, or
+# wall-clock time if the disk is involved.
 BEGIN {
     FS = ","
     columns["Track"] = columns["Element"] = "100 1000 10000 100000 1000000"
@@ -29,7 +29,8 @@ $1 ~ /^"(Track|Element|Terrain|Environments|Textures|Window|Program)[^_]*(_time|
 function number(value) {
     return sprintf(value < 10 ? "%.2f" : value < 100 ? "%.1f" : "%.0f", value)
 }
-# A line of the table. Without a yardstick it has times; what stands between two columns goes into the later one.
+# Prints a line of the table: times without a yardstick, ratios with one. A size between two columns is shown in the
+# later one.
 function line(name, row, yardstick,    kind, count, column, i, size, value, large, n, x, y, sx, sy, sxx, sxy) {
     kind = substr(row, 1, index(row, "/") - 1)
     count = split(columns[kind], column, " ")
