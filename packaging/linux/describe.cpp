@@ -1,6 +1,6 @@
-// Fills in what templates tell of railwright-cli: describe TEMPLATE OUTPUT. Each %NAME% in the template
-// stands for a list of the commands or steps, in the form that the manual or a shell wants. The lists come
-// from the program's own tables.
+// Fills in templates about railwright-cli: describe TEMPLATE OUTPUT. Each %NAME% in the template is replaced
+// by a list of commands or steps, in the form that the manual or a shell needs. The lists are generated from
+// the program's own tables.
 #include "base/Version.h"
 #include "cli/CommandLineTool.h"
 #include "cli/Steps.h"
@@ -19,7 +19,7 @@ namespace {
 
 using railwright::StepDescription;
 
-/// Calls `tell` for each command, or for each option of one that is no argument by its place alone.
+/// Visits each command, or each option that is not a positional argument.
 void ForEachCommand(const CLI::App& app, const std::function<void(const CLI::App&)>& tell) {
     for (const CLI::App* const command : app.get_subcommands([](const CLI::App*) { return true; }))
         tell(*command);
@@ -31,7 +31,7 @@ void ForEachOption(const CLI::App& app, const std::function<void(const CLI::Opti
             tell(*option);
 }
 
-/// @return the option's names with their hyphens.
+/// @return the names of an option, with their hyphens.
 std::vector<std::string> NamesOf(const CLI::Option& option) {
     std::vector<std::string> names;
     for (const std::string& name : option.get_snames())
@@ -45,7 +45,7 @@ bool TakesValue(const CLI::Option& option) {
     return option.get_items_expected_max() > 0;
 }
 
-/// @return what the command works on, by its name in the help: FILE or FOLDER.
+/// @return the command's argument, as named in the help: FILE or FOLDER.
 std::string On(const CLI::App& command) {
     for (const CLI::Option* const option : command.get_options())
         if (option->get_positional() && option->get_name() != "STEP")
@@ -53,7 +53,7 @@ std::string On(const CLI::App& command) {
     return "";
 }
 
-/// @return the kind of value that the option -o takes: FILE or FOLDER; empty if there is no such option.
+/// @return the kind of value of option -o, FILE or FOLDER, or an empty string if the command lacks it.
 std::string Target(const CLI::App& command) {
     const CLI::Option* const option = command.get_option_no_throw("-o");
     return option == nullptr ? "" : option->get_type_name();
@@ -74,7 +74,7 @@ std::string Escaped(std::string_view text, std::string_view characters) {
     return escaped;
 }
 
-/// @return a word of a shell that stands for just this text.
+/// @return the text as a quoted word for a shell.
 std::string Quoted(std::string_view text) {
     std::string quoted = "'";
     for (const char one : text)
@@ -82,7 +82,7 @@ std::string Quoted(std::string_view text) {
     return quoted + "'";
 }
 
-/// @return a sentence out of a help text.
+/// @return a help text as a sentence.
 std::string Sentence(std::string text) {
     text[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(text[0])));
     return Escaped(text, "-\\") + ".\n";
@@ -170,7 +170,7 @@ std::string BashCommands(const CLI::App& app) {
     return text;
 }
 
-/// @return words with a blank between each two.
+/// @return the names of the commands and options, separated by blanks.
 std::string Words(const CLI::App& app) {
     std::string text;
     ForEachCommand(app, [&](const CLI::App& command) { text += command.get_name() + " "; });
@@ -198,7 +198,7 @@ std::string ZshCommands(const CLI::App& app) {
 std::string ZshValue(const std::string& kind) {
     return kind == "FILE"     ? ":file:_railwright_cli_files"
            : kind == "FOLDER" ? ":folder:_files -/"
-                              : ":text: "; // which nothing completes
+                              : ":text: "; // has no completion
 }
 
 std::string ZshArguments(const CLI::App& app) {

@@ -1,4 +1,4 @@
-# Completion of railwright-cli's words in bash.
+# Bash completion of railwright-cli.
 _railwright_cli() {
     local cur prev words cword
     _init_completion -n = || return
@@ -41,7 +41,7 @@ _railwright_cli() {
     fi
 }
 
-# Completes a step for the document in `file`. Behind "=" bash replaces only what follows.
+# Completes a step for the document in `file`. After "=" bash replaces only the value.
 _railwright_cli_steps() {
     local known='%TRACK_WORDS%' start=''
     [[ $file == *.nlelem ]] && known='%ELEMENT_WORDS%'

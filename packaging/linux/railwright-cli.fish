@@ -1,4 +1,4 @@
-# Completion of railwright-cli's words in fish.
+# Fish completion of railwright-cli.
 
 function __railwright_cli_steps
     if string match -qri '\.nlelem$' -- (commandline -opc)

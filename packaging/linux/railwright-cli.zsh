@@ -1,5 +1,5 @@
 #compdef railwright-cli
-# Completion of railwright-cli's words in zsh.
+# Zsh completion of railwright-cli.
 
 _railwright_cli_files() {
     _files -g '*.(#i)(nltrack|nlelem)(-.)'

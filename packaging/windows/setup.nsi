@@ -1,15 +1,15 @@
-; The setup program. scripts/package-windows gives it VERSION, COPYRIGHT and KILOBYTES of the program, the folder
-; ARTWORK, OUTPUT, and in FILES the list of what is installed.
+; The setup program. scripts/package-windows defines VERSION, COPYRIGHT and KILOBYTES of the program, the folder
+; ARTWORK, OUTPUT, and FILES, the script with the installed files.
 ;
-; Command line: /S asks nothing, /AllUsers or /CurrentUser says for whom, /D=FOLDER (last, without quotes) where.
-; It ends with 0 when all is done, 1 when the user cancels, 2 when it cannot be done.
+; Command line: /S installs silently, /AllUsers or /CurrentUser sets the users, /D=FOLDER (last, without quotes) the
+; folder. Exit status: 0 on success, 1 if the user cancels, 2 after an error.
 
 Target amd64-unicode
 Unicode true
 SetCompressor /SOLID lzma
 ManifestDPIAware true
 RequestExecutionLevel user
-; A file that cannot be written ends the setup. It is never left out.
+; A file that cannot be written ends the setup. It is never skipped.
 AllowSkipFiles off
 
 !include MUI2.nsh
@@ -38,10 +38,10 @@ VIAddVersionKey /LANG=1033 LegalCopyright "${COPYRIGHT}"
 !define LIST "railwright-docs\files.txt"
 
 Var Mode       ; AllUsers or CurrentUser
-Var ModeGiven  ; on the command line: no page asks for it
+Var ModeGiven  ; 1 if the command line sets Mode, so that no page asks for it
 Var FolderGiven
-Var Simulator  ; its folder, if there is one
-Var FolderText ; what the page says on the folder
+Var Simulator  ; its folder, or empty
+Var FolderText ; text of the folder page
 Var ForMe
 Var ForAll
 Var Kept       ; a registry key that could not be removed
@@ -75,7 +75,7 @@ Page custom ModePage LeaveModePage
     Quit
 !macroend
 
-; Looks whether files can be made in $INSTDIR: $0 is 1 or 0.
+; Sets $0 to 1 if files can be created in $INSTDIR, otherwise to 0.
 !macro CheckFolder
     StrCpy $2 0
     ${IfNot} ${FileExists} "$INSTDIR\*"
@@ -97,7 +97,7 @@ Page custom ModePage LeaveModePage
     ${EndIf}
 !macroend
 
-; Goes on when a program that is there can be written, which one that runs cannot.
+; Asks to retry until an installed program can be written, which is impossible while it runs.
 !macro CheckProgram FILE
     ${If} ${FileExists} "$INSTDIR\${FILE}"
         ${Do}
@@ -122,8 +122,8 @@ Page custom ModePage LeaveModePage
     !insertmacro CheckProgram RailwrightIcons.dll
 !macroend
 
-; A file of ours is on the list that the installation before has left, or that came out of the zip file. $0 becomes the
-; name of one that is not.
+; Sets $0 to the name of an existing file that is not on the list of Railwright's files. An earlier installation or the
+; zip file left the list.
 !macro CheckFile FILE
     ${If} $0 == ""
     ${AndIf} ${FileExists} "$INSTDIR\${FILE}"
@@ -142,13 +142,13 @@ Page custom ModePage LeaveModePage
     ${EndIf}
 !macroend
 
-; Sets $0 to the name of a file that is somebody else's and would be overwritten, or to nothing.
+; Sets $0 to the name of a foreign file that would be overwritten, or to an empty string.
 Function CheckFiles
     StrCpy $0 ""
     !insertmacro CheckDocuments
 FunctionEnd
 
-; $0 is 1 with an administrator's rights.
+; Sets $0 to 1 for an administrator, otherwise to 0.
 !macro CheckRights
     UserInfo::GetAccountType
     Pop $0
@@ -159,8 +159,8 @@ FunctionEnd
     ${EndIf}
 !macroend
 
-; Takes the simulator's folder from a place in the registry, unless one is known. VIEW is that of programs of 64 bits,
-; like this one, or of 32.
+; Reads the simulator's folder from the registry, unless it is already known. VIEW is 64 or 32, for the registry view of
+; 64-bit or 32-bit programs.
 !macro FindSimulator ROOT VIEW
     ${If} $Simulator == ""
         SetRegView ${VIEW}
@@ -178,7 +178,7 @@ Function .onInit
     !insertmacro FindSimulator HKLM 64
     !insertmacro FindSimulator HKLM 32
 
-    ; An update is for the same people as before.
+    ; An update is for the same users as before.
     StrCpy $Mode CurrentUser
     ReadRegStr $0 HKCU "${UNINSTALL_KEY}" "InstallLocation"
     ReadRegStr $1 HKLM "${UNINSTALL_KEY}" "InstallLocation"
@@ -212,8 +212,8 @@ Function .onInit
     ${EndIf}
 FunctionEnd
 
-; Chooses the folder that goes with $Mode: the one of the command line, of the installation before, the simulator's, or
-; one of its own.
+; Chooses the folder for $Mode: that of the command line, of an earlier installation, the simulator's, or Railwright's
+; own.
 Function SetMode
     ${If} $Mode == AllUsers
         SetShellVarContext all
@@ -273,7 +273,7 @@ Function LeaveModePage
     ${If} $Mode == AllUsers
         !insertmacro CheckRights
         ${If} $0 = 0
-            ; Starts once more, with these rights. The administrator may be somebody else, with another registry.
+            ; Restarts as administrator. That may be another user with another registry.
             ClearErrors
             ExecShell "runas" "$EXEPATH" "/AllUsers /D=$INSTDIR"
             ${If} ${Errors}
@@ -315,7 +315,7 @@ Function LeaveFolderPage
     ${EndIf}
 FunctionEnd
 
-; The program starts with the rights of the desktop, also after a setup with those of an administrator.
+; Starts the program with the desktop's rights, even if the setup runs as administrator.
 Function StartProgram
     Exec '"$WINDIR\explorer.exe" "$INSTDIR\Railwright.exe"'
 FunctionEnd
@@ -335,8 +335,8 @@ Section
     ${EndIf}
     !insertmacro CheckPrograms
 
-    ; The installation before goes first, with files that there are no more. In the same folder the file association
-    ; stays.
+    ; Remove an earlier installation first, including files that no longer exist in this version. In the same folder,
+    ; keep the file association.
     ReadRegStr $R0 SHCTX "${UNINSTALL_KEY}" "InstallLocation"
     ${If} $R0 != ""
     ${AndIf} ${FileExists} "$R0\${UNINSTALLER}"
@@ -391,7 +391,7 @@ Function un.onInit
     ${EndIf}
 FunctionEnd
 
-; Takes the entries back that a setup with this root and context has made for this folder.
+; Removes the entries that a setup with this root and context has created for this folder.
 !macro RemoveEntries ROOT CONTEXT
     ReadRegStr $0 ${ROOT} "${UNINSTALL_KEY}" "InstallLocation"
     ${If} $0 == $INSTDIR
@@ -403,7 +403,7 @@ FunctionEnd
     ${EndIf}
 !macroend
 
-; Takes the default value, which is Railwright's, and the key if nothing else is in it.
+; Removes the default value, which is Railwright's, and the key if it is then empty.
 !macro RemoveAssociationKey ROOT KEY
     DeleteRegValue ${ROOT} "${KEY}" ""
     DeleteRegKey /ifempty ${ROOT} "${KEY}"
@@ -414,7 +414,8 @@ FunctionEnd
     ${EndIf}
 !macroend
 
-; Takes out of the file association what names the programs of this folder. The rest is the simulator's or the user's.
+; Removes the entries for this folder's programs from the file association. The others belong to the simulator or the
+; user.
 !macro RemoveAssociation ROOT
     ReadRegStr $0 ${ROOT} "${TRACK_KEY}\Shell\Tool\Command" ""
     ${If} $0 == '$INSTDIR\Railwright.exe "%1"'
