@@ -1,4 +1,4 @@
-# The Debian packages that the program needs, for the scripts to read.
+# Debian packages that the project needs. The scripts source this file.
 packages_to_build="g++ cmake ninja-build libcli11-dev nlohmann-json3-dev"
 packages_for_window="qt6-base-dev libgl1-mesa-dev fonts-liberation"
 packages_to_test="git libgtest-dev xvfb xdotool at-spi2-core dbus python3-pyatspi"

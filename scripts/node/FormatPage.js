@@ -1,6 +1,6 @@
 'use strict';
-// What a page about a file format says, as a list of blocks: headings, paragraphs, trees and tables. All of it comes from
-// the format's description for Kaitai Struct.
+// The page about a file format as a list of blocks: headings, paragraphs, trees and tables. Generated from the
+// format's description for Kaitai Struct.
 const fs = require('fs');
 const path = require('path');
 const yaml = require('js-yaml');
@@ -15,10 +15,10 @@ const numbers = {
     f4: {name: 'single', size: 4, doc: 'A float of 32 bits, IEEE 754.'},
     b24: {size: 3},
 };
-/** Fields that have no name in the program. */
+/** Fields without a name in the program. */
 const nameless = ['tag', 'size', 'chunks', 'parameters', 'record'];
 
-/** The name that a field or type has in the program. */
+/** The program's name for a field or type. */
 const nameInCode = id => id.replace(/(?:^|_)(.)/g, (_, first) => first.toUpperCase());
 const inCode = words => (words ? '`' + words + '`' : '');
 const product = expression => expression.split(' * ').map(id => inCode(nameInCode(id))).join(' x ');
@@ -27,7 +27,7 @@ const isOneOf = ({type}) => typeof type === 'object';
 const isList = field => field['repeat-expr'] !== undefined && typeof field['repeat-expr'] !== 'number';
 const oneLine = text => text.trim().replace(/\n/g, ' ');
 
-/** A number of bytes: a fixed one, and what comes to it, in words. */
+/** A number of bytes: a fixed part, and variable parts in words. */
 class Size {
     constructor(fixed, ...more) {
         this.fixed = fixed;
@@ -76,7 +76,7 @@ class FormatPage {
         this.blocks.push({head, rows});
     }
 
-    /** The types of values that the page has used. */
+    /** Returns the table of the value types that the page uses. */
     values() {
         const all = [...Object.entries(numbers), ...Object.entries(shared.types)].filter(([id]) => this.usedTypes.has(id));
         const rows = all.map(([id, {name, size, doc}]) =>
@@ -84,7 +84,7 @@ class FormatPage {
         return [{paragraph: oneLine(shared.doc)}, {head: ['Type', 'Bytes', 'Meaning'], rows}];
     }
 
-    /** @return the size of a type, apart from any field that has it. */
+    /** @return the size of a type, independent of a field. */
     sizeOfType(type) {
         if (numbers[type])
             return new Size(numbers[type].size);
@@ -95,7 +95,7 @@ class FormatPage {
         return Size.sum(seq.map(field => this.sizeOf(field)));
     }
 
-    /** @return the size of a field, in the sum for the record in which it stands. */
+    /** @return the size of a field as part of its record's size. */
     sizeOf(field) {
         if (field.size)
             return typeof field.size === 'number' ? new Size(field.size) : new Size(0, product(field.size));
@@ -111,7 +111,7 @@ class FormatPage {
         return new Size(0, one.more.length > 0 ? `the size of all ${name}` : `${one.fixed} x ${product(count)}`);
     }
 
-    /** The cells of a field's row, but for its offset. */
+    /** Returns the cells of a field's row, without its offset. */
     cells(field) {
         const varies = isOneOf(field) || field.type === 'chunk' ||
             (isList(field) && this.sizeOfType(field.type).more.length > 0);
@@ -133,7 +133,7 @@ class FormatPage {
         return typeof count === 'number' ? `${count} x ${name}` : name;
     }
 
-    /** A table of fields with their offsets, as far as these are fixed, and the meaning of their values. */
+    /** Adds a table of fields, with offsets that are fixed, and the meanings of their values. */
     fields(seq) {
         let offset = 0;
         const rows = seq.map(field => {
@@ -149,7 +149,7 @@ class FormatPage {
         }
     }
 
-    /** The fields of a type. A part of a list that stands apart is called by its place in the list. */
+    /** Returns the fields of a type. A separate part of a list is named after its index. */
     fieldsOf({seq, instances = {}}) {
         return seq.map(field => {
             const [list] = Object.keys(instances).filter(id => field.id && instances[id].value.includes(field.id));
@@ -160,7 +160,7 @@ class FormatPage {
         });
     }
 
-    /** The types of which some fields are made, and those of which these are made. */
+    /** Adds the types of some fields, and the types that these use. */
     records(seq) {
         for (const field of seq) {
             const types = isOneOf(field) ? Object.values(field.type.cases) : isList(field) ? [field.type] : [];
@@ -174,7 +174,7 @@ class FormatPage {
         }
     }
 
-    /** A chunk: its own fields in their frame, and how its size counts. */
+    /** Adds a chunk: its own fields in their frame, and how its size counts. */
     chunk(tag, id) {
         const type = this.format.types[id];
         const inside = type['-sub-chunks'] || [];

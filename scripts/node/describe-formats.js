@@ -1,5 +1,5 @@
 'use strict';
-// Writes the pages about the file formats, as Markdown and as manual pages; see scripts/describe-formats.
+// Writes the pages about the file formats as Markdown and manual pages; see scripts/describe-formats.
 const fs = require('fs');
 const path = require('path');
 const {FormatPage} = require('./FormatPage');
