@@ -1,4 +1,4 @@
-# Builds for Windows on a Debian machine, and runs what it builds under Wine.
+# Builds for Windows on Debian, and runs the results under Wine.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
@@ -7,7 +7,7 @@ set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
 get_filename_component(root ${CMAKE_CURRENT_LIST_DIR} DIRECTORY)
 set(CMAKE_CROSSCOMPILING_EMULATOR ${root}/scripts/wine)
 
-# The toolkit is built once on a machine; its tools are this machine's own.
+# Qt for Windows is built once per machine. Its tools are the native ones.
 execute_process(COMMAND ${root}/scripts/build-qt-for-windows --where
     OUTPUT_VARIABLE qt_for_windows OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
 set(QT_HOST_PATH /usr)
@@ -18,12 +18,12 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
-# Debian has no packages of the libraries for Windows; these modules take them from its packages of sources.
+# Debian lacks these libraries for Windows. The modules use their headers and sources from its native packages.
 list(APPEND CMAKE_MODULE_PATH ${CMAKE_CURRENT_LIST_DIR}/mingw-w64)
 
-# Users get a program that needs no library beside it.
+# Users get programs without other libraries.
 set(CMAKE_EXE_LINKER_FLAGS_INIT -static)
-# Nor names for a debugger, nor the time: the same sources make the same bytes.
+# Neither debug symbols nor times, so that builds are reproducible.
 foreach(kind EXE MODULE)
     set(CMAKE_${kind}_LINKER_FLAGS_RELEASE_INIT "-s -Wl,--no-insert-timestamp")
 endforeach()

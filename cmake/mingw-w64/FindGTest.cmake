@@ -1,4 +1,4 @@
-# GoogleTest from its sources, with this build's own flags.
+# Builds GoogleTest from source, with the flags of this build.
 if(NOT TARGET gtest_main)
     set(INSTALL_GTEST OFF)
     set(BUILD_GMOCK OFF)

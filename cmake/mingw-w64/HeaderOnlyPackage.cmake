@@ -1,5 +1,5 @@
-# Gives a library of headers in /usr/include to the cross compiler as an imported target. Its folder alone is linked
-# into the build: the rest of /usr/include belongs to the machine that builds.
+# Gives the cross compiler a header-only library of /usr/include as an imported target. Links only its folder into the
+# build, because the rest of /usr/include is for native programs.
 function(header_only_package package folder target)
     set(include ${CMAKE_BINARY_DIR}/include/${package})
     if(NOT EXISTS /usr/include/${folder})
