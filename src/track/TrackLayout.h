@@ -63,7 +63,7 @@ void Values(Direction& v, Record& r) {
     v.Zeros(17);
 }
 
-/// The zero bytes before and after every list of records.
+/// The unused bytes before and after every list of records.
 template <class Direction, class Body>
 void ListFrame(Direction& d, Body&& body) {
     d.Group([](auto& v) { v.Zeros(16); });

@@ -56,10 +56,9 @@ static void ExpectNothingLost(const Situation& now, int failAt, bool stays, cons
 }
 
 TEST(WholeFile, SaveThatFailsLeavesWhatWasThere) {
-    // Look, follow links, open, three writes of 100, 100 and 50 bytes, cut off, flush, exchange. In place
-    // open is another; then both folders are searched for copies and the old content is copied (open, go
-    // back, read, two writes, read, cut off, flush), and before the writes the file goes back to its first
-    // byte.
+    // Calls: check, follow links, open, three writes of 100, 100 and 50 bytes, truncate, flush, exchange. A
+    // save in place opens differently, searches both folders for copies, and copies the old content: open,
+    // rewind, read, two writes, read, truncate, flush. It also rewinds the file before the writes.
     const Situation situations[] = {{.HasOld = true, .IsInPlace = false, .Calls = 9},
                                     {.HasOld = false, .IsInPlace = false, .Calls = 9},
                                     {.HasOld = true, .IsInPlace = true, .Calls = 19}};

@@ -23,8 +23,8 @@ inline std::string Utf8(const std::filesystem::path& path) {
     return {text.begin(), text.end()};
 }
 
-/// A folder for one test, deleted with its content on destruction. Paths are as a user would type them; those
-/// of Inside are as the program uses them, with backslashes.
+/// A folder for one test, deleted with its content on destruction. File takes and returns paths as a user
+/// types them. Inside takes backslashes between the names.
 class TemporaryFolder {
 public:
     TemporaryFolder() { std::filesystem::create_directories(folder); }

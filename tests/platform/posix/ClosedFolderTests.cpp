@@ -36,7 +36,7 @@ TEST(EnvironmentOrganizerDeathTest, MovesNothingOutOfAFolderThatItCannotRead) {
         std::_Exit(OrganizeEnvironments(simulator.Inside(""), progress) ? 0 : 1);
     };
     for (const int mode :
-         {0000, 0333, 0555, 0777}) { // no access, no listing, no writing, no access to its .env
+         {0000, 0333, 0555, 0777}) { // no access, no listing, no writing, only its .env is closed
         fs::permissions(folder, static_cast<fs::perms>(mode));
         EXPECT_EXIT(runAsNobody(), ::testing::ExitedWithCode(1), "") << mode;
     }

@@ -43,7 +43,7 @@ TEST(SuddenEnd, LeavesTheOldOrTheNewTrackWholeWheneverItComes) {
     constexpr int kills = 200;
     int inTheMiddle = 0, status = 0;
     std::mt19937 random(1);
-    // On a busy machine many kills occur between two saves. Then there are more kills.
+    // On a busy machine many kills hit between two saves. Then the test kills more often.
     for (int kill = 0; (kill < kills || (inTheMiddle < kills / 8 && kill < 20 * kills)) && !HasFailure();
          ++kill) {
         // Every other process cannot create a new file, and overwrites the old one.
