@@ -239,7 +239,7 @@ bool SaveNoLimitsFile() {
     if (!isWritten)
         ShowNote("The document was saved as " + written.Name().Shown() + '.');
     if (!saved.OldKeptIn.IsEmpty())
-        ShowNote("An earlier save of this file was interrupted. What the file held before is in",
+        ShowNote("An earlier save of this file was interrupted. The old content of the file is in",
                  saved.OldKeptIn.Shown());
     bDocumentChanged = false;
     window.ShowFileName();
@@ -249,9 +249,9 @@ bool SaveNoLimitsFile() {
 void ShowInterruptedSaves() {
     std::string paths;
     for (const FilePath& copy : LeftCopies())
-        paths += copy.Shown() + "\r\n";
+        paths += (paths.empty() ? "" : "\r\n") + copy.Shown();
     if (!paths.empty())
-        ShowNote("A save was interrupted. What the file held before is in", paths);
+        ShowNote("A save was interrupted. The old content of the file is in", paths);
 }
 
 void RefreshTrackTools() {

@@ -46,9 +46,11 @@ MessageAnswer ShowMessageBox(WindowHandle owner, const std::string& text, const 
     box.setStandardButtons(ButtonsOf(buttons));
     box.setIcon(IconOf(icon));
     // Without a minimum width, the box would wrap lines on a small screen.
-    constexpr int widest = 600; // pixels
+    constexpr int widest = 600;           // pixels
+    constexpr int leastWithDetails = 330; // pixels
     if (auto* const label = box.findChild<QLabel*>("qt_msgbox_label"))
-        label->setMinimumWidth(std::min(label->sizeHint().width(), widest));
+        label->setMinimumWidth(
+            std::max(std::min(label->sizeHint().width(), widest), details.empty() ? 0 : leastWithDetails));
     switch (box.exec()) {
     case QMessageBox::Yes:
         return MessageAnswer::Yes;
