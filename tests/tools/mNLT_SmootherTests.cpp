@@ -51,7 +51,7 @@ const List<BezierNode> WorkedCurve = {
     {{-5, 28, 30}, {6, 33, 36}, {-13, 21, 20}},
 };
 
-/// Result of smoother_reference.py, which reads the curve from this file.
+/// The bits that a separate implementation in another language computed for the worked curve.
 constexpr const char* WorkedResult[] = {
     "00000000 41A00000 00000000 C1400000 41B80000 40800000 41200000 41A00000 00000000",
     "41F00000 41A00000 00000000 41A00000 41A00000 00000000 42200000 41B00000 3F800000",
