@@ -165,7 +165,7 @@ void frmMain::BuildMenu() {
     OpenWithF10(*menuBar());
 }
 
-void frmMain::Form_Load(std::string commandLine) {
+void frmMain::Form_Load(const std::string& commandLine) {
     ShowTab(Tabs::About);
     UpdateMenus();
     if (!LocateNoLimitsPath()) {

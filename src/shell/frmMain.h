@@ -56,7 +56,7 @@ public:
 
     /// Starts the program: first panel, menus, simulator's folder, and the file from the command line.
     /// @param commandLine everything after the program's name: one file name, or empty.
-    void Form_Load(std::string commandLine);
+    void Form_Load(const std::string& commandLine);
 
     /// Shows a panel with its title, its previews and the mark next to its label.
     /// @param iTab one of Tabs.

@@ -56,7 +56,7 @@ std::unique_ptr<PosixFile> HoldRegistry() {
     auto held = OpenNative(folder.IsEmpty() ? "." : folder.Native(), O_RDONLY | O_DIRECTORY, 0, error);
     if (held)
         LockPatiently(held->Descriptor(), Lock::Exclusive, error,
-                      isPatient ? LongestWait : LongestWait.zero());
+                      isPatient ? LongestWait : std::chrono::seconds(0));
     isPatient = error != std::errc::resource_unavailable_try_again;
     return error ? nullptr : std::move(held);
 }

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <memory>
 
 namespace railwright {
 namespace {
@@ -103,13 +104,11 @@ FilePath FromWindowsPath(std::string_view path) {
             return FilePath::FromWindowsForm(path);
         root = FilePath::FromUser("/");
     }
-    if (char* const own = realpath(root.Native().c_str(), nullptr); own != nullptr) {
-        root = FilePath::FromUser(own);
-        std::free(own);
-    }
+    const std::unique_ptr<char, void (*)(void*)> own(realpath(root.Native().c_str(), nullptr), std::free);
+    if (own)
+        root = FilePath::FromUser(own.get());
     path.remove_prefix(std::min(path.find_first_not_of("\\/", 2), path.size()));
-    const FilePath exact =
-        FilePath::FromUser(root.AsFolder().Native() + FilePath::FromWindowsForm(path).Native());
+    FilePath exact = FilePath::FromUser(root.AsFolder().Native() + FilePath::FromWindowsForm(path).Native());
     if (Files().Status(exact).What == FileStatus::Kind::Folder)
         return exact;
     return NameLookup().Find(root, DocumentPath(FromUtf8(path, SystemCodePage())));
