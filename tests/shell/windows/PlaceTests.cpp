@@ -1,4 +1,5 @@
 #include "platform/WholeFile.h"
+#include "platform/windows/Errors.h"
 #include "platform/windows/Wide.h"
 #include "tests/shell/WindowTests.h"
 
@@ -17,7 +18,7 @@ void WindowTests::OpensFromSharesAndDeepFolders() {
     const FilePath onShare = FilePath::FromUser("//server/share/railwright-window.nltrack");
     for (const FilePath& file : {inDeepFolder, onShare}) {
         QVERIFY(WriteWholeFile(file, ReadBytes(Comet)));
-        const Program program('"' + file.Native() + '"');
+        const Program program(file.Native());
         QCOMPARE(program.Title(), QString::fromStdString("Railwright: " + file.Name().Native()));
         QVERIFY(sDocumentFile == file && DeleteFileW(NativePath(file).c_str()));
     }
@@ -35,9 +36,11 @@ void WindowTests::LeavesAFileAloneThatAnotherProgramHolds() {
     const QString title = "Save NoLimits Element File...";
     const HANDLE held = CreateFileA(file.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     QVERIFY(held != INVALID_HANDLE_VALUE);
+    SetLastError(ERROR_ACCESS_DENIED);
+    const QString why = QString::fromStdString("a.nlelem: cannot be written: " + LastError().message());
     program.File(title, file)
         .Box(OverwriteQuestion(title, "a.nlelem"), "Yes")
-        .Box("Error|Error Saving Element File!|Warning|OK", "OK");
+        .Box("Error|Error Saving Element File!\n" + why + "|Warning|OK", "OK");
     program.Choose("mnuSaveAs");
     CloseHandle(held);
     QVERIFY(bDocumentChanged && program.Title() == "Railwright: loop.nlelem*");
