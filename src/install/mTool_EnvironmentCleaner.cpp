@@ -121,7 +121,7 @@ EnvironmentScan Scan(Installation& place) {
             // A link may be an environment, because the simulator follows it. A name with a backslash is
             // not, because the simulator's files cannot contain one.
             scan.Complete = scan.Complete && file.LooksLikePath();
-            scan.PassedOver.push_back(file.Name.Shown() + ": is passed over, " + why);
+            scan.PassedOver.push_back(file.Name.Shown() + ": is skipped, " + why);
             continue;
         }
         EnvironmentEntry entry{place.sEnvFolder / file.Name,
@@ -202,7 +202,7 @@ public:
         if (allWell)
             MoveUnusedFiles();
         else // a remaining environment may name loose files
-            bar.Tell("No file is moved, because something could not be read or written, or was passed over");
+            bar.Tell("No file is moved, because something could not be read or written, or was skipped");
         return allWell;
     }
 
@@ -218,7 +218,7 @@ private:
                            inside.StaysBelow() && place.FolderOf(entry) != place.Unfinished;
         allWell = allWell && canBe;
         if (!canBe)
-            bar.Tell(entry.Name.Shown() + ": no setting can hold this name, it is passed over");
+            bar.Tell(entry.Name.Shown() + ": no setting can hold this name, it is skipped");
         return canBe;
     }
 

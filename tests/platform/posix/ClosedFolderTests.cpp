@@ -65,8 +65,8 @@ TEST(EnvironmentOrganizerPlaces, TakesNoNameForAPathAndTellsEachInOneLine) {
                              "a/sim/Environments/__Unused Files__/line\nend\x1B.txt"})
         EXPECT_EQ(ReadBytes(root.Path() / name), settings) << name;
     const std::string backslash = "it has a backslash in its name\n";
-    EXPECT_EQ(progress.Told, "..\\..\\outside.env: is passed over, " + backslash +
-                                 "sky.bmp\\x.env: is passed over, " + backslash +
+    EXPECT_EQ(progress.Told, "..\\..\\outside.env: is skipped, " + backslash +
+                                 "sky.bmp\\x.env: is skipped, " + backslash +
                                  "Dawn: Environments\\sky.bmp copied\nDawn: organized\n"
                                  "..\\..\\outside.txt: stays where it is, " +
                                  backslash + "..\\notes.txt: stays where it is, " + backslash +
