@@ -42,6 +42,15 @@ struct Copy {
     }
 };
 
+/// @return whether the name is that of a copy of the file `of`, or of any file if `of` is empty.
+bool IsCopy(std::string_view name, const FileName& of) {
+    if (!name.starts_with(CopyStart))
+        return false;
+    name.remove_prefix(CopyStart.size());
+    name.remove_prefix(std::min(name.find_first_not_of("0123456789"), name.size()));
+    return of.Native().empty() ? name.starts_with('-') : name == CopyEnd(of);
+}
+
 /// Copies a file into a folder under a new name, then flushes it.
 Copy CopyInto(const FilePath& folder, OpenFile& from, const FileName& name, std::error_code& error) {
     Copy copy;
@@ -114,9 +123,7 @@ std::vector<FilePath> LeftCopies(const FileName& name) {
     for (const FilePath& folder : Files().TemporaryFolders()) {
         std::error_code ignored;
         for (const FileName& copy : Files().List(folder, ignored))
-            if (copy.Native().starts_with(CopyStart) &&
-                (name.Native().empty() || copy.Native().ends_with(CopyEnd(name))) &&
-                Files().IsAbandoned(folder / copy))
+            if (IsCopy(copy.Native(), name) && Files().IsAbandoned(folder / copy))
                 left.push_back(folder / copy);
     }
     return left;

@@ -222,9 +222,9 @@ bool SaveNoLimitsFile() {
     if (chosen.IsEmpty())
         return true;
     // The dialog has asked about a file of the chosen name, but not of the name that is written.
-    const bool isWritten = HasExtension(chosen.Native(), flow.Extension);
-    const FilePath written = isWritten ? chosen : chosen.WithEnding(flow.Extension);
-    if (!isWritten && FileExists(written) && !AskToReplace(written))
+    const FilePath written =
+        HasExtension(chosen.Native(), flow.Extension) ? chosen : chosen.WithEnding(flow.Extension);
+    if (written != chosen && FileExists(written) && !AskToReplace(written))
         return true;
     FileResult saved;
     {
@@ -236,7 +236,7 @@ bool SaveNoLimitsFile() {
         return false;
     }
     sDocumentFile = chosen;
-    if (!isWritten)
+    if (written != chosen)
         ShowNote("The document was saved as " + written.Name().Shown() + '.');
     if (!saved.OldKeptIn.IsEmpty())
         ShowNote("An earlier save of this file was interrupted. The old content of the file is in",

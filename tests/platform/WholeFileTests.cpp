@@ -94,13 +94,14 @@ TEST(WholeFile, OnlyAClosedFolderIsAnsweredByWritingInPlace) {
 
 TEST(WholeFile, NamesTheCopyOfAnInterruptedSaveAndReportsAFolderThatCannotBeFlushed) {
     const TemporaryFolder folder, aside;
-    for (const char* name : {"railwright-copy-1-a", "railwright-copy-3-a", "railwright-copy-1-b"})
+    // The second is that of another file, whose name ends in the same way.
+    for (const char* name : {"railwright-copy-3-a", "railwright-copy-1-b-a", "railwright-copy-1-b"})
         WriteBytes(aside.File(name), Old);
     WriteBytes(folder.File("a"), Old);
     FailingFiles files;
     files.Aside = {aside.Inside("")};
     EXPECT_EQ(LeftCopies(),
-              (std::vector{aside.Inside("railwright-copy-1-a"), aside.Inside("railwright-copy-1-b"),
+              (std::vector{aside.Inside("railwright-copy-1-b"), aside.Inside("railwright-copy-1-b-a"),
                            aside.Inside("railwright-copy-3-a")}));
     std::error_code error; // an open copy is in use
     const auto open = files.OpenCopy(aside.Inside("railwright-copy-2-b"), error);
@@ -108,7 +109,7 @@ TEST(WholeFile, NamesTheCopyOfAnInterruptedSaveAndReportsAFolderThatCannotBeFlus
     files.OpenNewError = std::errc::permission_denied;
     FileResult saved = WriteWholeFile(folder.Inside("a"), New);
     EXPECT_TRUE(saved);
-    EXPECT_EQ(saved.OldKeptIn, aside.Inside("railwright-copy-1-a"));
+    EXPECT_EQ(saved.OldKeptIn, aside.Inside("railwright-copy-3-a"));
     EXPECT_EQ(aside.Names().size(), 4U);
 
     files.OpenNewError = {};
